@@ -1,0 +1,5 @@
+// Failures of the operating system told as run-time failures.
+#pragma once
+
+// Throws the failure that stands for an errno value: 53, 61, 70, 75, 76 or 57.
+[[noreturn]] void LeverErreurSysteme(int errnoValeur);
