@@ -1,0 +1,26 @@
+// The moving draft: twenty rows around the current pick, which stands on row 11. A redraw while weaving sends
+// the pick before it draws. Rows are 1..20, picks 0..7000.
+#pragma once
+
+#include "base/Entier.h"
+
+// Draws around `duite` in the descending layout, or goes on to AfficherDuitesHaut when the draft scrolls up.
+// Fails with 9 or 5 where a plan line or the bit string is beyond its table, or as the port does.
+void AfficherDuites(const Entier &duite);
+// Draws around DuiteCourante in the ascending layout.
+void AfficherDuitesHaut();
+
+// Hides all cells and empties the labels 1 to 20.
+void ViderGrille();
+// Hides the same cells, empties the labels from NombreLamesGrille to 20 and LblNombreLigne; a failure inside is
+// passed over.
+void PreparerGrille();
+// Gives the cells their pictures: black in columns 1 to 24, red on row 11, white boxes behind.
+void InitialiserCases();
+void CacherBitsEnvoi();
+
+// Held in reserve: hide the cells of one row (3 to 20), of rows 12 and 13, empty all labels.
+void MasquerRangee(Entier rangee);
+void CacherRangee12();
+void CacherRangee13();
+void EffacerIndicateursLigne();

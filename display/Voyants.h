@@ -1,0 +1,18 @@
+// The lamps in the corner of the command buttons: green on, red off.
+#pragma once
+
+#include "base/Entier.h"
+#include "kit/Surface.h"
+
+constexpr Couleur kVoyantVert = Rgb(10, 239, 123);
+constexpr Couleur kVoyantRouge = Rgb(250, 3, 3);
+
+// Sets and paints the lamp of one button, 0..21. A button that is neither 435 nor 515 twips high gets no lamp.
+void ChangerVoyant(Entier index, bool etat);
+
+void EteindreVoyantsMode();  // 4, 5 and 17 off
+void VoyantsArretA();        // 9 on, then 10 off
+void VoyantsArretB();        // 10 off, then 9 on
+// Held in reserve.
+void VoyantsDepart();  // 10 on, then 9 off
+void VoyantsArretC();  // 9 off, then 10 on

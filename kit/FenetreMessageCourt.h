@@ -1,0 +1,34 @@
+// The everyday message window: every failure ends here. It closes itself and never blocks its caller.
+#pragma once
+
+#include "base/ErreurExecution.h"
+#include "base/Table.h"
+#include "kit/Controles.h"
+
+struct FenetreMessageCourt : Fenetre {
+  FenetreMessageCourt();
+  void Visiter(Visiteur &v) override;
+  // Paints, takes title and picture of the kind in Etat, and starts the ticks; the first is run by hand.
+  void Load() override;
+
+  Minuterie Timer1;
+  Etiquette LblTitre;
+  Image DessinMessage;
+  Table<Etiquette, 5> Ligne;  // 1..5
+  Entier CompteurFermeture;   // ticks; the fifth closes the window
+};
+
+extern FenetreMessageCourt fenetreMessageCourt;
+
+// Raises the message: title, and the text on the second line; lines 1, 3, 4 and 5 stay empty. A message that
+// stands already is overwritten and lives no longer for it.
+void AfficherMessageCourt(const std::string &titre, const std::string &texte);
+
+// Title "Erreur" or "Error", and "Erreur numéro:", the number, "; Description: ", the description, which also
+// go to MessageErreur.
+void AfficherErreurNumerotee(const ErreurExecution &e);
+// The same with the description alone.
+void AfficherDescription(const ErreurExecution &e);
+
+// Picture and title of a message kind; any other `Etat` leaves both, and 0 hides the picture.
+void AppliquerGenreMessage(Image &dessin, Etiquette &titre);

@@ -1,0 +1,23 @@
+// The timed note of up to eight lines.
+#pragma once
+
+#include "base/Table.h"
+#include "kit/Controles.h"
+
+struct FeuilleRemarque : Fenetre {
+  FeuilleRemarque();
+  void Visiter(Visiteur &v) override;
+  // Takes LignesRemarque, NombreLignesRemarque and DelaiRemarque of the session. Fails with 6 on a count whose
+  // height leaves 16 bits, 9 above 8.
+  void Load() override;
+
+  BoitePicture Picture2;
+  Etiquette EnteteRemarque;
+  Table<Etiquette, 8> LblRemarque;  // 1..8
+  Minuterie Timer1;
+};
+
+extern FeuilleRemarque feuilleRemarque;
+
+// Loads the note with the lines of the session, writes its heading and shows it; returns when it has closed.
+void AfficherRemarque(const std::string &entete);

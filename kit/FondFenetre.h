@@ -1,0 +1,77 @@
+// The frame painter: grounds, frames, button faces and titles of every window, on the system's own pixels.
+// Sizes are pixels unless told otherwise. Every routine leaves the surface's scale mode as it found it.
+#pragma once
+
+#include <string>
+
+#include "base/Entier.h"
+#include "base/Table.h"
+#include "kit/Controles.h"
+
+// Working values of one paint at a time, set by the routine or the caller that needs them.
+struct ReglagesPeinture {
+  Echelle EchelleSauvegardee = Echelle::Twips;
+  Table<std::string, 100> RampeCouleurs;  // "red/green\blue", decimal
+  Entier StyleCadreRemarque;              // 1 sets the corner pictures into the remark frame
+  Drapeau BoutonAvecImage;                // the button bears a picture at its left
+  Entier BoutonTexteDecale, BoutonTexteDecale2;  // twips, sideways, first and second line
+  Entier DegradeRougeDebut, DegradeRougeFin, DegradeVertDebut, DegradeVertFin, DegradeBleuDebut, DegradeBleuFin;
+  Drapeau DegradeVertical;
+  Surface *SurfaceDegrade = nullptr;      // target of PeindreDegrade
+};
+extern ReglagesPeinture reglages;
+
+// "15/13\61" becomes "&H003D0D0F&"; an empty entry leaves `sortie`.
+void DecoderCouleur(const std::string &texte, std::string &sortie);
+// The colour that such a text stands for.
+Couleur CouleurDeTexte(const std::string &texte);
+
+// Twips on entry, pixels on return, rounded; fails with 6 beyond 16 bits.
+void ConvertirEnPixels(Entier &largeur, Entier &hauteur);
+
+// Makes the surface of a box as large as the box, on its background colour.
+void PreparerSurface(BoitePicture &boite);
+// Puts a picture of the program on the box, which takes its size.
+void ChargerPicture(BoitePicture &boite, const std::string &nom);
+
+// The whole surface out of 30-pixel tiles.
+void PeindreCadreTuiles(Surface &cible);
+// The same and the heading band.
+void PeindreFenetreMessage(Surface &cible);
+// A ground of one colour, or of the picture named, in a frame of lines with a white top and left.
+void PeindreFondPrincipal(Surface &cible, const std::string &image, Couleur fond);
+
+// Frames of the panels: black outer line, white inner line.
+void PeindreFondPanneau(Surface &cible, Couleur fond);
+// The same with a title in a tab that stands up from the frame.
+void PeindreFondPanneauOnglet(Surface &cible, const std::string &titre, Couleur fond);
+// Sunken, for the panels that labels lie in.
+void PeindreFondPanneauCreux(Surface &cible, Couleur fond);
+// With a small title inside, for the pick entry.
+void PeindreFondPanneauTitre(Surface &cible, const std::string &titre, Couleur fond);
+
+// Ramp rings: over the whole surface, over a rectangle, and the remark's.
+void PeindreFondInformation(Surface &cible);
+void PeindreCadreInformation(Surface &cible, Entier gauche, Entier haut, Entier largeur, Entier hauteur);
+void PeindreCadreRemarque(Surface &cible, Entier gauche, Entier haut, Entier largeur, Entier hauteur);
+// The gradient of `reglages`, from row 200 down, or over all columns.
+void PeindreDegrade();
+
+// Raised button faces. The whole surface is painted anew.
+void PeindreFaceClaire(Surface &cible);
+void PeindreFaceFoncee(Surface &cible);
+// The hovered button: keeps its size in the session, adds 80 twips to its width and height and paints around
+// the face that stands.
+void PeindreSurvolCarre(BoitePicture &bouton);
+void PeindreSurvolRond(BoitePicture &bouton);
+// The end of a hover: size and surface as kept.
+void RendreTailleBouton(BoitePicture &bouton);
+
+// Caption of a button in one or two lines; style 0 plain, 1 with shadow. Its centring counts characters, 53
+// twips each half. W and H are the button's, in twips.
+void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage, const std::string &ligne2,
+                       Entier style, Couleur couleurTexte, Couleur couleurOmbre);
+// Titles, printed as a shadow and a face; a blank text prints nothing.
+void EcrireTitreCadre(Surface &cible, const std::string &texte, Couleur couleurTexte, Couleur couleurOmbre);
+void EcrireTitreRouge(Surface &cible, const std::string &texte);
+void EcrireTitreRougeHaut(Surface &cible, const std::string &texte);

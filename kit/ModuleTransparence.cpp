@@ -1,0 +1,43 @@
+#include "kit/ModuleTransparence.h"
+
+#include "kit/Attente.h"
+
+namespace {
+void AjouterRangee(Region &region, const Surface &image, int y, Couleur transparent) {
+  const int l = image.Largeur();
+  bool dansSegment = false;
+  int debut = 0;
+  for (int x = 0; x < l; ++x) {
+    if (image.Point(x, y) != transparent && x != l - 1) {
+      if (!dansSegment) debut = x;
+      dansSegment = true;
+    } else if (dansSegment) {
+      dansSegment = false;
+      region.push_back({y, debut, x});
+    }
+  }
+}
+}  // namespace
+
+Region CreerRegionImage(const Surface &image) {
+  Region region;
+  const Couleur transparent = image.Point(0, 0);
+  const Entier hauteur(image.Hauteur() - 1);
+  Charger(attente).Remarque.Caption = "Ini. ";
+  for (int y = 0; y < image.Hauteur(); ++y) {
+    if (hauteur == 0) throw ErreurExecution(Erreur::DivisionParZero);
+    attente.EcrirePourcent(y * 100.0 / int{hauteur});
+    AjouterRangee(region, image, y, transparent);
+  }
+  return region;
+}
+
+void FaconnerFenetre(Fenetre &fenetre, BoitePicture &boite) {
+  const Echelle gardee = boite.Dessin.ScaleMode;
+  boite.Dessin.ScaleMode = Echelle::Pixels;
+  boite.Left = boite.Top = 0;
+  boite.Width = boite.Dessin.Largeur() * kTwipsParPixel;
+  boite.Height = boite.Dessin.Hauteur() * kTwipsParPixel;
+  fenetre.Contour = CreerRegionImage(boite.Dessin);
+  boite.Dessin.ScaleMode = gardee;
+}

@@ -1,0 +1,76 @@
+#include "kit/Surface.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace {
+// Process-wide, so that no two different contents ever bear the same version.
+std::uint64_t derniereVersion = 0;
+}  // namespace
+
+Surface::Surface(int largeur, int hauteur, Couleur fond) { Refaire(largeur, hauteur, fond); }
+
+void Surface::Changer() { version_ = ++derniereVersion; }
+
+void Surface::Refaire(int largeur, int hauteur, Couleur fond) {
+  largeur_ = std::max(largeur, 0);
+  hauteur_ = std::max(hauteur, 0);
+  pixels_.resize(static_cast<std::size_t>(largeur_) * static_cast<std::size_t>(hauteur_));
+  Effacer(fond);
+}
+
+void Surface::Redimensionner(int largeur, int hauteur, Couleur fond) {
+  Surface neuve(largeur, hauteur, fond);
+  neuve.PaintPicture(*this, 0, 0);
+  neuve.ecrits_ = ecrits_;
+  neuve.ScaleMode = ScaleMode;
+  *this = std::move(neuve);
+}
+
+void Surface::Effacer(Couleur fond) {
+  std::fill(pixels_.begin(), pixels_.end(), fond);
+  ecrits_.clear();
+  Changer();
+}
+
+Couleur Surface::Point(int x, int y) const {
+  if (x < 0 || y < 0 || x >= largeur_ || y >= hauteur_) return static_cast<Couleur>(-1);
+  return pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(largeur_) +
+                 static_cast<std::size_t>(x)];
+}
+
+void Surface::PSet(int x, int y, Couleur c) {
+  if (x < 0 || y < 0 || x >= largeur_ || y >= hauteur_) return;
+  pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(largeur_) + static_cast<std::size_t>(x)] = c;
+  Changer();
+}
+
+void Surface::Ligne(int x1, int y1, int x2, int y2, Couleur c) {
+  const int pas = std::max(std::abs(x2 - x1), std::abs(y2 - y1));
+  for (int i = 0; i < pas; ++i) PSet(x1 + (x2 - x1) * i / pas, y1 + (y2 - y1) * i / pas, c);
+}
+
+void Surface::Cadre(int x1, int y1, int x2, int y2, Couleur c) {
+  Ligne(x1, y1, x2, y1, c);
+  Ligne(x2, y1, x2, y2, c);
+  Ligne(x2, y2, x1, y2, c);
+  Ligne(x1, y2, x1, y1, c);
+  PSet(x1, y1, c);
+}
+
+void Surface::Boite(int x1, int y1, int x2, int y2, Couleur c) {
+  for (int y = y1; y <= y2; ++y)
+    for (int x = x1; x <= x2; ++x) PSet(x, y, c);
+}
+
+void Surface::PaintPicture(const Surface &image, int x, int y, int largeur, int hauteur) {
+  const int l = largeur < 0 ? image.Largeur() : std::min(largeur, image.Largeur());
+  const int h = hauteur < 0 ? image.Hauteur() : std::min(hauteur, image.Hauteur());
+  for (int j = 0; j < h; ++j)
+    for (int i = 0; i < l; ++i) PSet(x + i, y + j, image.Point(i, j));
+}
+
+void Surface::Print(int x, int y, const std::string &texte, const Police &police, Couleur c) {
+  ecrits_.push_back({x, y, texte, police, c});
+  Changer();
+}

@@ -1,0 +1,63 @@
+#include "loom/PortMetier.h"
+
+#include "base/TexteNumerique.h"
+#include "kit/FenetreMessageCourt.h"
+#include "loom/TramesDuite.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+
+namespace {
+// An open port is no failure of opening; every other failure ends the procedure.
+template <class F>
+void SaufDejaOuvert(F &&etape) {
+  try {
+    etape();
+  } catch (const ErreurExecution &e) {
+    if (e.Number() != Erreur::PortDejaOuvert) throw;
+  }
+}
+
+void EcrireEtatLigne(const std::string &texte, int nombre) {
+  fenetre.Text1.Text += texte + Str(nombre) + "\r\n";
+}
+
+void MontrerReglages() {
+  fenetre.Text1.Text.clear();
+  EcrireEtatLigne("Taille Tampon Transmission% = ", 0);  // has no source, shows 0 always
+  EcrireEtatLigne("Taille Caractere dans Tampon% = ", MSComm1().OutBufferCount());
+  EcrireEtatLigne("ErreurEvenement% = ", MSComm1().CommEvent());
+  EcrireEtatLigne("CaractereMinimumDansTampon% = ", MSComm1().SThreshold());
+}
+}  // namespace
+
+void OuvrirPort() {
+  try {
+    SaufDejaOuvert([] { MSComm1().CommPort(session.PortMetier); });
+    if (session.NombreLames == 24) MSComm1().Settings("1200,N,8,1");
+    if (session.NombreLames == 16) MSComm1().Settings("9600,N,8,1");
+    if (!MSComm1().PortOpen()) SaufDejaOuvert([] { MSComm1().PortOpen(true); });
+    MontrerReglages();
+    MSComm1().InputMode(0);
+    fenetre.PortOuvert = true;
+    session.Etat = EtatEtape::Reussi;
+  } catch (const ErreurExecution &e) {
+    session.Etat = EtatEtape::Echec;
+    AfficherErreurNumerotee(e);
+    // The weaver must be able to reach the choice of the port.
+    if (e.Number() == Erreur::PortInutilisable) fenetre.BoutonProgramme[14].Visible = true;
+  }
+}
+
+void FermerPort() {
+  try {
+    plateforme().DoEvents();
+    if (MSComm1().PortOpen()) {
+      MSComm1().Output(kLiberer24);
+      MSComm1().PortOpen(false);
+      fenetre.PortOuvert = false;
+    }
+    session.Etat = EtatEtape::Reussi;
+  } catch (const ErreurExecution &e) {
+    session.Etat = EtatEtape::Echec;
+    AfficherErreurNumerotee(e);
+  }
+}

@@ -1,0 +1,38 @@
+// The serial port control, MSComm1: its members as the loom link needs them, and nothing else.
+#pragma once
+
+#include <string>
+
+#include "base/Entier.h"
+
+// Failures of every implementation: 8002 the port number is not usable, 8005 the port is open already,
+// 8018 written to while closed, 57 the device failed. A device that fails or goes away is closed by the layer,
+// told once, and can be opened again when it is back. Closing drops what was received; what arrives while
+// closed is dropped too.
+class PortSerie {
+ public:
+  virtual ~PortSerie() = default;
+
+  virtual void CommPort(Entier numero) = 0;  // 1 is the first port; 8005 while open
+  virtual void Settings(const std::string &reglages) = 0;  // "9600,N,8,1"
+  virtual std::string Settings() const = 0;
+  virtual void PortOpen(bool ouvrir) = 0;  // 8002, 8005
+  virtual bool PortOpen() const = 0;
+  virtual void Output(const std::string &octets) = 0;  // handed to the system in this call; 8018, 57
+  virtual std::string Input() = 0;                     // all that was received; never waits; 57
+  virtual void InputLen(Entier longueur) = 0;
+  virtual Entier InputLen() const = 0;
+  virtual void InputMode(long mode) = 0;
+  virtual long InputMode() const = 0;
+  virtual void OutBufferCount(Entier nombre) = 0;  // 0 discards what waits to go out
+  virtual Entier OutBufferCount() const = 0;       // bytes
+  virtual Entier OutBufferSize() const = 0;        // bytes
+  virtual Entier InBufferCount() = 0;              // bytes
+  virtual void Handshaking(long protocole) = 0;
+  virtual long Handshaking() const = 0;
+  virtual void RTSEnable(bool etat) = 0;
+  virtual bool DTREnable() const = 0;
+  virtual Entier SThreshold() const = 0;
+  virtual std::string ParityReplace() const = 0;
+  virtual Entier CommEvent() const = 0;
+};

@@ -1,0 +1,193 @@
+#include "mainwindow/CompositionFenetre.h"
+
+#include <cmath>
+#include <initializer_list>
+
+#include "display/GrilleDuites.h"
+#include "display/Voyants.h"
+#include "kit/Attente.h"
+#include "kit/FenetreMessageCourt.h"
+#include "kit/FondFenetre.h"
+#include "kit/ModuleTransparence.h"
+#include "kit/ProcedureConnexe.h"
+#include "mainwindow/FacesCommandes.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "mainwindow/JeuxBoutons.h"
+#include "mainwindow/PanneauConfiguration.h"
+#include "mainwindow/PanneauDiagnostic.h"
+#include "saved/FichierConfiguration.h"
+#include "weaving/PlansTissage.h"
+#include "weaving/SequenceurDuites.h"
+
+namespace {
+constexpr Couleur kPapier = Rgb(0xff, 0xfd, 0xf6);
+constexpr double kLargeurFenetre = 12120, kHauteurFenetre = 9570;
+
+double Droite(const Controle &c) { return c.Left + c.Width; }
+
+void InitialiserSession() {
+  fenetre.IntervalleEcoute = 100;
+  fenetre.TxtVitessePortSerie.Text = "100";
+  fenetre.Remarque.Caption.clear();
+  fenetre.LblTabbyA.Caption.clear();
+  fenetre.LblTabbyB.Caption.clear();
+  session.NombreLames = 24;
+  LireConfiguration();
+}
+
+void ChargerImages() {
+  FenetreTissagePrincipale &f = fenetre;
+  ChargerPicture(f.Picture2, "Habillage");
+  ChargerPicture(f.PicTVCentre, "PicTVCentre");
+  ChargerPicture(f.UnInstant, "UnInstant");
+  ChargerPicture(f.Picture3, "Picture3");
+  f.BarreDeplacement.Picture = "BITMAP101";
+  f.LogoNor.Picture = "LogoNor";
+  f.BoutonAide.Picture = "BoutonAide";
+  f.ImageMetier.Picture = "ImageMetier";
+  f.Drapeau[1].Picture = "Drapeau1";
+  f.Drapeau[2].Picture = "Drapeau2";
+}
+
+void DimensionnerFenetre() {
+  fenetre.Width = kLargeurFenetre;
+  fenetre.Height = kHauteurFenetre;
+  CentrerFenetreEcran(fenetre);
+  ChargerImages();
+  fenetre.Picture2.Width = fenetre.Width;
+  fenetre.Picture2.Height = fenetre.Height;
+}
+
+void EncadrerBande(BoitePicture &bande) {
+  PreparerSurface(bande);
+  PeindreFondPanneau(bande.Dessin, bande.BackColor);
+}
+
+void PlacerTrame() {
+  FenetreTissagePrincipale &f = fenetre;
+  CentrerSurControle(f.PicPourTissage, f.Picture2);
+  f.PicPourTissage.Left -= 500;
+  EncadrerBande(f.PicPourControle);
+  EncadrerBande(f.PicPourControle2);
+  CentrerSurControle(f.PicPourTissage, f.Picture2);
+  f.PicPourTissage.Left -= 700;
+  f.PicPourTissage.Top -= 200;
+  f.PicPourControle.Top = f.PicPourTissage.Top + f.PicPourTissage.Height;
+  f.PicPourControle.Left = 300;
+}
+
+void PlacerPanneauConfiguration() {
+  BoitePicture &panneau = fenetre.FenetreConfiguration;
+  PreparerSurface(panneau);
+  PeindreFondPanneauOnglet(panneau.Dessin, "Configure", panneau.BackColor);
+  CentrerSurControle(panneau, fenetre.PicPourTissage);
+  panneau.Top = fenetre.PicPourTissage.Top - 10;
+}
+
+void Aligner(std::initializer_list<int> boutons, double gauche, double haut, double ecart) {
+  for (int i : boutons) {
+    BoitePicture &b = fenetre.BoutonProgramme[i];
+    b.Top = haut;
+    b.Left = gauche;
+    gauche = Droite(b) + ecart;
+  }
+}
+
+void PlacerBoutons() {
+  auto &b = fenetre.BoutonProgramme;
+  const double droite = fenetre.Picture2.Width;
+  b[0].Top = 300;
+  b[0].Left = droite - b[0].Width - 1400;
+  b[6].Top = 6450;
+  b[7].Top = 7200;
+  b[6].Left = b[7].Left = droite - b[0].Width - 1750;
+  Aligner({10, 9, 17, 5, 4, 8}, 350, 7950, 325);
+  Aligner({1, 3, 14, 16, 18}, 1740, 8625, 250);
+  b[13].Top = b[15].Top = 300;
+  b[13].Left = fenetre.FenetreConfiguration.Width - b[13].Width - 300;
+  b[15].Left = b[13].Left - 250 - b[13].Width;
+  // Save follows a button of the panel, and so stands where Resume stood.
+  b[2].Top = b[1].Top;
+  b[2].Left = Droite(b[15]) + 250;
+}
+
+void PlacerLogo() {
+  fenetre.PicNor.Visible = false;
+  fenetre.LogoNor.Top = fenetre.Picture2.Height - fenetre.LogoNor.Height - 500;
+  fenetre.LogoNor.Left = fenetre.Picture2.Width - fenetre.LogoNor.Width - 650;
+}
+
+void PreparerTrame() {
+  BoitePicture &etiquettes = fenetre.PicLblIndiqueLigneRendu;
+  etiquettes.Height = fenetre.PicPourTissage.Height;
+  etiquettes.BackColor = kPapier;
+  PreparerSurface(etiquettes);
+  PeindreFondPanneauCreux(etiquettes.Dessin, kPapier);
+  ChargerPicture(fenetre.PicPourTissage, "Fond24");
+}
+
+// A cursor out of a damaged or unlucky configuration must not keep the program from ever starting again.
+void AppliquerAuDepart() {
+  try {
+    AppliquerConfiguration();
+  } catch (const ErreurExecution &e) {
+    if (e.Number() != Erreur::Indice && e.Number() != Erreur::Depassement) throw;
+    session.NombreDuites = 0;
+    AfficherErreurNumerotee(e);
+  }
+}
+}  // namespace
+
+void Form_Load() {
+  InitialiserSession();
+  PlacerMarqueLangue();
+  DimensionnerFenetre();
+  PlacerTrame();
+  PlacerPanneauConfiguration();
+  if (!fenetre.FormeAppliquee) {
+    AppliquerFormeFenetre();
+    fenetre.FormeAppliquee = true;
+  }
+  DessinerBoutons();
+  PlacerBoutons();
+  PlacerLogo();
+  PreparerTrame();
+  CacherBitsEnvoi();
+  InitialiserCases();
+  CacherBoutonsTissage();
+  AfficherDuites(session.DuiteCourante);
+  AppliquerAuDepart();
+  fenetre.BoutonProgramme[2].Visible = false;
+  fenetre.LblNombreLigne.Top = fenetre.LblDate.Top;
+  fenetre.LblNombreLigne.Left = Droite(fenetre.LblDate) + 10;
+  CacherDepartArret();
+  fenetre.HautInitial = fenetre.Top;
+  fenetre.GaucheInitial = fenetre.Left;
+}
+
+void AppliquerFormeFenetre() {
+  Charger(attente).Montrer(true);
+  FaconnerFenetre(fenetre, fenetre.Picture2);
+  attente.Montrer(false);
+}
+
+void DessinerBoutons() {
+  CalculerCheminApplication();
+  for (int i = 0; i <= 17; ++i) {
+    const bool mode = (i == 5 && session.OptionTissage == Option::Patron) ||
+                      (i == 4 && session.OptionTissage == Option::Toile) ||
+                      (i == 17 && session.OptionTissage == Option::PatronEtToile);
+    DessinerBouton(i, mode || (i == 10 && fenetre.TissageEnCours) || (i == 11 && session.BullesActives));
+  }
+  BasculerInversion();
+  DessinerConfiguration();
+  DessinerDiagnostic();
+}
+
+void PlacerMarqueLangue() { fenetre.ShDrapeau.Left = session.LangueFrancaise ? 285 : 945; }
+
+bool EstAPlaceInitiale() {
+  // Lopsided on purpose: with bubbles off a purely vertical move still counts as centred.
+  return fenetre.Left == fenetre.GaucheInitial &&
+         (fenetre.Top == fenetre.HautInitial || !session.BullesActives);
+}

@@ -1,0 +1,57 @@
+#include "mainwindow/Evenements.h"
+
+#include "kit/BullesInfo.h"
+#include "kit/ProcedureConnexe.h"
+#include "loom/DiagnosticPort.h"
+#include "loom/EssaisSolenoides.h"
+#include "loom/TramesDuite.h"
+#include "mainwindow/CompositionFenetre.h"
+#include "mainwindow/EvenementsFenetre.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "mainwindow/PanneauConfiguration.h"
+#include "weaving/CommandesProgramme.h"
+#include "weaving/EcouteMetier.h"
+#include "weaving/SequenceurDuites.h"
+
+namespace {
+void LierBoutons() {
+  for (int i = 0; i <= 21; ++i) {
+    BoitePicture &b = fenetre.BoutonProgramme[i];
+    b.Click = [i] { BoutonProgramme_Click(i); };
+    b.MouseDown = [i](int, double, double) { EnfoncerBouton(fenetre.BoutonProgramme[i]); };
+    b.MouseUp = [i](int, double, double) { RelacherBouton(fenetre.BoutonProgramme[i]); };
+  }
+}
+
+void LierChamps() {
+  for (int i = 1; i <= 8; ++i) {
+    fenetre.ComConfiguration[i].Click = [i] { ComConfiguration_Click(i); };
+    fenetre.ComConfiguration[i].GotFocus = [i] { ComConfiguration_GotFocus(i); };
+  }
+  for (int i = 1; i <= 24; ++i) fenetre.CheckSelenoide[i].Click = CheckSelenoide_Click;
+  fenetre.TxtDuite.KeyDown = [](int touche, int) { TxtDuite_KeyDown(touche); };
+  fenetre.TxtDuite.KeyPress = TxtDuite_KeyPress;
+  fenetre.TxtVitessePortSerie.KeyDown = [](int touche, int) { TxtVitessePortSerie_KeyDown(touche); };
+  fenetre.TxtVitessePortSerie.KeyPress = TxtVitessePortSerie_KeyPress;
+  fenetre.Text1.KeyDown = [](int touche, int) { Text1_KeyDown(touche); };
+}
+
+void LierFenetre() {
+  fenetre.Resize = Form_Resize;
+  fenetre.MouseMove = [](int, double x, double) { Form_MouseMove(x); };
+  for (int i = 1; i <= 2; ++i) fenetre.Drapeau[i].Click = [i] { Drapeau_Click(i); };
+  fenetre.BarreDeplacement.MouseDown = BarreDeplacement_MouseDown;
+  fenetre.BarreDeplacement.MouseMove = BarreDeplacement_MouseMove;
+  fenetre.BarreDeplacement.MouseUp = BarreDeplacement_MouseUp;
+  fenetre.PicTVCentre.Click = PicTVCentre_Click;
+  fenetre.Timer1.Timer = AttendreOK;
+  fenetre.Timer2.Timer = Timer2_Timer;
+  fenetre.Timer3.Timer = Timer3_Timer;
+}
+}  // namespace
+
+void LierEvenements() {
+  LierBoutons();
+  LierChamps();
+  LierFenetre();
+}

@@ -1,0 +1,76 @@
+#include "mainwindow/EvenementsFenetre.h"
+
+#include "display/GrilleDuites.h"
+#include "kit/BullesInfo.h"
+#include "kit/ProcedureConnexe.h"
+#include "mainwindow/CompositionFenetre.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "pattern/LecteurLiftplan.h"
+
+namespace {
+constexpr int kMinimisee = 1, kMaximisee = 2;
+constexpr double kBoutonGaucheIcone = 513;
+}  // namespace
+
+void Drapeau_Click(Entier index) {
+  session.LangueFrancaise = index == 1;
+  PlacerMarqueLangue();
+  DessinerBoutons();
+  EcrireNombreLigne();
+  if (session.NombreDuites < 1) return;
+  if (session.DirectionTissage)
+    AfficherDuitesHaut();
+  else
+    AfficherDuites(session.DuiteCourante);
+}
+
+void BarreDeplacement_MouseDown(int bouton, double x, double y) {
+  if (bouton != kBoutonGauche) return;
+  fenetre.BarreDeplacement.MousePointer = kPointeurDeplacer;
+  fenetre.FenetreGauche0 = static_cast<float>(fenetre.Left);
+  fenetre.FenetreHaut0 = static_cast<float>(fenetre.Top);
+  fenetre.SourisX0 = static_cast<float>(x);
+  fenetre.SourisY0 = static_cast<float>(y);
+  fenetre.EnDeplacement = true;
+}
+
+void BarreDeplacement_MouseMove(int, double x, double y) {
+  fenetre.BarreDeplacement.MousePointer = kPointeurDeplacer;
+  fenetre.BarreDeplacement.Picture = "BITMAP102";
+  if (fenetre.EnDeplacement) {
+    fenetre.Left = x - static_cast<double>(fenetre.SourisX0) + static_cast<double>(fenetre.FenetreGauche0);
+    fenetre.Top = y - static_cast<double>(fenetre.SourisY0) + static_cast<double>(fenetre.FenetreHaut0);
+    fenetre.FenetreGauche0 = static_cast<float>(fenetre.Left);
+    fenetre.FenetreHaut0 = static_cast<float>(fenetre.Top);
+  }
+  if (EstAPlaceInitiale()) return;
+  FermerBulles();
+  fenetre.BoutonProgramme[11].Visible = false;
+  fenetre.PicTVCentre.Visible = true;
+}
+
+void BarreDeplacement_MouseUp(int bouton, double, double) {
+  if (bouton != kBoutonGauche) return;
+  fenetre.BarreDeplacement.MousePointer = kPointeurPerso;
+  fenetre.EnDeplacement = false;
+}
+
+void PicTVCentre_Click() {
+  CentrerFenetreEcran(fenetre);
+  plateforme().Rafraichir();
+  fenetre.BoutonProgramme[11].Visible = true;
+  fenetre.PicTVCentre.Visible = false;
+}
+
+void Form_Resize() {
+  if (fenetre.WindowState == kMinimisee)
+    BasculerIconeNotification(fenetre, fenetre.Caption, -1);
+  else if (fenetre.WindowState == kMaximisee)
+    BasculerIconeNotification(fenetre, fenetre.Caption, 2);
+}
+
+void Form_MouseMove(double x) {
+  if (IconeActive != 1 || x / kTwipsParPixel != kBoutonGaucheIcone) return;
+  fenetre.Visible = true;
+  BasculerIconeNotification(fenetre, fenetre.Caption, 0);
+}

@@ -1,0 +1,74 @@
+#include "mainwindow/FacesCommandes.h"
+
+#include "display/Voyants.h"
+#include "kit/FondFenetre.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+
+namespace {
+enum class Face { Claire, Foncee };
+constexpr int kPlace = 60;  // twips, of a picture from the left and the top
+constexpr Couleur kEncre = Rgb(17, 17, 17);
+
+struct Apparence {
+  const char *francais, *francais2, *anglais, *anglais2;
+  const char *dessin;  // file in Dessins Boutons
+  Face face;
+  int x = kPlace, y = kPlace;  // twips
+};
+
+// By index. The picture of 6 follows the direction and is set elsewhere.
+constexpr Apparence kApparences[22] = {
+    {"Fermer", "", "Quit", "", "IMG487", Face::Claire},
+    {"Ouvrir", "", "Open", "", "IMG571", Face::Foncee},
+    {"Enregistrer", "", "Save", "", "IMG002", Face::Foncee},
+    {"Reprise", "", "Resume", "", "IMG563", Face::Foncee},
+    {"Toile", "", "Tabby", "", "IMG564", Face::Claire},
+    {"Patron", "", "Pattern", "", "IMG460", Face::Claire},
+    {"Avancer", "", "Skip", "", "", Face::Claire},
+    {"Suivant", "Précédent", "Forward", "Reverse", "IMG567", Face::Claire, 30, 95},
+    {"Duite Départ", "", "Starting Bar", "", "IMG569", Face::Claire},
+    {"Arrêt", "", "Stop", "", "IMG566", Face::Claire},
+    {"Départ", "", "Strart", "", "IMG565", Face::Claire},
+    {"", "", "", "", "IMG578", Face::Foncee, 120, 60},
+    {"", "", "", "", "IMG579", Face::Foncee, 120, 60},
+    {"Sortie", "", "Exit", "", "IMG547", Face::Claire},
+    {"Configuration", "", "Configure", "", "IMG572", Face::Foncee},
+    {"Annuler", "", "Cancel", "", "IMG545", Face::Claire},
+    {"Rafraîchir", "", "Refresh", "", "IMG573", Face::Foncee},
+    {"Toile +", "Patron", "Tabby +", "Pattern", "IMG575", Face::Claire},
+    {"Diagnostic", "", "Diagnostics", "", "IMG576", Face::Foncee},
+    {"Fermer", "", "Quit", "", "IMG487", Face::Claire},
+    {"Début", "", "Start", "", "IMG577", Face::Claire},
+    {"Fin Diagnostic", "", "End Diagnostics", "", "IMG566", Face::Claire},
+};
+
+// The captions of the diagnostic buttons stand a little aside, by language.
+int Decalage(int index) {
+  if (index == 19) return session.LangueFrancaise ? 0 : 40;
+  if (index == 20) return session.LangueFrancaise ? -80 : 0;
+  return 0;
+}
+
+void PeindreDessin(Surface &face, const Apparence &a) {
+  if (!*a.dessin) return;
+  const std::string chemin = session.CheminApplication + "Dessins Boutons/" + a.dessin + ".BMP";
+  face.PaintPicture(plateforme().LoadPicture(chemin), a.x / kTwipsParPixel, a.y / kTwipsParPixel);
+}
+}  // namespace
+
+void DessinerBouton(int index, bool voyant) {
+  const Apparence &a = kApparences[index];
+  BoitePicture &b = fenetre.BoutonProgramme[index];
+  PreparerSurface(b);
+  if (a.face == Face::Claire)
+    PeindreFaceClaire(b.Dessin);
+  else
+    PeindreFaceFoncee(b.Dessin);
+  ChangerVoyant(index, voyant);
+  reglages.BoutonAvecImage = true;
+  reglages.BoutonTexteDecale = Decalage(index);
+  reglages.BoutonTexteDecale2 = 0;
+  EcrireTexteBouton(b, Selon(a.francais, a.anglais), reglages.BoutonAvecImage, Selon(a.francais2, a.anglais2), 0,
+                    kEncre, Gris(255));
+  PeindreDessin(b.Dessin, a);
+}

@@ -1,0 +1,84 @@
+#include "saved/FichierConfiguration.h"
+
+#include "kit/FenetreMessageCourt.h"
+#include "weaving/ModuleTissage.h"
+
+namespace {
+constexpr const char *kNomFichier = "Configuration.Con";
+
+template <class F>
+void Poursuivre(Entier &resultat, F &&etape) {
+  try {
+    etape();
+  } catch (const ErreurExecution &e) {
+    resultat = 0;
+    AfficherDescription(e);
+  }
+}
+}  // namespace
+
+std::vector<Champ> ConfigurationMetier() {
+  return {ChampEntier(0, "PortMetier", session.PortMetier),
+          ChampEntier(2, "NombreLames", session.NombreLames),
+          ChampEntier(4, "DuitesActives", session.DuitesActives),
+          ChampDrapeau(6, "DirectionDeroulement", session.DirectionDeroulement),
+          ChampEntier(8, "OptionTissage", session.OptionTissage),
+          ChampDrapeau(10, "DirectionTissage", session.DirectionTissage),
+          ChampEntier(12, "DuiteCourante", session.DuiteCourante),
+          ChampDrapeau(14, "ToileDepart", session.ToileDepart),
+          ChampDrapeau(16, "BullesActives", session.BullesActives),
+          ChampDrapeau(18, "LangueFrancaise", session.LangueFrancaise)};
+}
+
+void LireConfiguration() {
+  try {
+    const std::string chemin = CheminData(kNomFichier);
+    LeverLectureSeule(chemin, session.Etat);
+    session.Etat = EtatEtape::Echec;
+    FichierEnregistrements fichier(chemin, kLongueurConfiguration);
+    RepartirEnregistrement(ConfigurationMetier(), fichier.Lire(1));
+    session.NombreLames = 24;
+    session.Etat = EtatEtape::Reussi;
+  } catch (const ErreurExecution &e) {
+    SignalerErreurFichier(e);
+  }
+}
+
+void EcrireConfiguration() {
+  try {
+    const std::string chemin = CheminData(kNomFichier);
+    LeverLectureSeule(chemin, session.Etat);
+    session.Etat = EtatEtape::Echec;
+    session.NombreLames = 24;
+    FichierEnregistrements fichier(chemin, kLongueurConfiguration);
+    fichier.Ecrire(1, ComposerEnregistrement(ConfigurationMetier(), kLongueurConfiguration));
+    session.Etat = EtatEtape::Reussi;
+  } catch (const ErreurExecution &e) {
+    SignalerErreurFichier(e);
+  }
+}
+
+void LeverLectureSeule(const std::string &chemin, Entier &resultat) {
+  // A query that fails falls through into the clearing, like a mark that was found.
+  bool marque = true;
+  Poursuivre(resultat, [&] { marque = EstLectureSeule(chemin); });
+  Poursuivre(resultat, [&] { marque = EstLectureSeule(chemin); });
+  if (marque) {
+    Poursuivre(resultat, [&] { OterLectureSeule(chemin); });
+    resultat = EtatEtape::LectureSeuleLevee;
+  } else {
+    resultat = EtatEtape::Reussi;
+  }
+}
+
+void SignalerErreurFichier(const ErreurExecution &e) {
+  session.MessageErreur = "L'erreur # " + std::to_string(e.Number()) + " a été générée par " + e.Source() + "\r" +
+                          e.Description();
+  AfficherMessageCourt(TitreErreur(), session.MessageErreur);
+  session.Etat = EtatEtape::Echec;
+}
+
+std::string CheminData(const std::string &nom) {
+  CalculerCheminApplication();
+  return session.CheminApplication + "Data/" + nom;
+}

@@ -1,0 +1,180 @@
+#include "saved/RepriseProjet.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "base/ErreurSysteme.h"
+#include "base/TexteNumerique.h"
+#include "display/GrilleDuites.h"
+#include "display/Voyants.h"
+#include "kit/FenetreMessageCourt.h"
+#include "kit/FeuilleRemarque.h"
+#include "loom/PortMetier.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "mainwindow/JeuxBoutons.h"
+#include "mainwindow/PanneauConfiguration.h"
+#include "mainwindow/TexteDate.h"
+#include "pattern/LecteurLiftplan.h"
+#include "saved/FichierConfiguration.h"
+#include "weaving/PlansTissage.h"
+
+namespace {
+constexpr const char *kNomEntete = "Resume.Trm";
+constexpr const char *kNomLignes = "Resume2.Trm";
+
+std::string CheminReprise(const char *nom) {
+  session.NomFichierReprise = nom;
+  return CheminData(nom);
+}
+
+std::vector<Champ> LigneResume(Entier n) {
+  return {ChampTexte(0, kLongueurRepriseLigne, "LigneResume", session.LignesTravail[n])};
+}
+
+void MontrerProjetRepris() {
+  session.Etat = EtatEtape::Echec;
+  fenetre.PatronCharge = true;
+  ChangerVoyant(9, true);
+  ChangerVoyant(10, false);
+  MontrerDepartArret();
+  AfficherDuites(session.DuiteCourante);
+  CacherBitsEnvoi();
+  MontrerDepartArret();
+  fenetre.UnInstant.Visible = false;
+}
+}  // namespace
+
+std::vector<Champ> ProjetResume() {
+  return {ChampDate(0, "DateProjet", session.DateProjet),
+          ChampTexte(8, 255, "CheminWif", session.CheminWif),
+          ChampEntier(263, "NombreDuitesPatron", session.NombreDuitesPatron),
+          ChampEntier(265, "PortMetier", session.PortMetier),
+          ChampEntier(267, "NombreLames", session.NombreLames),
+          ChampEntier(269, "DuitesActives", session.DuitesActives),
+          ChampEntier(271, "OptionTissage", session.OptionTissage),
+          ChampDrapeau(273, "DirectionTissage", session.DirectionTissage),
+          ChampDrapeau(275, "DirectionDeroulement", session.DirectionDeroulement),
+          ChampEntier(277, "DuiteCourante", session.DuiteCourante),
+          ChampDrapeau(279, "ToileDepart", session.ToileDepart)};
+}
+
+void EcrireReprise(Entier n) {
+  if (n == 0) return;
+  try {
+    const std::string chemin = CheminReprise(kNomEntete);
+    session.Etat = EtatEtape::Echec;
+    SupprimerFichier(chemin);
+    if (session.Etat == EtatEtape::Echec) return;
+    session.Etat = EtatEtape::Echec;
+    FichierEnregistrements fichier(chemin, kLongueurReprise);
+    fichier.Ecrire(n, ComposerEnregistrement(ProjetResume(), kLongueurReprise));
+    session.Etat = EtatEtape::Reussi;
+  } catch (const ErreurExecution &e) {
+    SignalerErreurFichier(e);
+  }
+}
+
+void EcrireRepriseLigne(Entier n) {
+  if (n == 0) return;
+  try {
+    const std::string chemin = CheminReprise(kNomLignes);
+    LeverLectureSeule(chemin, session.Etat);
+    session.Etat = EtatEtape::Echec;
+    FichierEnregistrements fichier(chemin, kLongueurRepriseLigne);
+    fichier.Ecrire(n, ComposerEnregistrement(LigneResume(n), kLongueurRepriseLigne));
+    session.Etat = EtatEtape::Reussi;
+  } catch (const ErreurExecution &e) {
+    SignalerErreurFichier(e);
+  }
+}
+
+bool LireReprise(Entier n) {
+  if (n == 0) return false;
+  try {
+    FichierEnregistrements fichier(CheminReprise(kNomEntete), kLongueurReprise);
+    if (n > fichier.Nombre()) return false;
+    RepartirEnregistrement(ProjetResume(), fichier.Lire(n));
+    session.NombreDuites = session.NombreDuitesWif = session.NombreDuitesPatron;
+    session.Etat = EtatEtape::Reussi;
+    return true;
+  } catch (const ErreurExecution &e) {
+    SignalerErreurFichier(e);
+    return false;
+  }
+}
+
+void LireRepriseLigne(Entier n) {
+  if (n == 0) return;
+  try {
+    FichierEnregistrements fichier(CheminReprise(kNomLignes), kLongueurRepriseLigne);
+    if (n > fichier.Nombre()) return;
+    RepartirEnregistrement(LigneResume(n), fichier.Lire(n));
+    session.Etat = EtatEtape::Reussi;
+  } catch (const ErreurExecution &e) {
+    SignalerErreurFichier(e);
+  }
+}
+
+void ConfirmerSauvegarde() {
+  session.LignesRemarque[1] = TexteDate(plateforme().Aujourdhui());
+  session.LignesRemarque[2] = session.CheminWif;
+  session.LignesRemarque[3] = "Sauvegarde dans le fichier: " + session.NomFichierReprise;
+  session.LignesRemarque[4] = "Ligne Rendu: " + Str(int{session.DuiteCourante});
+  session.LignesRemarque[5] = session.LignesRemarque[6] = " ";
+  session.NombreLignesRemarque = 6;
+  session.DelaiRemarque = 6;
+  AfficherRemarque("Enregistrer le projet");
+}
+
+void SupprimerFichier(const std::string &nom) { DetruireFichier(Trim(nom), session.MessageErreur, session.Etat); }
+
+void DetruireFichier(const std::string &chemin, std::string &message, Entier &resultat) {
+  try {
+    if (unlink(chemin.c_str()) != 0) LeverErreurSysteme(errno);
+    resultat = EtatEtape::Reussi;
+  } catch (const ErreurExecution &) {
+    resultat = EtatEtape::Echec;
+    message.clear();
+    AfficherMessageCourt(TitreErreur(), message);
+  }
+}
+
+void EnregistrerProjet() {
+  ChangerVoyant(2, true);
+  fenetre.TissageEnCours = false;
+  CacherBitsEnvoi();
+  session.DateProjet = plateforme().Aujourdhui();
+  EcrireReprise(1);
+  for (int i = 1; i <= session.NombreDuitesPatron; ++i) EcrireRepriseLigne(i);
+  if (session.Etat != EtatEtape::Reussi) return;
+  ConfirmerSauvegarde();
+  session.Etat = EtatEtape::Echec;
+  for (int i : {1, 3, 14, 18}) fenetre.BoutonProgramme[i].Visible = true;
+  fenetre.BoutonProgramme[2].Visible = false;
+  FermerPort();
+  if (session.Etat != EtatEtape::Reussi) return;
+  session.Etat = EtatEtape::Echec;
+  VoyantsArretA();
+  VoyantsArretB();
+  CacherBoutonsTissage();
+}
+
+void ReprendreProjet() {
+  fenetre.UnInstant.Visible = true;
+  ChangerVoyant(3, false);
+  plateforme().Rafraichir();
+  InitialiserPatron();
+  if (!LireReprise(1)) {
+    fenetre.UnInstant.Visible = false;
+    ChangerVoyant(3, false);
+    return;
+  }
+  RelireFichierWif();
+  for (int i = 1; i <= session.NombreDuitesPatron; ++i) LireRepriseLigne(i);
+  DessinerConfiguration();
+  AppliquerConfiguration();
+  LireLiaisons();
+  if (session.Etat == EtatEtape::Reussi) MontrerProjetRepris();
+  ChangerVoyant(3, false);
+}

@@ -1,0 +1,35 @@
+// The one project slot: Resume.Trm with the header and Resume2.Trm with the plan lines.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "base/Entier.h"
+#include "saved/FichierEnregistrements.h"
+
+constexpr int kLongueurReprise = 281;      // bytes
+constexpr int kLongueurRepriseLigne = 70;  // bytes
+
+// The header record, ProjetResume, over the session's variables.
+std::vector<Champ> ProjetResume();
+
+// Each does one record, n from 1; 0 does nothing. Etat 1, or 0 after a failure that it has shown.
+// The header is written only over one that was there: the old file is deleted first, and where that fails
+// nothing is written.
+void EcrireReprise(Entier n);
+void EcrireRepriseLigne(Entier n);
+// A record that is not there is no failure: Etat and the session stay as they are. A missing file is made empty.
+// LireReprise tells whether it took a header.
+bool LireReprise(Entier n);
+void LireRepriseLigne(Entier n);
+
+// Tells in the timed note that the project is saved, and waits for it to close.
+void ConfirmerSauvegarde();
+
+// Deletes a file: Etat 1; 0 and a message without text on a failure, a missing file included.
+void SupprimerFichier(const std::string &nom);
+void DetruireFichier(const std::string &chemin, std::string &message, Entier &resultat);
+
+// The commands Save and Resume.
+void EnregistrerProjet();
+void ReprendreProjet();

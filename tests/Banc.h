@@ -1,0 +1,261 @@
+// The bench: a platform and a serial port that record and reply, and a fresh session before every test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "kit/Attente.h"
+#include "kit/FenetreMessage.h"
+#include "kit/FenetreMessageCourt.h"
+#include "kit/FeuilleRemarque.h"
+#include "kit/FondFenetre.h"
+#include "mainwindow/CompositionFenetre.h"
+#include "mainwindow/Evenements.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/CommandesProgramme.h"
+
+// Records every write as one element and fails on demand.
+class PortBanc : public PortSerie {
+ public:
+  std::vector<std::string> ecrits;
+  std::deque<std::string> recus;  // one element per read
+  Entier numero;
+  std::string reglages = "9600,N,8,1";
+  bool ouvert = false, utilisable = true, enPanne = false;
+  int evenement = 0, vidages = 0;
+
+  std::string Tout() const {
+    std::string s;
+    for (const std::string &e : ecrits) s += e;
+    return s;
+  }
+
+  void CommPort(Entier n) override {
+    if (ouvert) throw ErreurExecution(Erreur::PortDejaOuvert);
+    numero = n;
+  }
+  void Settings(const std::string &r) override { reglages = r; }
+  std::string Settings() const override { return reglages; }
+  void PortOpen(bool ouvrir) override {
+    if (ouvrir && !utilisable) throw ErreurExecution(Erreur::PortInutilisable);
+    ouvert = ouvrir;
+    if (!ouvrir) recus.clear();
+  }
+  bool PortOpen() const override { return ouvert; }
+  void Output(const std::string &octets) override {
+    if (!ouvert) throw ErreurExecution(Erreur::PortFerme);
+    if (enPanne) throw ErreurExecution(Erreur::Peripherique);
+    ecrits.push_back(octets);
+  }
+  std::string Input() override {
+    if (enPanne) throw ErreurExecution(Erreur::Peripherique);
+    if (!ouvert || recus.empty()) return "";
+    std::string s = recus.front();
+    recus.pop_front();
+    return s;
+  }
+  void InputLen(Entier) override {}
+  Entier InputLen() const override { return 0; }
+  void InputMode(long) override {}
+  long InputMode() const override { return 0; }
+  void OutBufferCount(Entier) override { ++vidages; }
+  Entier OutBufferCount() const override { return 0; }
+  Entier OutBufferSize() const override { return 512; }
+  Entier InBufferCount() override { return 0; }
+  void Handshaking(long) override {}
+  long Handshaking() const override { return 0; }
+  void RTSEnable(bool) override {}
+  bool DTREnable() const override { return true; }
+  Entier SThreshold() const override { return 0; }
+  std::string ParityReplace() const override { return "?"; }
+  Entier CommEvent() const override { return evenement; }
+};
+
+class PlateformeBanc : public Plateforme {
+ public:
+  PortBanc port;
+  std::string dossier, fichierChoisi;  // an empty choice is a cancelled dialog
+  std::vector<std::string> messages;   // one text per window shown: title and lines, joined by "|"
+  std::vector<std::string> adresses;
+  std::function<void()> pendant;       // runs inside DoEvents
+  std::function<void(Fenetre &)> pendantModal;
+  int bips = 0, rafraichis = 0, reprises = 0, actionIcone = -1;
+  bool termine = false;
+  double jour = 45983;  // 2025-11-22
+  Controle *focus = nullptr;
+  Ecran ecran{0, 0, 15360, 11520};
+
+  PortSerie &MSComm1() override { return port; }
+  void ShowOpen(DialogueFichier &d) override {
+    demande = d;
+    if (fichierChoisi.empty() && d.CancelError) throw ErreurExecution(Erreur::DialogueAnnule);
+    d.FileName = fichierChoisi;
+  }
+  void DoEvents() override {
+    if (pendant) std::exchange(pendant, nullptr)();
+  }
+  void Rafraichir() override { ++rafraichis; }
+  void Montrer(Fenetre &f) override { messages.push_back(Textes(f)); }
+  void MontrerModal(Fenetre &f) override {
+    messages.push_back(Textes(f));
+    if (pendantModal) pendantModal(f);
+    Decharger(f);
+  }
+  void DonnerFocus(Controle &c) override { focus = &c; }
+  void OuvrirAdresse(const std::string &a) override { adresses.push_back(a); }
+  Entier IconeNotification(int action, const std::string &) override {
+    actionIcone = action;
+    return 1;
+  }
+  void Beep() override { ++bips; }
+  bool DemanderReprise(const std::string &) override { return reprises-- > 0; }
+  double Aujourdhui() override { return jour; }
+  Ecran EcranDisponible() override { return ecran; }
+  const Surface &Picture(const std::string &nom) override;
+  const Surface &LoadPicture(const std::string &chemin) override {
+    if (!std::filesystem::exists(chemin)) throw ErreurExecution(Erreur::FichierIntrouvable);
+    static const Surface dessin(20, 20, Gris(192));
+    return dessin;
+  }
+  std::string DossierProgramme() override { return dossier; }
+  void Terminer() override { termine = true; }
+
+  DialogueFichier demande;
+
+ private:
+  struct Collecteur : Visiteur {
+    std::string textes;
+    void Voir(const std::string &, Controle &c, Controle &) override {
+      if (c.genre() != Genre::Etiquette || !c.Visible) return;
+      const std::string &t = static_cast<Etiquette &>(c).Caption;
+      if (!t.empty()) textes += (textes.empty() ? "" : "|") + t;
+    }
+    void Voir(const std::string &, Minuterie &) override {}
+  };
+  static std::string Textes(Fenetre &f) {
+    Collecteur c;
+    f.Visiter(c);
+    return c.textes;
+  }
+};
+
+// Pictures of the right size without their drawing, so that layouts hold.
+inline const Surface &PlateformeBanc::Picture(const std::string &nom) {
+  static std::map<std::string, Surface> images;
+  const std::map<std::string, int> grilles{{"8", 131}, {"12", 194}, {"16", 259}, {"24", 387}, {"32", 515}};
+  auto [place, neuve] = images.try_emplace(nom);
+  if (!neuve) return place->second;
+  int l = 30, h = 30;
+  for (const auto &[n, largeur] : grilles) {
+    if (nom == "Fond" + n) l = largeur, h = 320;
+    if (nom == "Indicateur" + n) l = largeur, h = 16;
+  }
+  if (nom == "Habillage") l = 808, h = 638;
+  if (nom == "Attente") l = 547, h = 186;
+  if (nom == "FondRemarque") l = 542, h = 165;
+  if (nom == "UnInstant") l = 362, h = 60;
+  if (nom == "FondMessage") l = 676, h = 408;
+  if (nom == "PicTVCentre") l = 45, h = 36;
+  if (nom == "Picture3") l = 71, h = 95;
+  if (nom.rfind("BulleInfo", 0) == 0) l = 152, h = 102;
+  place->second = Surface(l, h, Gris(200));
+  place->second.PSet(0, 0, 0);
+  return place->second;
+}
+
+// A fresh session in a fresh folder with the folders of the program.
+class Banc : public ::testing::Test {
+ protected:
+  PlateformeBanc pf;
+  PortBanc &port = pf.port;
+
+  void SetUp() override {
+    char modele[] = "/tmp/banc-XXXXXX";
+    pf.dossier = mkdtemp(modele);
+    std::filesystem::create_directory(pf.dossier + "/Data");
+    std::filesystem::create_directory(pf.dossier + "/Dessins Boutons");
+    for (const char *n : {"487", "571", "002", "563", "564", "460", "575", "051", "052", "567", "568",
+                          "569", "566", "565", "578", "579", "547", "572", "545", "573", "576", "577"})
+      std::ofstream(pf.dossier + "/Dessins Boutons/IMG" + n + ".BMP") << "x";
+    InstallerPlateforme(&pf);
+    Recommencer();
+  }
+  void TearDown() override { std::filesystem::remove_all(pf.dossier); }
+
+  // What a new process starts with.
+  void Recommencer() {
+    session = {};
+    fenetre = FenetreTissagePrincipale();
+    attente = Attente();
+    fenetreMessageCourt = FenetreMessageCourt();
+    fenetreMessage = FenetreMessage();
+    feuilleRemarque = FeuilleRemarque();
+    reglages = {};
+    port = PortBanc();
+    pf.messages.clear();
+    LierEvenements();
+  }
+  // A new process that has come up.
+  void Demarrer() {
+    Recommencer();
+    Form_Load();
+    fenetre.Visible = true;
+    pf.messages.clear();
+  }
+
+  static void Commande(int i) {
+    ASSERT_TRUE(fenetre.BoutonProgramme[i].Visible) << "button " << i << " is hidden";
+    BoutonProgramme_Click(i);
+  }
+  std::string Data(const std::string &nom) const { return pf.dossier + "/Data/" + nom; }
+  std::string EcrireFichier(const std::string &nom, const std::string &contenu) const {
+    std::ofstream(Data(nom), std::ios::binary) << contenu;
+    return Data(nom);
+  }
+  std::string LireFichier(const std::string &nom) const {
+    std::ifstream f(Data(nom), std::ios::binary);
+    return {std::istreambuf_iterator<char>(f), {}};
+  }
+  // A pattern of these lift plan lines, closed as real files are.
+  std::string Motif(const std::vector<std::string> &lignes, const std::string &nom = "motif.wif") const {
+    std::string texte = "[WIF]\r\nVersion=1.1\r\n[LIFTPLAN]\r\n";
+    for (const std::string &l : lignes) texte += l + "\r\n";
+    return EcrireFichier(nom, texte + "[WEAVING]\r\nShafts=24\r\n");
+  }
+  // n picks "i=a,b", each with its own pair of harnesses among 1..16.
+  static std::vector<std::string> Lignes(int n) {
+    std::vector<std::string> lignes;
+    for (int i = 1; i <= n; ++i)
+      lignes.push_back(std::to_string(i) + "=" + std::to_string(1 + i % 16) + "," + std::to_string(1 + (i / 16 + 2 * i + 3) % 16));
+    return lignes;
+  }
+  void Ouvrir(const std::string &chemin) {
+    pf.fichierChoisi = chemin;
+    Commande(1);
+  }
+  // Sets fields of the panel the way the weaver does, and leaves it with Exit.
+  static void Configurer(const std::map<int, std::string> &choix) {
+    Commande(14);
+    for (const auto &[i, texte] : choix) fenetre.ComConfiguration[i].Text = texte;
+    Commande(13);
+  }
+  // What the loom sends, and the tick that finds it.
+  void Rapport(const std::string &octets = "\x1B" "C\r") {
+    port.recus.push_back(octets);
+    fenetre.Timer3.Timer();
+  }
+};
+
+inline std::string Hexa(const std::string &octets) {
+  static const char *c = "0123456789ABCDEF";
+  std::string s;
+  for (unsigned char o : octets) (s += c[o / 16]) += c[o % 16];
+  return s;
+}

@@ -1,0 +1,55 @@
+#include "weaving/EcouteMetier.h"
+
+#include "kit/FenetreMessageCourt.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/SequenceurDuites.h"
+
+namespace {
+// A failure of one step is told, and the next step runs.
+template <class F>
+void Etape(F &&etape) {
+  try {
+    etape();
+  } catch (const ErreurExecution &e) {
+    AfficherDescription(e);
+  }
+}
+
+void Avancer() {
+  session.Etat = EtatEtape::CycleComplet;
+  Etape(DuiteSuivante);
+}
+
+void LaisserPasser() {
+  session.Etat = EtatEtape::Echec;
+  Etape([] { plateforme().DoEvents(); });
+  Etape([] { MSComm1().InputLen(0); });
+}
+}  // namespace
+
+void Timer3_Timer() {
+  if (!fenetre.PortOuvert || fenetre.Timer3.Interval() == 0) return;
+  std::string recu;
+  Etape([&recu] { recu = MSComm1().Input(); });
+  if (recu.empty()) return;
+  if (session.NombreLames == 16) {
+    if (recu.find("[CC]") != std::string::npos)
+      Avancer();
+    else
+      LaisserPasser();
+    return;
+  }
+  for (char c : recu) {
+    if (c == 'C')
+      Avancer();
+    else
+      LaisserPasser();
+  }
+}
+
+void ActiverEcouteMetier() {
+  fenetre.Timer3.Interval(fenetre.IntervalleEcoute);
+  Timer3_Timer();
+}
+
+void ArreterEcouteMetier() { fenetre.Timer3.Interval(0); }

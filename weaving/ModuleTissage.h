@@ -1,0 +1,80 @@
+// The weaving session: one process-wide record that every room reads and writes directly.
+#pragma once
+
+#include <string>
+
+#include "base/Entier.h"
+#include "base/Table.h"
+
+// Results that steps leave in Etat, and kinds that the message windows find there.
+namespace EtatEtape {
+constexpr int Echec = 0;
+constexpr int Reussi = 1;
+constexpr int LectureSeuleLevee = 2;
+constexpr int CycleComplet = 6;
+}  // namespace EtatEtape
+
+namespace Option {
+constexpr int Patron = 1;
+constexpr int Toile = 2;
+constexpr int PatronEtToile = 3;
+}  // namespace Option
+
+// Limits that the rooms rely on.
+constexpr int kLignesWif = 2500;
+constexpr int kLignesTravail = 7000;
+constexpr int kLames = 32;
+
+struct Session {
+  Drapeau BullesActives;        // help bubbles wanted
+  Entier OptionTissage;         // 1 pattern, 2 tabby, 3 both; 0 before the first configuration
+  Drapeau LangueFrancaise;      // True French, False English, read when a text is shown
+  Drapeau DirectionDeroulement; // True up, False down
+  Drapeau DirectionTissage;     // False forward, True reverse
+  Entier DuitesActives;         // chosen, shown and saved; no weaving step reads it
+  Entier DuiteCourante;         // the pick on the loom, 1..NombreDuites; 0 is reachable
+  Entier NombreDuitesPatron;    // lines of the lift plan as read and as saved
+  Drapeau ToileDepart;          // True tabby A; colours the labels only
+  std::string ToileA, ToileB;   // "TabbyA=1,3,..." and "TabbyB=2,4,..."
+  std::string NomFichierReprise;  // resume file last touched, without folder
+  std::string CheminWif;          // full path of the open pattern, empty for none
+  Table<std::string, 8> LignesRemarque;  // 1..8
+  Entier NombreLignesRemarque;
+  double DelaiRemarque = 0;     // seconds
+  Entier NombreLames;           // harnesses; 16 and 24 have a protocol
+  Entier NombreLamesGrille;     // the copy that the draft is drawn with
+  Table<std::string, kLignesWif> LignesWif;         // [0] is "[LIFTPLAN]", [n] the line of pick n
+  Table<std::string, kLignesTravail> LignesTravail; // the plan in force: key, "=", harnesses
+  Table2<Entier, kLignesTravail, kLames> MatriceLames;  // (pick, harness) is 1 when it rises
+  Entier NombreDuites;          // lines of the plan in force, the wrap of the sequencer
+  Entier NombreDuitesWif;       // lines of the lift plan
+  double DateProjet = 0;        // days since 30 December 1899
+  Entier PortMetier;            // 1..4, 0 before the first configuration
+  Entier Etat;                  // result of the last step
+  std::string CheminApplication;  // the program's folder, with its separator
+  std::string MessageErreur;    // text of the last reported error
+  Entier IntervalleMessageCourt;  // milliseconds between ticks of the short message, 0 before the first
+
+  // Hover of the main window's buttons.
+  Entier BoutonSurvole;         // index of the button under the pointer
+  Drapeau SurvolActif;          // a button is drawn hovered
+  Entier LargeurBoutonSurvole, HauteurBoutonSurvole;  // its size before, twips
+  Drapeau BoutonEnfonce;        // some picture button is shown pressed
+};
+
+extern Session session;
+
+// Empties the pattern: path, plan lines 1..2500 and matrix cells (1..2500, 1..32). Lines and rows above, the
+// cursor and the bit strings stay as they were; the plan builders clear wider.
+void InitialiserPatron();
+
+// Zeroes the matrix cells 1..32 of picks premier..dernier.
+void ViderMatrice(int premier, int dernier);
+
+// Recomputes CheminApplication: the program's folder, with one separator behind it.
+void CalculerCheminApplication();
+
+// "Erreur" or "Error", the title of every failure.
+std::string TitreErreur();
+// One of two texts, by the language in force.
+std::string Selon(const std::string &francais, const std::string &anglais);

@@ -1,0 +1,56 @@
+#include "weaving/SequenceurDuites.h"
+
+#include "base/TexteNumerique.h"
+#include "display/GrilleDuites.h"
+#include "display/Voyants.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+
+namespace {
+void PeindreDessin(int bouton, const std::string &fichier, int x, int y) {
+  const std::string chemin = session.CheminApplication + "Dessins Boutons/" + fichier;
+  fenetre.BoutonProgramme[bouton].Dessin.PaintPicture(plateforme().LoadPicture(chemin), x / kTwipsParPixel,
+                                                      y / kTwipsParPixel);
+}
+}  // namespace
+
+void DuiteSuivante() {
+  if (session.DirectionTissage) {
+    DuitePrecedente();
+    return;
+  }
+  ++session.DuiteCourante;
+  if (session.DuiteCourante > session.NombreDuites) session.DuiteCourante = 1;
+  AfficherDuites(session.DuiteCourante);
+  if (!fenetre.BoutonProgramme[2].Visible) fenetre.BoutonProgramme[2].Visible = true;
+}
+
+void DuitePrecedente() {
+  --session.DuiteCourante;
+  if (session.DuiteCourante < 1) session.DuiteCourante = session.NombreDuites;
+  AfficherDuites(session.DuiteCourante);
+  fenetre.BoutonProgramme[2].Visible = true;
+}
+
+void BasculerInversion() {
+  const bool inverse = session.DirectionTissage;
+  PeindreDessin(7, inverse ? "IMG568.BMP" : "IMG567.BMP", 30, 95);
+  PeindreDessin(6, inverse ? "IMG052.BMP" : "IMG051.BMP", 70, 70);
+}
+
+void TxtDuite_KeyDown(int touche) {
+  if (touche != Touche::Entree) return;
+  const Entier duite = Arrondir(Val(fenetre.TxtDuite.Text));
+  if (duite < 0 || duite > session.NombreDuites) return;
+  session.DuiteCourante = duite;
+  AfficherDuites(session.DuiteCourante);
+  fenetre.BoutonProgramme[2].Visible = true;
+  fenetre.FondEntreDuite.Visible = false;
+  ChangerVoyant(8, false);
+}
+
+int TxtDuite_KeyPress(int code) { return FiltreTouchesNumeriques(code); }
+
+int FiltreTouchesNumeriques(int code) {
+  if ((code >= '0' && code <= '9') || code == Touche::Retour || code == '.') return code;
+  return code == ',' ? '.' : 0;
+}
