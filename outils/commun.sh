@@ -1,0 +1,32 @@
+# What ./run and ./check share: the machine made ready, and the build. Sourced from the root of the tree.
+
+PAQUETS="cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgtest-dev libbenchmark-dev fonts-liberation"
+PAQUETS_ECRAN_VIRTUEL="xvfb xdotool imagemagick"
+
+# Installs the Debian packages of the list that are missing, and says so.
+installer() {
+  local manquants=() p sudo=""
+  for p in "$@"; do
+    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'ok installed' || manquants+=("$p")
+  done
+  [ ${#manquants[@]} -eq 0 ] && return 0
+  echo "Installing: ${manquants[*]}"
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "These packages are missing and sudo is not here: ${manquants[*]}" >&2; exit 1; }
+    sudo="sudo"
+  fi
+  export DEBIAN_FRONTEND=noninteractive
+  $sudo apt-get update -qq
+  $sudo apt-get install -y -qq --no-install-recommends "${manquants[@]}" >/dev/null
+}
+
+# Builds one preset; quiet unless something is wrong.
+construire() {
+  local preset=$1 dossier=$2 journal
+  journal=$(mktemp)
+  shift 2
+  [ -f "$dossier/build.ninja" ] || cmake --preset "$preset" >"$journal" || { cat "$journal"; exit 1; }
+  echo "Building ($preset)"
+  cmake --build --preset "$preset" "$@" >"$journal" 2>&1 || { tail -n 60 "$journal"; exit 1; }
+  rm -f "$journal"
+}
