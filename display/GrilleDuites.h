@@ -12,8 +12,8 @@ void AfficherDuitesHaut();
 
 // Hides all cells and empties the labels 1 to 20.
 void ViderGrille();
-// Hides the same cells, empties the labels from NombreLamesGrille to 20 and LblNombreLigne; a failure inside is
-// passed over.
+// Hides the same cells, empties the labels from NombreLamesGrille to 20 and LblNombreLigne; a failure inside
+// is passed over.
 void PreparerGrille();
 // Gives the cells their pictures: black in columns 1 to 24, red on row 11, white boxes behind.
 void InitialiserCases();

@@ -1,9 +1,6 @@
 #include "kit/Attente.h"
 
 #include "base/TexteNumerique.h"
-#include "kit/FondFenetre.h"
-#include "kit/ModuleTransparence.h"
-#include "kit/ProcedureConnexe.h"
 #include "platform/Plateforme.h"
 
 Attente attente;
@@ -22,12 +19,6 @@ void Attente::Visiter(Visiteur &v) {
   v.Voir("PicTransparente", PicTransparente, *this);
   v.Voir("Remarque", Remarque, PicTransparente);
   v.Voir("LblPourcent", LblPourcent, PicTransparente);
-}
-
-void Attente::Load() {
-  CentrerFenetreEcran(*this);
-  ChargerPicture(PicTransparente, "Attente");
-  FaconnerFenetre(*this, PicTransparente);
 }
 
 void Attente::Montrer(bool visible) {

@@ -38,8 +38,8 @@ struct Controle {
   double Left = 0, Top = 0, Width = 0, Height = 0;
   bool Visible = true;
   int MousePointer = kPointeurDefaut;
-  std::string MouseIcon;       // picture of the custom pointer
-  std::string NomAccessible;   // told to assistive tools, in the language in force
+  std::string MouseIcon;      // picture of the custom pointer
+  std::string NomAccessible;  // told to assistive tools, in the language in force
 
   // Events, bound once; an empty one is an event that nobody handles.
   std::function<void()> Click;
@@ -160,6 +160,8 @@ struct Fenetre : Controle {
   Surface Dessin;
   Region Contour;
   int WindowState = 0;  // 0 normal, 1 minimised, 2 maximised
+  // Twips that the native window adds to its place on the screen; the logic computes with Left and Top alone.
+  double DecalageX = 0, DecalageY = 0;
   bool Chargee = false;
   std::function<void()> Resize;
 };

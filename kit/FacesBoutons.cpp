@@ -37,8 +37,8 @@ struct Face {
   }
 };
 
-// Every pixel follows the corner it is nearest to; between two corners the last column or row goes on, so that
-// no seam shows where they join.
+// Every pixel follows the corner it is nearest to; between two corners the last column or row goes on, so
+// that no seam shows where they join.
 void PeindreFace(Surface &cible, const Face &face) {
   const Echelle gardee = reglages.EchelleSauvegardee = cible.ScaleMode;
   cible.ScaleMode = Echelle::Pixels;
@@ -95,8 +95,8 @@ void RendreTailleBouton(BoitePicture &bouton) {
   bouton.Dessin.ScaleMode = reglages.EchelleSauvegardee;
 }
 
-void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage, const std::string &ligne2,
-                       Entier style, Couleur couleurTexte, Couleur couleurOmbre) {
+void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage,
+                       const std::string &ligne2, Entier style, Couleur couleurTexte, Couleur couleurOmbre) {
   if (EstVide(ligne1) || (style != 0 && style != 1)) return;
   const Entier w = Arrondir(bouton.Width), h = Arrondir(bouton.Height);
   const Entier d = Entier(53) * NombreCaracteres(ligne1), e = Entier(53) * NombreCaracteres(ligne2);
@@ -160,9 +160,10 @@ void PeindreFondPanneauOnglet(Surface &cible, const std::string &titre, Couleur 
 void PeindreFondPanneauCreux(Surface &cible, Couleur fond) {
   const int d = cible.Largeur() - 1, b = cible.Hauteur() - 1;
   cible.Effacer(fond);
-  cible.Cadre(0, 0, d, b, Gris(255));
-  cible.Ligne(0, 0, d, 0, Gris(0));
-  cible.Ligne(0, 0, 0, b, Gris(0));
+  cible.Cadre(0, 0, d, b, Gris(0));
+  cible.Cadre(1, 1, d - 1, b - 1, Gris(255));
+  cible.Ligne(1, 1, d - 1, 1, Gris(192));
+  cible.Ligne(1, 1, 1, b - 1, Gris(192));
 }
 
 void PeindreFondPanneauTitre(Surface &cible, const std::string &titre, Couleur fond) {

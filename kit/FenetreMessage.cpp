@@ -89,8 +89,8 @@ void FenetreMessage::Load() {
   PreparerSurface(FondInformation);
   PeindreCadreInformation(FondInformation.Dessin, 0, 0, l, h);
   LogoNorvane.Picture = fenetre.LogoNor.Picture;
-  ImageMessage.Picture =
-      session.LangueFrancaise ? ImageMessageFrancais.Picture : ImageMessageAnglais.Picture;
+  LogoNorvane.Height = fenetre.LogoNor.Height;  // else the picture would be cut
+  ImageMessage.Picture = session.LangueFrancaise ? ImageMessageFrancais.Picture : ImageMessageAnglais.Picture;
   ChargerPicture(Picture2, "BoutonFermerMessage");
 }
 

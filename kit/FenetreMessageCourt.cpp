@@ -32,7 +32,7 @@ FenetreMessageCourt::FenetreMessageCourt() {
   LblTitre.Caption = "Titre";
   LblTitre.Font = {"MS Sans Serif", 8.25, true, false};
   LblTitre.Alignment = Alignement::Centre;
-  Placer(DessinMessage, 1500, 660, 480, 480);
+  Placer(DessinMessage, 1500, 480, 480, 510);
   DessinMessage.Picture = "BITMAP281";
   for (int i = 1; i <= 5; ++i) {
     Placer(Ligne[i], 825, 1305 + 285 * (i - 1), 7740, 225);
@@ -57,7 +57,6 @@ void FenetreMessageCourt::Load() {
   Dessin.Refaire(589, 248, BackColor);
   PeindreFenetreMessage(Dessin);
   AppliquerGenreMessage(DessinMessage, LblTitre);
-  if (session.Etat == 48) plateforme().Rafraichir();
   CompteurFermeture = 0;
   if (session.IntervalleMessageCourt == 0) session.IntervalleMessageCourt = kIntervalle;
   Timer1.Interval(session.IntervalleMessageCourt);
@@ -78,6 +77,7 @@ void AppliquerGenreMessage(Image &dessin, Etiquette &titre) {
     case 48:
       titre.Caption = "Avertissement";
       dessin.Picture = "BITMAP280";
+      plateforme().Rafraichir();
       break;
     case 64:
       titre.Caption = "Information";

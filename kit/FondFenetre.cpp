@@ -40,8 +40,7 @@ Couleur CouleurRampe(int i) {
 // Rings 1 to `derniere` inwards, and ring 0 at the outer edge last.
 void PeindreAnneaux(Surface &cible, int gauche, int haut, int largeur, int hauteur, int derniere) {
   const int droite = gauche + largeur - 1, bas = haut + hauteur - 1;
-  for (int i = 1; i <= derniere; ++i)
-    cible.Cadre(gauche + i, haut + i, droite - i, bas - i, CouleurRampe(i));
+  for (int i = 1; i <= derniere; ++i) cible.Cadre(gauche + i, haut + i, droite - i, bas - i, CouleurRampe(i));
   cible.Cadre(gauche, haut, droite, bas, CouleurRampe(0));
 }
 
@@ -66,7 +65,8 @@ void DecoderCouleur(const std::string &texte, std::string &sortie) {
 
 Couleur CouleurDeTexte(const std::string &texte) {
   const unsigned long bvr = std::stoul(texte.substr(2), nullptr, 16);
-  return Rgb(static_cast<int>(bvr & 255), static_cast<int>(bvr >> 8 & 255), static_cast<int>(bvr >> 16 & 255));
+  return Rgb(static_cast<int>(bvr & 255), static_cast<int>(bvr >> 8 & 255),
+             static_cast<int>(bvr >> 16 & 255));
 }
 
 void ConvertirEnPixels(Entier &largeur, Entier &hauteur) {
@@ -128,9 +128,9 @@ void PeindreFondPrincipal(Surface &cible, const std::string &image, Couleur fond
 
 void PeindreFondInformation(Surface &cible) {
   const EnPixels echelle(cible);
-  ChargerRampe({"220/226\\222", "203/139\\13", "229/156\\12", "251/171\\12", "230/157\\10", "202/137\\9",
-                "173/118\\8",   "144/98\\7",   "115/78\\5",   "15/13\\61",   "33/19\\18",   "41/36\\24",
-                "49/52\\30",    "56/67\\36",   "57/79\\44",   "50/84\\56",   "54/94\\71",   "78/112\\93",
+  ChargerRampe({"220/226\\222", "203/139\\13",  "229/156\\12",  "251/171\\12", "230/157\\10", "202/137\\9",
+                "173/118\\8",   "144/98\\7",    "115/78\\5",    "15/13\\61",   "33/19\\18",   "41/36\\24",
+                "49/52\\30",    "56/67\\36",    "57/79\\44",    "50/84\\56",   "54/94\\71",   "78/112\\93",
                 "102/131\\115", "125/150\\136", "149/169\\158", "172/187\\170"});
   PeindreAnneaux(cible, 0, 0, cible.Largeur(), cible.Hauteur(), 21);
 }
@@ -143,11 +143,11 @@ void PeindreCadreInformation(Surface &cible, Entier gauche, Entier haut, Entier 
 
 void PeindreCadreRemarque(Surface &cible, Entier gauche, Entier haut, Entier largeur, Entier hauteur) {
   const EnPixels echelle(cible);
-  ChargerRampe({"0/16\\33",     "203/139\\13",   "33/24\\8",     "33/24\\8",     "33/24\\8",
-                "8/8\\8",       "8/8\\8",        "24/24\\24",    "57/57\\41",    "66/66\\49",
-                "74/74\\57",    "99/90\\74",     "115/99\\99",   "123/132\\99",  "148/148\\115",
-                "165/148\\132", "156/148\\132",  "132/132\\140", "90/107\\148",  "66/82\\123",
-                "49/74\\107",   "24/49\\82",     "16/33\\57",    "8/24\\41",     "0/16\\33"});
+  ChargerRampe({"0/16\\33",     "203/139\\13",  "33/24\\8",     "33/24\\8",    "33/24\\8",
+                "8/8\\8",       "8/8\\8",       "24/24\\24",    "57/57\\41",   "66/66\\49",
+                "74/74\\57",    "99/90\\74",    "115/99\\99",   "123/132\\99", "148/148\\115",
+                "165/148\\132", "156/148\\132", "132/132\\140", "90/107\\148", "66/82\\123",
+                "49/74\\107",   "24/49\\82",    "16/33\\57",    "8/24\\41",    "0/16\\33"});
   PeindreAnneaux(cible, gauche, haut, largeur, hauteur, 24);
   if (reglages.StyleCadreRemarque != 1) return;
   cible.PaintPicture(plateforme().Picture("CoinRemarque1"), gauche, haut);

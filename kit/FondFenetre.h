@@ -11,13 +11,14 @@
 // Working values of one paint at a time, set by the routine or the caller that needs them.
 struct ReglagesPeinture {
   Echelle EchelleSauvegardee = Echelle::Twips;
-  Table<std::string, 100> RampeCouleurs;  // "red/green\blue", decimal
-  Entier StyleCadreRemarque;              // 1 sets the corner pictures into the remark frame
-  Drapeau BoutonAvecImage;                // the button bears a picture at its left
+  Table<std::string, 100> RampeCouleurs;         // "red/green\blue", decimal
+  Entier StyleCadreRemarque;                     // 1 sets the corner pictures into the remark frame
+  Drapeau BoutonAvecImage;                       // the button bears a picture at its left
   Entier BoutonTexteDecale, BoutonTexteDecale2;  // twips, sideways, first and second line
-  Entier DegradeRougeDebut, DegradeRougeFin, DegradeVertDebut, DegradeVertFin, DegradeBleuDebut, DegradeBleuFin;
+  Entier DegradeRougeDebut, DegradeRougeFin, DegradeVertDebut, DegradeVertFin, DegradeBleuDebut,
+      DegradeBleuFin;
   Drapeau DegradeVertical;
-  Surface *SurfaceDegrade = nullptr;      // target of PeindreDegrade
+  Surface *SurfaceDegrade = nullptr;  // target of PeindreDegrade
 };
 extern ReglagesPeinture reglages;
 
@@ -69,8 +70,8 @@ void RendreTailleBouton(BoitePicture &bouton);
 
 // Caption of a button in one or two lines; style 0 plain, 1 with shadow. Its centring counts characters, 53
 // twips each half. W and H are the button's, in twips.
-void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage, const std::string &ligne2,
-                       Entier style, Couleur couleurTexte, Couleur couleurOmbre);
+void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage,
+                       const std::string &ligne2, Entier style, Couleur couleurTexte, Couleur couleurOmbre);
 // Titles, printed as a shadow and a face; a blank text prints nothing.
 void EcrireTitreCadre(Surface &cible, const std::string &texte, Couleur couleurTexte, Couleur couleurOmbre);
 void EcrireTitreRouge(Surface &cible, const std::string &texte);

@@ -1,6 +1,8 @@
 #include "kit/ModuleTransparence.h"
 
 #include "kit/Attente.h"
+#include "kit/FondFenetre.h"
+#include "kit/ProcedureConnexe.h"
 
 namespace {
 void AjouterRangee(Region &region, const Surface &image, int y, Couleur transparent) {
@@ -40,4 +42,12 @@ void FaconnerFenetre(Fenetre &fenetre, BoitePicture &boite) {
   boite.Height = boite.Dessin.Hauteur() * kTwipsParPixel;
   fenetre.Contour = CreerRegionImage(boite.Dessin);
   boite.Dessin.ScaleMode = gardee;
+}
+
+// The progress window has an outline too; its load steps stand here, above the window that outlines report
+// to.
+void Attente::Load() {
+  CentrerFenetreEcran(*this);
+  ChargerPicture(PicTransparente, "Attente");
+  FaconnerFenetre(*this, PicTransparente);
 }

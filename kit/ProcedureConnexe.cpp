@@ -52,4 +52,6 @@ void BasculerIconeNotification(Fenetre &fenetre, const std::string &texte, Entie
     fenetre.Visible = true;
   }
   IconeActive = plateforme().IconeNotification(ActionIcone, notificationIcone.Bulle);
+  // Where nothing can hold the icon, nothing could bring a hidden window back: it is only minimised.
+  if (cacher != 0 && IconeActive == 0) fenetre.Visible = true;
 }

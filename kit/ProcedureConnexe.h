@@ -23,8 +23,9 @@ struct NotificationIcone {
   std::string Bulle;  // 64 characters: the text, a 0, blanks
 };
 extern NotificationIcone notificationIcone;
-extern int ActionIcone;    // 0 add, 2 delete
-extern Entier IconeActive; // 1 when the last call worked
+extern int ActionIcone;     // 0 add, 2 delete
+extern Entier IconeActive;  // 1 when the last call worked
 
-// `cacher` not 0 adds the icon and hides the window; 0 removes it and puts the window back to its normal state.
+// `cacher` not 0 adds the icon and hides the window, which stays where no icon can be had; 0 removes it and
+// puts the window back to its normal state.
 void BasculerIconeNotification(Fenetre &fenetre, const std::string &texte, Entier cacher);

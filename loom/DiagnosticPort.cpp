@@ -94,7 +94,8 @@ void AppliquerRetours(ZoneTexte &boite, std::string &texte) {
 
 void NormaliserFins(std::string &texte) {
   std::erase(texte, '\n');
-  for (std::size_t p = 0; (p = texte.find('\r', p)) != std::string::npos; p += 2) texte.insert(p + 1, 1, '\n');
+  for (std::size_t p = 0; (p = texte.find('\r', p)) != std::string::npos; p += 2)
+    texte.insert(p + 1, 1, '\n');
 }
 
 void EcrireJournal(const std::string &texte) {

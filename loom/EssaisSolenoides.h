@@ -1,8 +1,8 @@
 // Trying the solenoids without a pattern: by hand, by the walking test, by the loom's own test.
 #pragma once
 
-// A box changed: sends the whole set of ticked boxes in the protocol of NombreLames, in separate writes. Opens a
-// closed port. Failures are shown.
+// A box changed: sends the whole set of ticked boxes in the protocol of NombreLames, in separate writes.
+// Opens a closed port. Failures are shown.
 void CheckSelenoide_Click();
 
 // One step of the walking test: fires solenoid LameTest, unless the test was stopped. Nothing is caught.

@@ -2,7 +2,6 @@
 
 #include "base/TexteNumerique.h"
 #include "kit/FenetreMessageCourt.h"
-#include "loom/TramesDuite.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 
 namespace {

@@ -6,14 +6,14 @@
 #include "base/Entier.h"
 
 // Failures of every implementation: 8002 the port number is not usable, 8005 the port is open already,
-// 8018 written to while closed, 57 the device failed. A device that fails or goes away is closed by the layer,
-// told once, and can be opened again when it is back. Closing drops what was received; what arrives while
-// closed is dropped too.
+// 8018 written to while closed, 57 the device failed. A device that fails or goes away is closed by the
+// layer, told once, and can be opened again when it is back. Closing drops what was received; what arrives
+// while closed is dropped too.
 class PortSerie {
  public:
   virtual ~PortSerie() = default;
 
-  virtual void CommPort(Entier numero) = 0;  // 1 is the first port; 8005 while open
+  virtual void CommPort(Entier numero) = 0;                // 1 is the first port; 8005 while open
   virtual void Settings(const std::string &reglages) = 0;  // "9600,N,8,1"
   virtual std::string Settings() const = 0;
   virtual void PortOpen(bool ouvrir) = 0;  // 8002, 8005

@@ -19,7 +19,8 @@ std::string Milieu(const std::string &s, std::size_t position) {
 }
 
 Tranches Couper(const std::string &s) {
-  return {s.size() <= kTranche ? s : s.substr(s.size() - kTranche), Milieu(s, 9), Milieu(s, 17), Milieu(s, 25)};
+  return {s.size() <= kTranche ? s : s.substr(s.size() - kTranche), Milieu(s, 9), Milieu(s, 17),
+          Milieu(s, 25)};
 }
 
 Entier Valeur(const std::string &tranche) { return Arrondir(ConvB2D(tranche).value_or(0)); }
@@ -45,7 +46,8 @@ void EnvoyerDuite() {
   if (!fenetre.PortOuvert) return;
   const Tranches t = Couper(fenetre.BitsDuite[session.DuiteCourante]);
   if (session.NombreLames == 24) {
-    MSComm1().Output(kLiberer24 + TrameCharger24(Valeur(t.a), Valeur(t.b), Valeur(t.c), Valeur(t.d)) + kExecuter24);
+    MSComm1().Output(kLiberer24 + TrameCharger24(Valeur(t.a), Valeur(t.b), Valeur(t.c), Valeur(t.d)) +
+                     kExecuter24);
   } else if (session.NombreLames == 16) {
     if (!MSComm1().PortOpen()) OuvrirPort();
     PreparerEnvoi16();
@@ -69,7 +71,9 @@ void LireReponseMetier() {
     if (tampon.size() < 3) tampon += c;
     fenetre.Text1.Text += Str(static_cast<int>(tampon.size())) + " = " + Str(static_cast<unsigned char>(c));
   }
-  if (tampon == "\x1B" "C\r") {
+  if (tampon ==
+      "\x1B"
+      "C\r") {
     session.Etat = EtatEtape::CycleComplet;
   } else {
     session.Etat = EtatEtape::Echec;

@@ -5,8 +5,9 @@
 
 #include "base/Entier.h"
 
-inline const std::string kLiberer24 = "\x1BR\r\n";
-inline const std::string kExecuter24 = "\x1B" "E\r\n";
+inline const std::string kExecuter24 =
+    "\x1B"
+    "E\r\n";
 
 // ESC "I", the four data bytes, CR LF. Each value 0..255.
 std::string TrameCharger24(int a, int b, int c, int d);
@@ -16,8 +17,9 @@ std::string TrameMotif16(const std::string &hexaB, const std::string &hexaA);
 void PreparerEnvoi16();
 
 // Sends BitsDuite[DuiteCourante] in the protocol of NombreLames, in one write; nothing while PortOuvert is
-// False, nothing on other counts than 16 and 24. The slices are cut from 8 bits on, so harnesses 17..24 (9..16 on
-// 16) do not go out. Fails with 9 above 2500, and as the port does (8018, 57); nothing is caught here.
+// False, nothing on other counts than 16 and 24. The slices are cut from 8 bits on, so harnesses 17..24
+// (9..16 on 16) do not go out. Fails with 9 above 2500, and as the port does (8018, 57); nothing is caught
+// here.
 void EnvoyerDuite();
 
 // Enter in Text1 sends its text as a manual pattern. Fails as the port does.

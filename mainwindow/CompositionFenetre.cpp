@@ -133,6 +133,7 @@ void AppliquerAuDepart() {
   } catch (const ErreurExecution &e) {
     if (e.Number() != Erreur::Indice && e.Number() != Erreur::Depassement) throw;
     session.NombreDuites = 0;
+    attente.Montrer(false);
     AfficherErreurNumerotee(e);
   }
 }

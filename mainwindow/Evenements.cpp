@@ -1,12 +1,12 @@
 #include "mainwindow/Evenements.h"
 
-#include "kit/BullesInfo.h"
 #include "kit/ProcedureConnexe.h"
 #include "loom/DiagnosticPort.h"
 #include "loom/EssaisSolenoides.h"
 #include "loom/TramesDuite.h"
 #include "mainwindow/CompositionFenetre.h"
 #include "mainwindow/EvenementsFenetre.h"
+#include "mainwindow/EvenementsSurvol.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "mainwindow/PanneauConfiguration.h"
 #include "weaving/CommandesProgramme.h"
@@ -20,6 +20,7 @@ void LierBoutons() {
     b.Click = [i] { BoutonProgramme_Click(i); };
     b.MouseDown = [i](int, double, double) { EnfoncerBouton(fenetre.BoutonProgramme[i]); };
     b.MouseUp = [i](int, double, double) { RelacherBouton(fenetre.BoutonProgramme[i]); };
+    b.MouseMove = [i](int, double, double) { BoutonProgramme_MouseMove(i); };
   }
 }
 
@@ -44,9 +45,25 @@ void LierFenetre() {
   fenetre.BarreDeplacement.MouseMove = BarreDeplacement_MouseMove;
   fenetre.BarreDeplacement.MouseUp = BarreDeplacement_MouseUp;
   fenetre.PicTVCentre.Click = PicTVCentre_Click;
+  fenetre.BoutonAide.Click = BoutonAide_Click;
+  fenetre.LogoNor.Click = LogoNor_Click;
   fenetre.Timer1.Timer = AttendreOK;
   fenetre.Timer2.Timer = Timer2_Timer;
   fenetre.Timer3.Timer = Timer3_Timer;
+}
+
+void LierSurvol() {
+  const auto suivre = [](Controle &c, void (*procedure)()) {
+    c.MouseMove = [procedure](int, double, double) { procedure(); };
+  };
+  for (int i = 1; i <= 2; ++i)
+    fenetre.Drapeau[i].MouseMove = [i](int, double, double) { Drapeau_MouseMove(i); };
+  suivre(fenetre.BoutonAide, BoutonAide_MouseMove);
+  suivre(fenetre.LogoNor, LogoNor_MouseMove);
+  suivre(fenetre.PicTVCentre, PicTVCentre_MouseMove);
+  suivre(fenetre.Picture2, Picture2_MouseMove);
+  suivre(fenetre.FenetreConfiguration, FenetreConfiguration_MouseMove);
+  suivre(fenetre.PicNor, PicNor_MouseMove);
 }
 }  // namespace
 
@@ -54,4 +71,5 @@ void LierEvenements() {
   LierBoutons();
   LierChamps();
   LierFenetre();
+  LierSurvol();
 }

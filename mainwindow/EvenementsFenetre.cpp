@@ -2,14 +2,25 @@
 
 #include "display/GrilleDuites.h"
 #include "kit/BullesInfo.h"
+#include "kit/Fabricant.h"
+#include "kit/FeuilleAPropos.h"
 #include "kit/ProcedureConnexe.h"
 #include "mainwindow/CompositionFenetre.h"
+#include "mainwindow/EvenementsSurvol.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "mainwindow/JeuxBoutons.h"
 #include "pattern/LecteurLiftplan.h"
 
 namespace {
 constexpr int kMinimisee = 1, kMaximisee = 2;
 constexpr double kBoutonGaucheIcone = 513;
+
+void VoirTrame(bool visible) {
+  for (Controle *c : std::initializer_list<Controle *>{
+           &fenetre.PicPourTissage, &fenetre.PicLblIndiqueLigneRendu, &fenetre.PicPourControle,
+           &fenetre.LblCheminWif, &fenetre.LblDate, &fenetre.LblNombreLigne, &fenetre.ImageMetier})
+    c->Visible = visible;
+}
 }  // namespace
 
 void Drapeau_Click(Entier index) {
@@ -36,6 +47,7 @@ void BarreDeplacement_MouseDown(int bouton, double x, double y) {
 
 void BarreDeplacement_MouseMove(int, double x, double y) {
   fenetre.BarreDeplacement.MousePointer = kPointeurDeplacer;
+  fenetre.BarreDeplacement.MouseIcon = "CurseurBarre";
   fenetre.BarreDeplacement.Picture = "BITMAP102";
   if (fenetre.EnDeplacement) {
     fenetre.Left = x - static_cast<double>(fenetre.SourisX0) + static_cast<double>(fenetre.FenetreGauche0);
@@ -43,8 +55,7 @@ void BarreDeplacement_MouseMove(int, double x, double y) {
     fenetre.FenetreGauche0 = static_cast<float>(fenetre.Left);
     fenetre.FenetreHaut0 = static_cast<float>(fenetre.Top);
   }
-  if (EstAPlaceInitiale()) return;
-  FermerBulles();
+  if (AccepterSurvol()) return AfficherBulleBarre();
   fenetre.BoutonProgramme[11].Visible = false;
   fenetre.PicTVCentre.Visible = true;
 }
@@ -61,6 +72,21 @@ void PicTVCentre_Click() {
   fenetre.BoutonProgramme[11].Visible = true;
   fenetre.PicTVCentre.Visible = false;
 }
+
+void BoutonAide_Click() {
+  fenetre.BoutonProgramme[0].Visible = false;
+  const bool tissage = fenetre.BoutonProgramme[4].Visible;
+  if (tissage) CacherBoutonsTissage();
+  CacherCommandesPrincipales();
+  VoirTrame(false);
+  AfficherAPropos();
+  if (tissage) MontrerBoutonsTissage();
+  fenetre.BoutonProgramme[0].Visible = true;
+  MontrerCommandesPrincipales();
+  VoirTrame(true);
+}
+
+void LogoNor_Click() { plateforme().OuvrirAdresse(Fabricant::Site); }
 
 void Form_Resize() {
   if (fenetre.WindowState == kMinimisee)

@@ -49,6 +49,12 @@ int Decalage(int index) {
   return 0;
 }
 
+// Second lines stand clear of the lamp.
+int Decalage2(int index) {
+  if (index == 7) return session.LangueFrancaise ? -90 : -150;
+  return -100;
+}
+
 void PeindreDessin(Surface &face, const Apparence &a) {
   if (!*a.dessin) return;
   const std::string chemin = session.CheminApplication + "Dessins Boutons/" + a.dessin + ".BMP";
@@ -67,8 +73,8 @@ void DessinerBouton(int index, bool voyant) {
   ChangerVoyant(index, voyant);
   reglages.BoutonAvecImage = true;
   reglages.BoutonTexteDecale = Decalage(index);
-  reglages.BoutonTexteDecale2 = 0;
-  EcrireTexteBouton(b, Selon(a.francais, a.anglais), reglages.BoutonAvecImage, Selon(a.francais2, a.anglais2), 0,
-                    kEncre, Gris(255));
+  reglages.BoutonTexteDecale2 = Decalage2(index);
+  EcrireTexteBouton(b, Selon(a.francais, a.anglais), reglages.BoutonAvecImage, Selon(a.francais2, a.anglais2),
+                    0, kEncre, Gris(255));
   PeindreDessin(b.Dessin, a);
 }

@@ -4,10 +4,12 @@ FenetreTissagePrincipale fenetre;
 
 namespace {
 const Police kGras{"Arial", 8.25, true, false};
-const Couleur kRouge = Rgb(255, 0, 0), kBleu = Rgb(0, 0, 255);
+const Couleur kRouge = Rgb(255, 0, 0);
+// Dark enough to be read on linen from the bench.
+const Couleur kRougeFonce = Rgb(168, 0, 0), kBleuFonce = Rgb(0, 0, 160), kLin = Rgb(0xf4, 0xef, 0xe3);
 
 // Widths of the buttons in twips, by index: every caption and picture fits in both languages.
-constexpr int kLargeurs[22] = {1245, 1290, 1500, 1290, 1320, 1320, 1245, 1245, 1620, 1320, 1320,
+constexpr int kLargeurs[22] = {1245, 1290, 1500, 1380, 1320, 1320, 1245, 1245, 1620, 1320, 1320,
                                555,  555,  1245, 1740, 1245, 1380, 1320, 1590, 1275, 1575, 1995};
 
 void PlacerSurface(FenetreTissagePrincipale &f) {
@@ -85,16 +87,17 @@ void Vetir(FenetreTissagePrincipale &f) {
   for (Etiquette *e : {&f.Label1, &f.Label2, &f.Remarque, &f.LblCheminWif, &f.LblDate, &f.LblNombreLigne,
                        &f.LblTabbyA, &f.LblTabbyB, &f.LblNomTest})
     e->Font = kGras;
-  f.LblCheminWif.ForeColor = f.LblDate.ForeColor = kRouge;
+  f.LblCheminWif.ForeColor = f.LblDate.ForeColor = kRougeFonce;
   f.LblCheminWif.Abreger = true;
-  f.LblNombreLigne.ForeColor = kBleu;
+  f.LblNombreLigne.ForeColor = kBleuFonce;
+  f.FenetreConfiguration.BackColor = f.PicNor.BackColor = kLin;
   f.ShDrapeau.BorderColor = kRouge;
   f.ShDrapeau.BorderWidth = 2;
   f.LblNomTest.Alignment = Alignement::Centre;
   f.Text1.Multiligne = f.txtTerm.Multiligne = true;
-  for (Controle *c : std::initializer_list<Controle *>{&f.PicTVCentre, &f.UnInstant, &f.PicNor, &f.txtTerm,
-                                                       &f.Text1, &f.Label1, &f.FondEntreDuite,
-                                                       &f.FenetreConfiguration})
+  for (Controle *c :
+       std::initializer_list<Controle *>{&f.PicTVCentre, &f.UnInstant, &f.PicNor, &f.txtTerm, &f.Text1,
+                                         &f.Label1, &f.FondEntreDuite, &f.FenetreConfiguration})
     c->Visible = false;
 }
 }  // namespace
@@ -111,7 +114,8 @@ FenetreTissagePrincipale::FenetreTissagePrincipale() {
 
 void FenetreTissagePrincipale::Visiter(Visiteur &v) {
   auto voirTable = [&v](const std::string &nom, auto &table, Controle &parent, int premier) {
-    for (int i = premier; i <= table.Dernier(); ++i) v.Voir(nom + "(" + std::to_string(i) + ")", table[i], parent);
+    for (int i = premier; i <= table.Dernier(); ++i)
+      v.Voir(nom + "(" + std::to_string(i) + ")", table[i], parent);
   };
   v.Voir("Picture2", Picture2, *this);
   v.Voir("BarreDeplacement", BarreDeplacement, Picture2);

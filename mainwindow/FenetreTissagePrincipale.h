@@ -33,7 +33,7 @@ struct FenetreTissagePrincipale : Fenetre {
   Image BarreDeplacement, LogoNor, BoutonAide, ImageMetier;
   BoitePicture PicTVCentre, UnInstant, Picture3;
   Table<BoitePicture, 21> BoutonProgramme;  // 13 and 15 in FenetreConfiguration, 19 to 21 in PicNor
-  Table<Image, 2> Drapeau;                 // language flags 1 French, 2 English
+  Table<Image, 2> Drapeau;                  // language flags 1 French, 2 English
   Forme ShDrapeau;
   Etiquette Label1, Label2, Remarque, LblCheminWif, LblDate, LblNombreLigne;
   ZoneTexte txtTerm, Text1, TxtVitessePortSerie;
@@ -65,25 +65,25 @@ struct FenetreTissagePrincipale : Fenetre {
 
   // Fields.
   Table<std::string, kLignesWif> BitsDuite;  // one "0" or "1" per harness, harness 1 at the right-hand end
-  Table<::Drapeau, 21> Voyants;                // lamp of each command: True green, False red
+  Table<::Drapeau, 21> Voyants;              // lamp of each command: True green, False red
   Entier DuiteAvantToile;                    // pick at which the weaver left the pattern for tabby
   Entier IntervalleEcoute;                   // milliseconds
   ::Drapeau VoyantAllume;
-  Entier LameTest;                           // solenoid under test, 1..24
+  Entier LameTest;  // solenoid under test, 1..24
   ::Drapeau TestInterrompu;
   ::Drapeau FormeAppliquee;
-  ::Drapeau TissageEnCours;                    // a shown pick is also sent
+  ::Drapeau TissageEnCours;  // a shown pick is also sent
   ::Drapeau PatronCharge;
   ::Drapeau PortOuvert;
-  ::Drapeau DansLiftplan;                      // outlives a reading
-  double HautInitial = 0, GaucheInitial = 0; // the kept, centred place of the window
+  ::Drapeau DansLiftplan;                     // outlives a reading
+  double HautInitial = 0, GaucheInitial = 0;  // the kept, centred place of the window
   ::Drapeau EnDeplacement;
   float SourisX0 = 0, SourisY0 = 0, FenetreHaut0 = 0, FenetreGauche0 = 0;
 
   // Port diagnostics, kept from call to call.
   std::string EvenementPort, ErreurPort, DonneesPort;
   Entier ReponsePort;
-  std::FILE *FichierJournal = nullptr;       // capture file; nothing opens it
+  std::FILE *FichierJournal = nullptr;  // capture file; nothing opens it
   long LongueurTerminal = 0;
 };
 

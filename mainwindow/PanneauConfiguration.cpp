@@ -67,7 +67,8 @@ void RemplirListes() {
 void EcrireValeurs() {
   if (session.PortMetier >= 1 && session.PortMetier <= 4)
     Champ(1).Text = "COM " + std::to_string(session.PortMetier);
-  if (session.NombreLames == 16 || session.NombreLames == 24) Champ(2).Text = std::to_string(session.NombreLames);
+  if (session.NombreLames == 16 || session.NombreLames == 24)
+    Champ(2).Text = std::to_string(session.NombreLames);
   // The list has one item and shows it whatever the variable was.
   Champ(3).Text = std::to_string(kDuitesActives);
   Champ(4).Text = kDeroulement[session.DirectionDeroulement ? 0 : 1].Texte();

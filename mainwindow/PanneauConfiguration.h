@@ -3,13 +3,13 @@
 
 #include "base/Entier.h"
 
-// Title, labels, lists and current values in the language in force, the panel's frame, then the tabby lines once
-// a pattern was opened or resumed.
+// Title, labels, lists and current values in the language in force, the panel's frame, then the tabby lines
+// once a pattern was opened or resumed.
 void DessinerConfiguration();
 
-// Reads the eight fields back into the session, fits grid, strip and labels to the harness count, and builds the
-// plan of the option in force. Nothing is validated. Fails with 9 where the plan leaves its tables, 6 where a
-// number does not fit 16 bits, 481 on a missing picture.
+// Reads the eight fields back into the session, fits grid, strip and labels to the harness count, and builds
+// the plan of the option in force. Nothing is validated. Fails with 9 where the plan leaves its tables, 6
+// where a number does not fit 16 bits, 481 on a missing picture.
 void AppliquerConfiguration();
 
 // Held in reserve: writes the values without rebuilding the lists, and reads the pattern file again.

@@ -23,7 +23,8 @@ void DessinerDiagnostic() {
   PreparerSurface(fenetre.PicNor);
   // The frame is painted in two passes, as it always was.
   for (int passe = 0; passe < 2; ++passe)
-    PeindreFondPanneauOnglet(fenetre.PicNor.Dessin, Selon("Diagnostic", "Diagnostics"), fenetre.PicNor.BackColor);
+    PeindreFondPanneauOnglet(fenetre.PicNor.Dessin, Selon("Diagnostic", "Diagnostics"),
+                             fenetre.PicNor.BackColor);
   fenetre.LblNomTest.Caption = Selon("Auto-Test", "Loom Selt test");
   CentrerSurControle(fenetre.PicNor, fenetre.Picture2);
   fenetre.PicNor.Left -= 300;

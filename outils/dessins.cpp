@@ -1,4 +1,5 @@
-// Makes the rasters of the pictures from their vector sources, and keeps the manifest that holds the two together.
+// Makes the rasters of the pictures from their vector sources, and keeps the manifest that holds the two
+// together.
 //
 //   dessins-outil <assets>              remakes every raster and the manifest
 //   dessins-outil <assets> <name>...    remakes the rasters of these names only, for a look at them
@@ -24,209 +25,221 @@ namespace {
 constexpr int Agrandissement = 3;
 
 struct Source {
-    QString Nom;
-    QByteArray Octets;
-    QSize Taille;
-    bool Alpha = false;
-    QList<int> CoucheDeForme;  // layer of each shape outside defs, in document order
-    QList<bool> CoucheNette;   // per layer
+  QString Nom;
+  QByteArray Octets;
+  QSize Taille;
+  bool Alpha = false;
+  QList<int> CoucheDeForme;  // layer of each shape outside defs, in document order
+  QList<bool> CoucheNette;   // per layer
 };
 
 const QSet<QString> Formes = {"path", "rect", "circle", "ellipse", "line", "polyline", "polygon", "use"};
 const QSet<QString> Autres = {"svg", "g", "defs", "linearGradient", "radialGradient", "stop", "title"};
 QString AvertissementQt;
 
-[[noreturn]] void Echouer(const QString &nom, const QString &raison) { throw std::runtime_error((nom + ": " + raison).toStdString()); }
-
-QByteArray LireFichier(const QString &chemin)
-{
-    QFile fichier(chemin);
-    if (!fichier.open(QIODevice::ReadOnly)) Echouer(chemin, "cannot be read");
-    return fichier.readAll();
+[[noreturn]] void Echouer(const QString &nom, const QString &raison) {
+  throw std::runtime_error((nom + ": " + raison).toStdString());
 }
 
-QStringList LireLignes(const QString &chemin) { return QString::fromUtf8(LireFichier(chemin)).split('\n', Qt::SkipEmptyParts); }
+QByteArray LireFichier(const QString &chemin) {
+  QFile fichier(chemin);
+  if (!fichier.open(QIODevice::ReadOnly)) Echouer(chemin, "cannot be read");
+  return fichier.readAll();
+}
 
-QString Empreinte(const QByteArray &octets) { return QCryptographicHash::hash(octets, QCryptographicHash::Sha256).toHex(); }
+QStringList LireLignes(const QString &chemin) {
+  return QString::fromUtf8(LireFichier(chemin)).split('\n', Qt::SkipEmptyParts);
+}
+
+QString Empreinte(const QByteArray &octets) {
+  return QCryptographicHash::hash(octets, QCryptographicHash::Sha256).toHex();
+}
 
 // Four bytes a pixel, so that no row ends in padding.
-QByteArray PixelsDe(const QImage &image)
-{
-    const QImage copie = image.convertToFormat(QImage::Format_RGBA8888);
-    return QByteArray(reinterpret_cast<const char *>(copie.constBits()), copie.sizeInBytes());
+QByteArray PixelsDe(const QImage &image) {
+  const QImage copie = image.convertToFormat(QImage::Format_RGBA8888);
+  return QByteArray(reinterpret_cast<const char *>(copie.constBits()), copie.sizeInBytes());
 }
 
-QString CheminImage(const QString &nom)
-{
-    static const QRegularExpression bouton("^IMG[0-9]{3}$");
-    return bouton.match(nom).hasMatch() ? "Dessins Boutons/" + nom + ".BMP" : nom + ".png";
+QString CheminImage(const QString &nom) {
+  static const QRegularExpression bouton("^IMG[0-9]{3}$");
+  return bouton.match(nom).hasMatch() ? "Dessins Boutons/" + nom + ".BMP" : nom + ".png";
 }
 
 // What Qt Svg would pass over in silence, and every colour from elsewhere, is refused.
-void VerifierElement(const QString &nom, const QXmlStreamReader &element, bool net, const QSet<QString> &palette)
-{
-    static const QSet<QString> porteurs = {"fill", "stroke", "stop-color", "color"};
-    const QString genre = element.name().toString();
-    if (!Formes.contains(genre) && !Autres.contains(genre)) Echouer(nom, "element " + genre);
-    for (const QXmlStreamAttribute &attribut : element.attributes()) {
-        const QString valeur = attribut.value().toString().trimmed().toLower();
-        if (attribut.name() == QLatin1String("style")) Echouer(nom, "style attribute");
-        if (net && attribut.name().endsWith(QLatin1String("opacity"))) Echouer(nom, "opacity on a crisp shape");
-        if (porteurs.contains(attribut.name().toString()) && valeur != "none" && !valeur.startsWith("url(#") && !palette.contains(valeur))
-            Echouer(nom, "colour " + valeur + " is not in palette.txt");
-    }
+void VerifierElement(const QString &nom, const QXmlStreamReader &element, bool net,
+                     const QSet<QString> &palette) {
+  static const QSet<QString> porteurs = {"fill", "stroke", "stop-color", "color"};
+  const QString genre = element.name().toString();
+  if (!Formes.contains(genre) && !Autres.contains(genre)) Echouer(nom, "element " + genre);
+  for (const QXmlStreamAttribute &attribut : element.attributes()) {
+    const QString valeur = attribut.value().toString().trimmed().toLower();
+    if (attribut.name() == QLatin1String("style")) Echouer(nom, "style attribute");
+    if (net && attribut.name().endsWith(QLatin1String("opacity"))) Echouer(nom, "opacity on a crisp shape");
+    if (porteurs.contains(attribut.name().toString()) && valeur != "none" && !valeur.startsWith("url(#") &&
+        !palette.contains(valeur))
+      Echouer(nom, "colour " + valeur + " is not in palette.txt");
+  }
 }
 
-Source LireSource(const QDir &assets, const QString &nom, const QSet<QString> &palette)
-{
-    Source source;
-    source.Nom = nom;
-    source.Octets = LireFichier(assets.filePath("sources/" + nom + ".svg"));
-    QList<bool> nets = {false};
-    QXmlStreamReader lecteur(source.Octets);
-    for (int defs = 0; !lecteur.atEnd();) {
-        const auto jeton = lecteur.readNext();
-        const bool estDefs = lecteur.name() == QLatin1String("defs");
-        if (jeton == QXmlStreamReader::EndElement) nets.removeLast(), defs -= estDefs;
-        if (jeton != QXmlStreamReader::StartElement) continue;
-        const QXmlStreamAttributes attributs = lecteur.attributes();
-        const auto rendu = attributs.value("shape-rendering");
-        nets << (rendu.isEmpty() ? nets.last() : rendu == QLatin1String("crispEdges"));
-        defs += estDefs;
-        VerifierElement(nom, lecteur, nets.last(), palette);
-        if (lecteur.name() == QLatin1String("svg")) {
-            source.Taille = QSize(attributs.value("width").toInt(), attributs.value("height").toInt());
-            if (source.Taille.isEmpty()) Echouer(nom, "width and height are not whole pixels");
-            if (attributs.value("viewBox") != QString("0 0 %1 %2").arg(source.Taille.width()).arg(source.Taille.height()))
-                Echouer(nom, "viewBox is not the size in pixels");
-            source.Alpha = attributs.value("data-alpha") == QLatin1String("1");
-        }
-        if (defs > 0 || !Formes.contains(lecteur.name().toString())) continue;
-        if (source.CoucheNette.isEmpty() || nets.last() || source.CoucheNette.last()) source.CoucheNette << nets.last();
-        source.CoucheDeForme << int(source.CoucheNette.size()) - 1;
+Source LireSource(const QDir &assets, const QString &nom, const QSet<QString> &palette) {
+  Source source;
+  source.Nom = nom;
+  source.Octets = LireFichier(assets.filePath("sources/" + nom + ".svg"));
+  QList<bool> nets = {false};
+  QXmlStreamReader lecteur(source.Octets);
+  for (int defs = 0; !lecteur.atEnd();) {
+    const auto jeton = lecteur.readNext();
+    const bool estDefs = lecteur.name() == QLatin1String("defs");
+    if (jeton == QXmlStreamReader::EndElement) nets.removeLast(), defs -= estDefs;
+    if (jeton != QXmlStreamReader::StartElement) continue;
+    const QXmlStreamAttributes attributs = lecteur.attributes();
+    const auto rendu = attributs.value("shape-rendering");
+    nets << (rendu.isEmpty() ? nets.last() : rendu == QLatin1String("crispEdges"));
+    defs += estDefs;
+    VerifierElement(nom, lecteur, nets.last(), palette);
+    if (lecteur.name() == QLatin1String("svg")) {
+      source.Taille = QSize(attributs.value("width").toInt(), attributs.value("height").toInt());
+      if (source.Taille.isEmpty()) Echouer(nom, "width and height are not whole pixels");
+      if (attributs.value("viewBox") !=
+          QString("0 0 %1 %2").arg(source.Taille.width()).arg(source.Taille.height()))
+        Echouer(nom, "viewBox is not the size in pixels");
+      source.Alpha = attributs.value("data-alpha") == QLatin1String("1");
     }
-    if (lecteur.hasError()) Echouer(nom, lecteur.errorString());
-    return source;
+    if (defs > 0 || !Formes.contains(lecteur.name().toString())) continue;
+    if (source.CoucheNette.isEmpty() || nets.last() || source.CoucheNette.last())
+      source.CoucheNette << nets.last();
+    source.CoucheDeForme << int(source.CoucheNette.size()) - 1;
+  }
+  if (lecteur.hasError()) Echouer(nom, lecteur.errorString());
+  return source;
 }
 
 // The source with the shapes of one layer only; groups and defs stay.
-QByteArray ExtraireCouche(const Source &source, int couche)
-{
-    QByteArray sortie;
-    QXmlStreamReader lecteur(source.Octets);
-    QXmlStreamWriter ecrivain(&sortie);
-    for (int forme = 0, defs = 0; !lecteur.atEnd();) {
-        const auto jeton = lecteur.readNext();
-        if (jeton != QXmlStreamReader::StartElement && jeton != QXmlStreamReader::EndElement) continue;
-        const bool debut = jeton == QXmlStreamReader::StartElement;
-        if (lecteur.name() == QLatin1String("defs")) defs += debut ? 1 : -1;
-        if (debut && defs == 0 && Formes.contains(lecteur.name().toString()) && source.CoucheDeForme[forme++] != couche)
-            lecteur.skipCurrentElement();
-        else
-            ecrivain.writeCurrentToken(lecteur);
-    }
-    return sortie;
+QByteArray ExtraireCouche(const Source &source, int couche) {
+  QByteArray sortie;
+  QXmlStreamReader lecteur(source.Octets);
+  QXmlStreamWriter ecrivain(&sortie);
+  for (int forme = 0, defs = 0; !lecteur.atEnd();) {
+    const auto jeton = lecteur.readNext();
+    if (jeton != QXmlStreamReader::StartElement && jeton != QXmlStreamReader::EndElement) continue;
+    const bool debut = jeton == QXmlStreamReader::StartElement;
+    if (lecteur.name() == QLatin1String("defs")) defs += debut ? 1 : -1;
+    if (debut && defs == 0 && Formes.contains(lecteur.name().toString()) &&
+        source.CoucheDeForme[forme++] != couche)
+      lecteur.skipCurrentElement();
+    else
+      ecrivain.writeCurrentToken(lecteur);
+  }
+  return sortie;
 }
 
-QImage RendreCouche(const Source &source, int couche)
-{
-    const int echelle = source.CoucheNette[couche] ? Agrandissement : 1;
-    QSvgRenderer rendu(ExtraireCouche(source, couche));
-    // Sixteen bits a channel: a sample on an edge must give back its very colour.
-    const auto format = echelle == 1 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGBA64_Premultiplied;
-    QImage grande(source.Taille * echelle, format);
-    grande.fill(Qt::transparent);
-    QPainter peintre(&grande);
-    rendu.render(&peintre, QRectF(grande.rect()));
-    peintre.end();
-    if (!rendu.isValid() || !AvertissementQt.isEmpty()) Echouer(source.Nom, "is not understood: " + AvertissementQt);
-    if (echelle == 1) return grande;
-    QImage image(source.Taille, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x)
-            if (const QColor milieu = grande.pixelColor(x * echelle + 1, y * echelle + 1); milieu.alpha() >= 128)
-                image.setPixel(x, y, milieu.rgb());
-    return image;
+QImage RendreCouche(const Source &source, int couche) {
+  const int echelle = source.CoucheNette[couche] ? Agrandissement : 1;
+  QSvgRenderer rendu(ExtraireCouche(source, couche));
+  // Sixteen bits a channel: a sample on an edge must give back its very colour.
+  const auto format =
+      echelle == 1 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGBA64_Premultiplied;
+  QImage grande(source.Taille * echelle, format);
+  grande.fill(Qt::transparent);
+  QPainter peintre(&grande);
+  rendu.render(&peintre, QRectF(grande.rect()));
+  peintre.end();
+  if (!rendu.isValid() || !AvertissementQt.isEmpty())
+    Echouer(source.Nom, "is not understood: " + AvertissementQt);
+  if (echelle == 1) return grande;
+  QImage image(source.Taille, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x)
+      if (const QColor milieu = grande.pixelColor(x * echelle + 1, y * echelle + 1); milieu.alpha() >= 128)
+        image.setPixel(x, y, milieu.rgb());
+  return image;
 }
 
-QImage RendreSource(const Source &source)
-{
-    QImage image(source.Taille, QImage::Format_ARGB32_Premultiplied);
-    image.fill(Qt::transparent);
-    for (int couche = 0; couche < source.CoucheNette.size(); ++couche) {
-        const QImage dessus = RendreCouche(source, couche);
-        // A soft edge over a key colour would leave a coloured rim around the window's outline.
-        const QRgb coin = image.pixel(0, 0);
-        const bool cle = coin == 0xff0000ffU || coin == 0xffff00ffU;
-        for (int y = 0; cle && y < image.height(); ++y)
-            for (int x = 0; x < image.width(); ++x)
-                if (qAlpha(dessus.pixel(x, y)) % 255 != 0 && image.pixel(x, y) == coin)
-                    Echouer(source.Nom, QString("soft edge over the key colour at %1, %2").arg(x).arg(y));
-        QPainter(&image).drawImage(0, 0, dessus);
-    }
-    const QByteArray pixels = PixelsDe(image);
-    for (qsizetype i = 3; !source.Alpha && i < pixels.size(); i += 4)
-        if (pixels[i] != '\xff') Echouer(source.Nom, QString("pixel %1 is not opaque").arg(i / 4));
-    return image.convertToFormat(source.Alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+QImage RendreSource(const Source &source) {
+  QImage image(source.Taille, QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  for (int couche = 0; couche < source.CoucheNette.size(); ++couche) {
+    const QImage dessus = RendreCouche(source, couche);
+    // A soft edge over a key colour would leave a coloured rim around the window's outline.
+    const QRgb coin = image.pixel(0, 0);
+    const bool cle = coin == 0xff0000ffU || coin == 0xffff00ffU;
+    for (int y = 0; cle && y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        if (qAlpha(dessus.pixel(x, y)) % 255 != 0 && image.pixel(x, y) == coin)
+          Echouer(source.Nom, QString("soft edge over the key colour at %1, %2").arg(x).arg(y));
+    QPainter(&image).drawImage(0, 0, dessus);
+  }
+  const QByteArray pixels = PixelsDe(image);
+  for (qsizetype i = 3; !source.Alpha && i < pixels.size(); i += 4)
+    if (pixels[i] != '\xff') Echouer(source.Nom, QString("pixel %1 is not opaque").arg(i / 4));
+  return image.convertToFormat(source.Alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
 }
 
 // One manifest line per name; a raster is written only where its pixels have changed.
-QStringList Traiter(const QDir &assets, const QStringList &noms, bool dessiner)
-{
-    QSet<QString> palette;
-    for (const QString &ligne : LireLignes(assets.filePath("palette.txt"))) palette << ligne.section(' ', 1, 1).toLower();
-    QStringList lignes;
-    for (const QString &nom : noms) {
-        const Source source = LireSource(assets, nom, palette);
-        const QString chemin = assets.filePath(CheminImage(nom));
-        QImage image(chemin);
-        if (dessiner) {
-            const QImage ancienne = std::exchange(image, RendreSource(source));
-            const bool pareille = ancienne.size() == image.size() && PixelsDe(ancienne) == PixelsDe(image);
-            if (!pareille && !image.save(chemin)) Echouer(chemin, "cannot be written");
-        }
-        if (image.size() != source.Taille) Echouer(chemin, "is missing or has not the size of its source");
-        lignes << QString("%1 %2x%3 %4 %5").arg(nom).arg(image.width()).arg(image.height()).arg(Empreinte(source.Octets), Empreinte(PixelsDe(image)));
+QStringList Traiter(const QDir &assets, const QStringList &noms, bool dessiner) {
+  QSet<QString> palette;
+  for (const QString &ligne : LireLignes(assets.filePath("palette.txt")))
+    palette << ligne.section(' ', 1, 1).toLower();
+  QStringList lignes;
+  for (const QString &nom : noms) {
+    const Source source = LireSource(assets, nom, palette);
+    const QString chemin = assets.filePath(CheminImage(nom));
+    QImage image(chemin);
+    if (dessiner) {
+      const QImage ancienne = std::exchange(image, RendreSource(source));
+      const bool pareille = ancienne.size() == image.size() && PixelsDe(ancienne) == PixelsDe(image);
+      if (!pareille && !image.save(chemin)) Echouer(chemin, "cannot be written");
     }
-    return lignes;
+    if (image.size() != source.Taille) Echouer(chemin, "is missing or has not the size of its source");
+    lignes << QString("%1 %2x%3 %4 %5")
+                  .arg(nom)
+                  .arg(image.width())
+                  .arg(image.height())
+                  .arg(Empreinte(source.Octets), Empreinte(PixelsDe(image)));
+  }
+  return lignes;
 }
 
-void Verifier(const QDir &assets, const QStringList &noms)
-{
-    QStringList images, manifeste = LireLignes(assets.filePath("manifeste.txt"));
-    for (const QString &nom : noms) images << CheminImage(nom);
-    for (const QString &ligne : Traiter(assets, noms, false))
-        if (!manifeste.removeOne(ligne)) Echouer(ligne.section(' ', 0, 0), "source or raster differs from the manifest");
-    if (!manifeste.isEmpty()) Echouer(manifeste.first().section(' ', 0, 0), "is in the manifest and has no source");
-    for (const QString dossier : {"", "Dessins Boutons/"})
-        for (const QString &fichier : QDir(assets.filePath(dossier)).entryList({"*.png", "*.bmp"}, QDir::Files))
-            if (!images.contains(dossier + fichier)) Echouer(dossier + fichier, "has no source");
+void Verifier(const QDir &assets, const QStringList &noms) {
+  QStringList images, manifeste = LireLignes(assets.filePath("manifeste.txt"));
+  for (const QString &nom : noms) images << CheminImage(nom);
+  for (const QString &ligne : Traiter(assets, noms, false))
+    if (!manifeste.removeOne(ligne))
+      Echouer(ligne.section(' ', 0, 0), "source or raster differs from the manifest");
+  if (!manifeste.isEmpty())
+    Echouer(manifeste.first().section(' ', 0, 0), "is in the manifest and has no source");
+  for (const QString dossier : {"", "Dessins Boutons/"})
+    for (const QString &fichier : QDir(assets.filePath(dossier)).entryList({"*.png", "*.bmp"}, QDir::Files))
+      if (!images.contains(dossier + fichier)) Echouer(dossier + fichier, "has no source");
 }
 
 }  // namespace
 
-int main(int argc, char **argv)
-{
-    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    const QGuiApplication application(argc, argv);
-    QStringList arguments = application.arguments().mid(1);
-    if (arguments.isEmpty()) return qCritical("dessins-outil <assets> [--verifier | name...]"), 2;
-    const auto journal = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &texte) { AvertissementQt = texte; });
-    try {
-        const QDir assets(arguments.takeFirst());
-        QStringList noms;
-        for (const QString &fichier : QDir(assets.filePath("sources")).entryList({"*.svg"}, QDir::Files)) noms << fichier.chopped(4);
-        noms.sort();
-        if (arguments.contains("--verifier")) return Verifier(assets, noms), 0;
-        const QStringList lignes = Traiter(assets, arguments.isEmpty() ? noms : arguments, true);
-        QFile manifeste(assets.filePath("manifeste.txt"));
-        if (!arguments.isEmpty()) return 0;
-        if (!manifeste.open(QIODevice::WriteOnly | QIODevice::Truncate)) Echouer(manifeste.fileName(), "cannot be written");
-        manifeste.write((lignes.join('\n') + '\n').toUtf8());
-        return 0;
-    } catch (const std::exception &echec) {
-        qInstallMessageHandler(journal);
-        return qCritical("%s", echec.what()), 1;
-    }
+int main(int argc, char **argv) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  QStringList arguments = application.arguments().mid(1);
+  if (arguments.isEmpty()) return qCritical("dessins-outil <assets> [--verifier | name...]"), 2;
+  const auto journal = qInstallMessageHandler(
+      [](QtMsgType, const QMessageLogContext &, const QString &texte) { AvertissementQt = texte; });
+  try {
+    const QDir assets(arguments.takeFirst());
+    QStringList noms;
+    for (const QString &fichier : QDir(assets.filePath("sources")).entryList({"*.svg"}, QDir::Files))
+      noms << fichier.chopped(4);
+    noms.sort();
+    if (arguments.contains("--verifier")) return Verifier(assets, noms), 0;
+    const QStringList lignes = Traiter(assets, arguments.isEmpty() ? noms : arguments, true);
+    QFile manifeste(assets.filePath("manifeste.txt"));
+    if (!arguments.isEmpty()) return 0;
+    if (!manifeste.open(QIODevice::WriteOnly | QIODevice::Truncate))
+      Echouer(manifeste.fileName(), "cannot be written");
+    manifeste.write((lignes.join('\n') + '\n').toUtf8());
+    return 0;
+  } catch (const std::exception &echec) {
+    qInstallMessageHandler(journal);
+    return qCritical("%s", echec.what()), 1;
+  }
 }

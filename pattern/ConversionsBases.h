@@ -9,7 +9,8 @@ std::string ConvB2B(const std::string &texte);
 // Value of a binary text, its last character the least significant. Every character counts by its own
 // numeric reading, a non-digit 0. Nothing for an empty text, which callers read as 0.
 std::optional<double> ConvB2D(const std::string &texte);
-// Digits of a binary text, four characters at a time from the right; a group that is not binary stays as it is.
+// Digits of a binary text, four characters at a time from the right; a group that is not binary stays as it
+// is.
 std::string ConvB2H(const std::string &texte);
 // Wears its argument down to "1". Fails with 13 on a text that is no number, 6 beyond 32 bits.
 std::string ConvD2B(std::string &texte);

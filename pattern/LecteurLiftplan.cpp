@@ -127,14 +127,13 @@ void RelireFichierWif() {
 
 void AfficherSansLiftplan() {
   // The file's name is no part of the text: the quotation marks close around nothing.
-  session.MessageErreur =
-      Selon("\r\n Le Fichier : «» n'est pas sauvé\r\n dans le mode Liftplan.",
-            "\r\n This file : \r\n does not have a lift plan.");
+  session.MessageErreur = Selon("\r\n Le Fichier : «» n'est pas sauvé\r\n dans le mode Liftplan.",
+                                "\r\n This file : \r\n does not have a lift plan.");
   AfficherMessage(session.MessageErreur);
 }
 
 void EcrireNombreLigne() {
   if (!fenetre.LblNombreLigne.Visible) return;
-  fenetre.LblNombreLigne.Caption =
-      Selon("Nombre de duites / patron: ", "Number of picks / pattern: ") + Str(int{session.NombreDuitesPatron});
+  fenetre.LblNombreLigne.Caption = Selon("Nombre de duites / patron: ", "Number of picks / pattern: ") +
+                                   Str(int{session.NombreDuitesPatron});
 }

@@ -72,8 +72,8 @@ void LeverLectureSeule(const std::string &chemin, Entier &resultat) {
 }
 
 void SignalerErreurFichier(const ErreurExecution &e) {
-  session.MessageErreur = "L'erreur # " + std::to_string(e.Number()) + " a été générée par " + e.Source() + "\r" +
-                          e.Description();
+  session.MessageErreur = "L'erreur # " + std::to_string(e.Number()) + " a été générée par " + e.Source() +
+                          "\r" + e.Description();
   AfficherMessageCourt(TitreErreur(), session.MessageErreur);
   session.Etat = EtatEtape::Echec;
 }

@@ -12,8 +12,8 @@ constexpr int kLongueurConfiguration = 20;  // bytes
 // The record, ConfigurationMetier, over the session's variables.
 std::vector<Champ> ConfigurationMetier();
 
-// Reads the record into the session; a missing file is made empty and gives zeros. NombreLames is 24 afterwards
-// whatever the file says. Etat 1, or 0 after a failure that it has shown.
+// Reads the record into the session; a missing file is made empty and gives zeros. NombreLames is 24
+// afterwards whatever the file says. Etat 1, or 0 after a failure that it has shown.
 void LireConfiguration();
 // Writes the record. NombreLames is 24 from here on, in the file and in the running session. Etat as above.
 void EcrireConfiguration();

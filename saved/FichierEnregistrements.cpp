@@ -63,7 +63,7 @@ Champ ChampDate(int position, const char *nom, double &variable) {
 Champ ChampTexte(int position, int taille, const char *nom, std::string &variable) {
   return {position, taille, nom,
           [&variable, taille] {
-            std::string texte = Trim(variable);
+            std::string texte = variable;
             texte.resize(static_cast<std::size_t>(taille), ' ');
             return texte;
           },
@@ -73,13 +73,15 @@ Champ ChampTexte(int position, int taille, const char *nom, std::string &variabl
 std::string ComposerEnregistrement(std::span<const Champ> champs, int longueur) {
   std::string enregistrement(static_cast<std::size_t>(longueur), '\0');
   for (const Champ &c : champs)
-    enregistrement.replace(static_cast<std::size_t>(c.position), static_cast<std::size_t>(c.taille), c.donner());
+    enregistrement.replace(static_cast<std::size_t>(c.position), static_cast<std::size_t>(c.taille),
+                           c.donner());
   return enregistrement;
 }
 
 void RepartirEnregistrement(std::span<const Champ> champs, const std::string &enregistrement) {
   for (const Champ &c : champs)
-    c.prendre(enregistrement.substr(static_cast<std::size_t>(c.position), static_cast<std::size_t>(c.taille)));
+    c.prendre(
+        enregistrement.substr(static_cast<std::size_t>(c.position), static_cast<std::size_t>(c.taille)));
 }
 
 FichierEnregistrements::FichierEnregistrements(const std::string &chemin, int longueur)

@@ -18,7 +18,8 @@ struct Champ {
   std::function<void(const std::string &)> prendre;  // exactly `taille` bytes
 };
 
-// Fields over a variable of the session.
+// Fields over a variable of the session. A text is written as it stands, cut or padded, and trimmed when
+// read.
 Champ ChampEntier(int position, const char *nom, Entier &variable);
 Champ ChampDrapeau(int position, const char *nom, Drapeau &variable);
 Champ ChampDate(int position, const char *nom, double &variable);

@@ -67,6 +67,7 @@ void EcrireReprise(Entier n) {
     SupprimerFichier(chemin);
     if (session.Etat == EtatEtape::Echec) return;
     session.Etat = EtatEtape::Echec;
+    session.CheminWif = Trim(session.CheminWif);
     FichierEnregistrements fichier(chemin, kLongueurReprise);
     fichier.Ecrire(n, ComposerEnregistrement(ProjetResume(), kLongueurReprise));
     session.Etat = EtatEtape::Reussi;
@@ -127,7 +128,9 @@ void ConfirmerSauvegarde() {
   AfficherRemarque("Enregistrer le projet");
 }
 
-void SupprimerFichier(const std::string &nom) { DetruireFichier(Trim(nom), session.MessageErreur, session.Etat); }
+void SupprimerFichier(const std::string &nom) {
+  DetruireFichier(Trim(nom), session.MessageErreur, session.Etat);
+}
 
 void DetruireFichier(const std::string &chemin, std::string &message, Entier &resultat) {
   try {

@@ -18,8 +18,8 @@ std::vector<Champ> ProjetResume();
 // nothing is written.
 void EcrireReprise(Entier n);
 void EcrireRepriseLigne(Entier n);
-// A record that is not there is no failure: Etat and the session stay as they are. A missing file is made empty.
-// LireReprise tells whether it took a header.
+// A record that is not there is no failure: Etat and the session stay as they are. A missing file is made
+// empty. LireReprise tells whether it took a header.
 bool LireReprise(Entier n);
 void LireRepriseLigne(Entier n);
 

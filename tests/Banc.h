@@ -8,12 +8,17 @@
 #include <fstream>
 #include <functional>
 #include <map>
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
 #include "kit/Attente.h"
+#include "kit/BullesInfo.h"
 #include "kit/FenetreMessage.h"
 #include "kit/FenetreMessageCourt.h"
+#include "kit/FenetreMessageErreur.h"
+#include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
 #include "kit/FondFenetre.h"
 #include "mainwindow/CompositionFenetre.h"
@@ -28,7 +33,7 @@ class PortBanc : public PortSerie {
   std::deque<std::string> recus;  // one element per read
   Entier numero;
   std::string reglages = "9600,N,8,1";
-  bool ouvert = false, utilisable = true, enPanne = false;
+  bool ouvert = false, utilisable = true, enPanne = false, ecritureEnPanne = false;
   int evenement = 0, vidages = 0;
 
   std::string Tout() const {
@@ -51,7 +56,7 @@ class PortBanc : public PortSerie {
   bool PortOpen() const override { return ouvert; }
   void Output(const std::string &octets) override {
     if (!ouvert) throw ErreurExecution(Erreur::PortFerme);
-    if (enPanne) throw ErreurExecution(Erreur::Peripherique);
+    if (enPanne || ecritureEnPanne) throw ErreurExecution(Erreur::Peripherique);
     ecrits.push_back(octets);
   }
   std::string Input() override {
@@ -84,7 +89,7 @@ class PlateformeBanc : public Plateforme {
   std::string dossier, fichierChoisi;  // an empty choice is a cancelled dialog
   std::vector<std::string> messages;   // one text per window shown: title and lines, joined by "|"
   std::vector<std::string> adresses;
-  std::function<void()> pendant;       // runs inside DoEvents
+  std::function<void()> pendant;  // runs inside DoEvents
   std::function<void(Fenetre &)> pendantModal;
   int bips = 0, rafraichis = 0, reprises = 0, actionIcone = -1;
   bool termine = false;
@@ -196,7 +201,13 @@ class Banc : public ::testing::Test {
     attente = Attente();
     fenetreMessageCourt = FenetreMessageCourt();
     fenetreMessage = FenetreMessage();
+    fenetreMessageErreur = FenetreMessageErreur();
     feuilleRemarque = FeuilleRemarque();
+    feuilleAPropos = FeuilleAPropos();
+    bulleInfoBasGauche = BulleInfoBasGauche();
+    bulleInfoHautDroit = BulleInfoHautDroit();
+    bulleInfoHautGauche = BulleInfoHautGauche();
+    bulleInfoBasDroit = BulleInfoBasDroit();
     reglages = {};
     port = PortBanc();
     pf.messages.clear();
@@ -233,7 +244,8 @@ class Banc : public ::testing::Test {
   static std::vector<std::string> Lignes(int n) {
     std::vector<std::string> lignes;
     for (int i = 1; i <= n; ++i)
-      lignes.push_back(std::to_string(i) + "=" + std::to_string(1 + i % 16) + "," + std::to_string(1 + (i / 16 + 2 * i + 3) % 16));
+      lignes.push_back(std::to_string(i) + "=" + std::to_string(1 + i % 16) + "," +
+                       std::to_string(1 + (i / 16 + 2 * i + 3) % 16));
     return lignes;
   }
   void Ouvrir(const std::string &chemin) {
@@ -246,9 +258,11 @@ class Banc : public ::testing::Test {
     for (const auto &[i, texte] : choix) fenetre.ComConfiguration[i].Text = texte;
     Commande(13);
   }
-  // What the loom sends, and the tick that finds it.
-  void Rapport(const std::string &octets = "\x1B" "C\r") {
-    port.recus.push_back(octets);
+  // What the loom sends, and the tick that finds it; a closed port drops it.
+  void Rapport(const std::string &octets =
+                   "\x1B"
+                   "C\r") {
+    if (port.ouvert) port.recus.push_back(octets);
     fenetre.Timer3.Timer();
   }
 };
@@ -258,4 +272,46 @@ inline std::string Hexa(const std::string &octets) {
   std::string s;
   for (unsigned char o : octets) (s += c[o / 16]) += c[o % 16];
   return s;
+}
+
+// The number of the failure that comes out, 0 for none.
+template <class F>
+int Echec(F &&f) {
+  try {
+    f();
+  } catch (const ErreurExecution &e) {
+    return e.Number();
+  }
+  return 0;
+}
+
+// 16-bit little-endian integers as they stand in the files.
+inline std::string Mots(std::initializer_list<int> valeurs) {
+  std::string s;
+  for (int v : valeurs) (s += static_cast<char>(v & 255)) += static_cast<char>(v >> 8 & 255);
+  return s;
+}
+
+// The harnesses of a plan line, read without the system's help.
+inline std::set<int> LamesDe(const std::string &ligne) {
+  std::set<int> lames;
+  std::stringstream liste(ligne.substr(ligne.find('=') + 1));
+  for (std::string n; std::getline(liste, n, ',');) lames.insert(std::atoi(n.c_str()));
+  return lames;
+}
+
+// The 24-harness frame of these harnesses, from the wire format alone: 17 to 24 do not go out, 1 to 8 do
+// twice.
+inline std::string Cadre24(const std::set<int> &lames) {
+  int octets[2] = {0, 0};
+  for (int l : lames)
+    if (l >= 1 && l <= 16) octets[(l - 1) / 8] |= 1 << (l - 1) % 8;
+  const char a = static_cast<char>(octets[0]), b = static_cast<char>(octets[1]);
+  return std::string("\x1BR\r\n\x1BI") + a + b + a + '\0' +
+         "\r\n\x1B"
+         "E\r\n";
+}
+// That of a plan line; a lone number raises nothing.
+inline std::string Cadre24(const std::string &ligne) {
+  return Cadre24(ligne.find(',') == std::string::npos ? std::set<int>() : LamesDe(ligne));
 }

@@ -23,8 +23,16 @@ TEST(Base, EntierFailsOnEveryWayOutOf16Bits) {
   EXPECT_EQ(Numero([&] { (void)(petit - 1); }), 6);
   EXPECT_EQ(Numero([&] { (void)(grand * grand); }), 6);
   EXPECT_EQ(Numero([&] { (void)-petit; }), 6);
-  EXPECT_EQ(Numero([&] { Entier e = grand; ++e; }), 6);
-  EXPECT_EQ(Numero([] { Entier e = 32768; (void)e; }), 6);
+  EXPECT_EQ(Numero([&] {
+              Entier e = grand;
+              ++e;
+            }),
+            6);
+  EXPECT_EQ(Numero([] {
+              Entier e = 32768;
+              (void)e;
+            }),
+            6);
   EXPECT_EQ(Numero([] { (void)Arrondir(32767.5); }), 6);
   EXPECT_EQ(Numero([] { (void)Arrondir(std::numeric_limits<double>::infinity()); }), 6);
   EXPECT_EQ(int{grand + petit}, -1);
@@ -44,9 +52,10 @@ TEST(Base, TablesRefuseWhatIsOutside) {
 
 TEST(Base, ValReadsTheNumberAtTheHead) {
   const std::pair<const char *, double> cas[] = {
-      {"12", 12},     {" 1 2 . 5x", 12.5}, {"-3", -3},    {"+4", 4},   {"1.2.3", 1.2},  {"", 0},      {"abc", 0},
-      {"\t5", 0},     {"5\t6", 5},         {"2E2", 200},  {"2E", 2},   {"2E-1x", 0.2},  {".5", 0.5},  {"-.5", -0.5},
-      {"&H10", 0},    {"-", 0},            {"1,2", 1},    {"1e1", 10}, {"007", 7},      {".", 0}};
+      {"12", 12}, {" 1 2 . 5x", 12.5}, {"-3", -3},  {"+4", 4},     {"1.2.3", 1.2},
+      {"", 0},    {"abc", 0},          {"\t5", 0},  {"5\t6", 5},   {"2E2", 200},
+      {"2E", 2},  {"2E-1x", 0.2},      {".5", 0.5}, {"-.5", -0.5}, {"&H10", 0},
+      {"-", 0},   {"1,2", 1},          {"1e1", 10}, {"007", 7},    {".", 0}};
   for (const auto &[texte, valeur] : cas) EXPECT_DOUBLE_EQ(Val(texte), valeur) << texte;
   EXPECT_GT(Val("1E999"), 1e300);
   EXPECT_EQ(Val("1E-999"), 0);

@@ -29,7 +29,8 @@ TEST(Conversions, DecimalToBinaryWearsItsArgumentDown) {
   std::string n = "5";
   EXPECT_EQ(ConvD2B(n), "101");
   EXPECT_EQ(n, "1");
-  for (const auto &[texte, binaire] : {std::pair{"2", "10"}, {"3", "11"}, {"0", "0"}, {"1", "1"}, {"255", "11111111"}}) {
+  for (const auto &[texte, binaire] :
+       {std::pair{"2", "10"}, {"3", "11"}, {"0", "0"}, {"1", "1"}, {"255", "11111111"}}) {
     n = texte;
     EXPECT_EQ(ConvD2B(n), binaire);
   }
@@ -41,7 +42,8 @@ TEST(Conversions, DecimalToBinaryWearsItsArgumentDown) {
 }
 
 TEST(Conversions, VerifHLooksAtText1) {
-  for (const auto &[texte, bon] : {std::pair{"", false}, {"0aF9", true}, {"0g", false}, {"g0", false}, {"F", true}}) {
+  for (const auto &[texte, bon] :
+       {std::pair{"", false}, {"0aF9", true}, {"0g", false}, {"g0", false}, {"F", true}}) {
     fenetre.Text1.Text = texte;
     EXPECT_EQ(VerifH(), bon) << texte;
   }

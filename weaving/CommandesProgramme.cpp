@@ -29,8 +29,8 @@ void MontrerUnInstant() {
 }
 void CacherUnInstant() { fenetre.UnInstant.Visible = false; }
 
-// The direction of weaving, not that of scrolling, decides here; AfficherDuites goes on by itself when the draft
-// scrolls up.
+// The direction of weaving, not that of scrolling, decides here; AfficherDuites goes on by itself when the
+// draft scrolls up.
 void RedessinerSelonDirection() {
   if (session.DirectionTissage)
     AfficherDuitesHaut();
@@ -179,7 +179,6 @@ void BasculerBulles() {
 void Minimiser() {
   FermerBulles();
   fenetre.WindowState = 1;
-  if (fenetre.Resize) fenetre.Resize();
 }
 
 void FermerConfiguration() {
@@ -253,28 +252,51 @@ void QuitterDiagnostic() {
 
 void BoutonProgramme_Click(Entier index) {
   switch (index) {
-    case 0: return Quitter();
-    case 1: return Ouvrir();
-    case 2: return EnregistrerProjet();
-    case 3: return ReprendreProjet();
-    case 4: return PasserEnToile();
-    case 17: return PasserEnPatronEtToile();
-    case 5: return PasserEnPatron();
-    case 6: return AvancerUneDuite();
-    case 7: return InverserDirection();
-    case 8: return DemanderDuite();
-    case 9: return Arreter();
-    case 10: return Demarrer();
-    case 11: return BasculerBulles();
-    case 12: return Minimiser();
-    case 13: return SortirConfiguration();
-    case 14: return OuvrirConfiguration();
-    case 15: return AnnulerConfiguration();
-    case 16: return RecommencerSansPatron();
-    case 18: return OuvrirDiagnostic();
-    case 19: return QuitterDiagnostic();
-    case 20: return DebuterTest();
-    case 21: return ArreterTest();
-    default: return;
+    case 0:
+      return Quitter();
+    case 1:
+      return Ouvrir();
+    case 2:
+      return EnregistrerProjet();
+    case 3:
+      return ReprendreProjet();
+    case 4:
+      return PasserEnToile();
+    case 17:
+      return PasserEnPatronEtToile();
+    case 5:
+      return PasserEnPatron();
+    case 6:
+      return AvancerUneDuite();
+    case 7:
+      return InverserDirection();
+    case 8:
+      return DemanderDuite();
+    case 9:
+      return Arreter();
+    case 10:
+      return Demarrer();
+    case 11:
+      return BasculerBulles();
+    case 12:
+      return Minimiser();
+    case 13:
+      return SortirConfiguration();
+    case 14:
+      return OuvrirConfiguration();
+    case 15:
+      return AnnulerConfiguration();
+    case 16:
+      return RecommencerSansPatron();
+    case 18:
+      return OuvrirDiagnostic();
+    case 19:
+      return QuitterDiagnostic();
+    case 20:
+      return DebuterTest();
+    case 21:
+      return ArreterTest();
+    default:
+      return;
   }
 }

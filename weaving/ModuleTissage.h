@@ -26,40 +26,40 @@ constexpr int kLignesTravail = 7000;
 constexpr int kLames = 32;
 
 struct Session {
-  Drapeau BullesActives;        // help bubbles wanted
-  Entier OptionTissage;         // 1 pattern, 2 tabby, 3 both; 0 before the first configuration
-  Drapeau LangueFrancaise;      // True French, False English, read when a text is shown
-  Drapeau DirectionDeroulement; // True up, False down
-  Drapeau DirectionTissage;     // False forward, True reverse
-  Entier DuitesActives;         // chosen, shown and saved; no weaving step reads it
-  Entier DuiteCourante;         // the pick on the loom, 1..NombreDuites; 0 is reachable
-  Entier NombreDuitesPatron;    // lines of the lift plan as read and as saved
-  Drapeau ToileDepart;          // True tabby A; colours the labels only
-  std::string ToileA, ToileB;   // "TabbyA=1,3,..." and "TabbyB=2,4,..."
-  std::string NomFichierReprise;  // resume file last touched, without folder
-  std::string CheminWif;          // full path of the open pattern, empty for none
+  Drapeau BullesActives;                 // help bubbles wanted
+  Entier OptionTissage;                  // 1 pattern, 2 tabby, 3 both; 0 before the first configuration
+  Drapeau LangueFrancaise;               // True French, False English, read when a text is shown
+  Drapeau DirectionDeroulement;          // True up, False down
+  Drapeau DirectionTissage;              // False forward, True reverse
+  Entier DuitesActives;                  // chosen, shown and saved; no weaving step reads it
+  Entier DuiteCourante;                  // the pick on the loom, 1..NombreDuites; 0 is reachable
+  Entier NombreDuitesPatron;             // lines of the lift plan as read and as saved
+  Drapeau ToileDepart;                   // True tabby A; colours the labels only
+  std::string ToileA, ToileB;            // "TabbyA=1,3,..." and "TabbyB=2,4,..."
+  std::string NomFichierReprise;         // resume file last touched, without folder
+  std::string CheminWif;                 // full path of the open pattern, empty for none
   Table<std::string, 8> LignesRemarque;  // 1..8
   Entier NombreLignesRemarque;
-  double DelaiRemarque = 0;     // seconds
-  Entier NombreLames;           // harnesses; 16 and 24 have a protocol
-  Entier NombreLamesGrille;     // the copy that the draft is drawn with
-  Table<std::string, kLignesWif> LignesWif;         // [0] is "[LIFTPLAN]", [n] the line of pick n
-  Table<std::string, kLignesTravail> LignesTravail; // the plan in force: key, "=", harnesses
+  double DelaiRemarque = 0;                             // seconds
+  Entier NombreLames;                                   // harnesses; 16 and 24 have a protocol
+  Entier NombreLamesGrille;                             // the copy that the draft is drawn with
+  Table<std::string, kLignesWif> LignesWif;             // [0] is "[LIFTPLAN]", [n] the line of pick n
+  Table<std::string, kLignesTravail> LignesTravail;     // the plan in force: key, "=", harnesses
   Table2<Entier, kLignesTravail, kLames> MatriceLames;  // (pick, harness) is 1 when it rises
-  Entier NombreDuites;          // lines of the plan in force, the wrap of the sequencer
-  Entier NombreDuitesWif;       // lines of the lift plan
-  double DateProjet = 0;        // days since 30 December 1899
-  Entier PortMetier;            // 1..4, 0 before the first configuration
-  Entier Etat;                  // result of the last step
+  Entier NombreDuites;            // lines of the plan in force, the wrap of the sequencer
+  Entier NombreDuitesWif;         // lines of the lift plan
+  double DateProjet = 0;          // days since 30 December 1899
+  Entier PortMetier;              // 1..4, 0 before the first configuration
+  Entier Etat;                    // result of the last step
   std::string CheminApplication;  // the program's folder, with its separator
-  std::string MessageErreur;    // text of the last reported error
+  std::string MessageErreur;      // text of the last reported error
   Entier IntervalleMessageCourt;  // milliseconds between ticks of the short message, 0 before the first
 
   // Hover of the main window's buttons.
-  Entier BoutonSurvole;         // index of the button under the pointer
-  Drapeau SurvolActif;          // a button is drawn hovered
+  Entier BoutonSurvole;                               // index of the button under the pointer
+  Drapeau SurvolActif;                                // a button is drawn hovered
   Entier LargeurBoutonSurvole, HauteurBoutonSurvole;  // its size before, twips
-  Drapeau BoutonEnfonce;        // some picture button is shown pressed
+  Drapeau BoutonEnfonce;                              // some picture button is shown pressed
 };
 
 extern Session session;

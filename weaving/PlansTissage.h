@@ -8,7 +8,7 @@ void LireLiaisons();
 
 void ConstruirePatron();  // option 1: the lift plan as it stands
 void ConstruireToile();   // option 2: twenty times tabby A, tabby B
-// Option 3: from the cursor on a tabby between every two pattern picks. The first half builds no matrix and is
-// always followed by the second.
+// Option 3: from the cursor on a tabby between every two pattern picks. The first half builds no matrix and
+// is always followed by the second.
 void ConstruirePatronToile();
 void ConstruirePatronToileInverse();

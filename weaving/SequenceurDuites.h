@@ -3,8 +3,8 @@
 
 #include "base/Entier.h"
 
-// One step in the direction in force, round at both ends; redraws, which sends the pick while weaving, and puts
-// Save on offer. Fails as AfficherDuites does; nothing is caught here.
+// One step in the direction in force, round at both ends; redraws, which sends the pick while weaving, and
+// puts Save on offer. Fails as AfficherDuites does; nothing is caught here.
 void DuiteSuivante();
 // One step backwards.
 void DuitePrecedente();
@@ -12,8 +12,8 @@ void DuitePrecedente();
 // Shows the direction in force on buttons 6 and 7. Fails with 53 or 481 on a missing picture.
 void BasculerInversion();
 
-// Enter in the pick entry: a number from 0 to NombreDuites becomes the cursor, is shown, and sent while weaving;
-// any other number does nothing. Fails with 6 beyond 32767.
+// Enter in the pick entry: a number from 0 to NombreDuites becomes the cursor, is shown, and sent while
+// weaving; any other number does nothing. Fails with 6 beyond 32767.
 void TxtDuite_KeyDown(int touche);
 int TxtDuite_KeyPress(int code);
 

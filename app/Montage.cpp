@@ -1,0 +1,42 @@
+#include "app/Montage.h"
+
+#include "kit/Attente.h"
+#include "kit/BullesInfo.h"
+#include "kit/FenetreMessage.h"
+#include "kit/FenetreMessageCourt.h"
+#include "kit/FenetreMessageErreur.h"
+#include "kit/FeuilleAPropos.h"
+#include "kit/FeuilleRemarque.h"
+#include "mainwindow/CompositionFenetre.h"
+#include "mainwindow/Evenements.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+
+namespace {
+void Demarrer() {
+  fenetre.Chargee = true;
+  LierEvenements();
+  Form_Load();
+  fenetre.Visible = true;
+}
+
+// The messages of the notification icon reach the window as its pointer moves do.
+void TransmettreMessageIcone(int message) {
+  const auto bouge = fenetre.MouseMove;
+  if (bouge) bouge(0, message * double{kTwipsParPixel}, 0);
+}
+}  // namespace
+
+const std::vector<Fenetre *> &ToutesFenetres() {
+  static const std::vector<Fenetre *> fenetres{
+      &fenetre,          &attente,        &fenetreMessageCourt, &fenetreMessage,     &fenetreMessageErreur,
+      &feuilleRemarque,  &feuilleAPropos, &bulleInfoBasGauche,  &bulleInfoHautDroit, &bulleInfoHautGauche,
+      &bulleInfoBasDroit};
+  return fenetres;
+}
+
+void Monter(PlateformeQt &machine) {
+  InstallerPlateforme(&machine);
+  for (Fenetre *f : ToutesFenetres()) machine.LeMiroir().Ajouter(*f);
+  machine.MessageIcone = TransmettreMessageIcone;
+  machine.LeMiroir().Passer(Demarrer);
+}

@@ -1,0 +1,151 @@
+#include "kit/FeuilleAPropos.h"
+
+#include "base/TexteNumerique.h"
+#include "kit/Fabricant.h"
+#include "kit/FondFenetre.h"
+#include "kit/ModuleTransparence.h"
+#include "kit/ProcedureConnexe.h"
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "platform/Plateforme.h"
+#include "weaving/ModuleTissage.h"
+
+FeuilleAPropos feuilleAPropos;
+
+namespace {
+constexpr int kVitesse = 200;                 // milliseconds
+constexpr int kPas = 60, kFinCourse = -2400;  // twips
+constexpr int kSite = 4, kCourriel = 5;       // labels
+const Couleur kBlanc = Gris(255), kBleu = Rgb(0, 0, 255);
+
+void Fermer() { Decharger(feuilleAPropos); }
+
+void tmrDepart_Timer() {
+  feuilleAPropos.tmrDepart.Interval(0);
+  feuilleAPropos.tmrTexte.Interval(feuilleAPropos.VitesseTexte);
+}
+
+void tmrTexte_Timer() {
+  BoitePicture &bande = feuilleAPropos.picTexte;
+  if (bande.Top <= kFinCourse)
+    bande.Top = 0;
+  else
+    bande.Top -= kPas;
+}
+
+// The pointer of the window is that of all its controls.
+void Label1_MouseMove(int index) {
+  if (index < 1 || index > 9) return;
+  FeuilleAPropos &f = feuilleAPropos;
+  f.tmrTexte.Interval(0);
+  f.MousePointer = kPointeurPerso;
+  f.MouseIcon = "CurseurMain";
+}
+
+void QuitterLabels(int, double, double) {
+  FeuilleAPropos &f = feuilleAPropos;
+  // Not at every move: setting the interval starts its period anew, and the text would stand still.
+  if (f.tmrTexte.Interval() != f.VitesseTexte) f.tmrTexte.Interval(f.VitesseTexte);
+  f.MousePointer = kPointeurDefaut;
+  f.MouseIcon.clear();
+}
+
+void Label1_Click(int index) {
+  if (index == kSite) plateforme().OuvrirAdresse(Fabricant::Site);
+  if (index == kCourriel)
+    plateforme().OuvrirAdresse(std::string("mailto:") + Fabricant::Courriel + "?subject=Vélo");
+}
+
+void Lier(FeuilleAPropos &f) {
+  f.tmrDepart.Timer = tmrDepart_Timer;
+  f.tmrTexte.Timer = tmrTexte_Timer;
+  f.MouseMove = f.Picture1.MouseMove = f.Picture2.MouseMove = f.Image2.MouseMove = QuitterLabels;
+  for (int i : {0, 2, 3, 4, 5}) {
+    f.Label1[i].MouseMove = [i](int, double, double) { Label1_MouseMove(i); };
+    f.Label1[i].Click = [i] { Label1_Click(i); };
+  }
+  f.Image2.Click = f.BoutonFin.Click = Fermer;
+  f.BoutonFin.MouseDown = [](int, double, double) { EnfoncerBouton(feuilleAPropos.BoutonFin); };
+  f.BoutonFin.MouseUp = [](int, double, double) { RelacherBouton(feuilleAPropos.BoutonFin); };
+}
+
+void PeindreFond(FeuilleAPropos &f) {
+  Entier l = Arrondir(f.Width), h = Arrondir(f.Height);
+  ConvertirEnPixels(l, h);
+  f.Dessin.Refaire(l, h, f.BackColor);
+  PeindreFondPanneau(f.Dessin, Gris(192));
+  reglages.DegradeRougeDebut = reglages.DegradeVertDebut = reglages.DegradeBleuDebut = 255;
+  reglages.DegradeRougeFin = reglages.DegradeVertFin = reglages.DegradeBleuFin = 128;
+  reglages.DegradeVertical = true;
+  reglages.SurfaceDegrade = &f.Dessin;
+  PeindreDegrade();
+}
+
+void PeindreBoutonFin(BoitePicture &bouton) {
+  const std::string texte = Selon("Sortie", "Exit");
+  PreparerSurface(bouton);
+  PeindreFaceClaire(bouton.Dessin);
+  reglages.BoutonAvecImage = true;
+  reglages.BoutonTexteDecale = -50;
+  EcrireTexteBouton(bouton, texte, reglages.BoutonAvecImage, "", 1, Gris(0), kBlanc);
+  bouton.NomAccessible = texte;
+}
+}  // namespace
+
+FeuilleAPropos::FeuilleAPropos() {
+  Width = 8580;
+  Height = 5400;
+  Fenetre::Caption = "Brandis";
+  Placer(Picture1, 405, 375, 7770, 4605);
+  Picture1.BackColor = Gris(128);
+  Placer(Image1, 780, 1770, 2100, 1275);
+  Image1.Picture = "Image1APropos";
+  Placer(BoutonFin, 6255, 3855, 1110, 375);
+  Placer(Picture2, 3705, 2190, 4710, 1200);
+  Placer(picTexte, 345, 30, 3885, 2385);
+  picTexte.BackColor = Picture2.BackColor = Rgb(192, 192, 255);
+  constexpr int kHauts[6] = {255, 0, 701, 1147, 1593, 2040};
+  const char *const textes[6] = {
+      "Version Béta 1.1", "", Fabricant::RaisonSociale, Fabricant::Nom, Fabricant::Site, Fabricant::Courriel};
+  for (int i : {0, 2, 3, 4, 5}) {
+    Etiquette &e = Label1[i];
+    Placer(e, 15, kHauts[i], 2805, 315);
+    e.Caption = textes[i];
+    e.Font = {"Arial", 9.75, true, false};
+    e.ForeColor = i == kSite || i == kCourriel ? kBleu : kBlanc;
+  }
+}
+
+void FeuilleAPropos::Visiter(Visiteur &v) {
+  v.Voir("Picture1", Picture1, *this);
+  v.Voir("Image1", Image1, Picture1);
+  v.Voir("Image2", Image2, Picture1);
+  v.Voir("BoutonFin", BoutonFin, Picture1);
+  v.Voir("Picture2", Picture2, *this);
+  v.Voir("picTexte", picTexte, Picture2);
+  for (int i : {0, 2, 3, 4, 5}) v.Voir("Label1(" + std::to_string(i) + ")", Label1[i], picTexte);
+  v.Voir("tmrDepart", tmrDepart);
+  v.Voir("tmrTexte", tmrTexte);
+  v.Voir("Timer3", Timer3);
+}
+
+void FeuilleAPropos::Load() {
+  Lier(*this);
+  VitesseTexte = kVitesse;
+  PeindreFond(*this);
+  Contour = CreerRegionImage(Dessin);
+  PreparerSurface(Picture1);
+  PeindreFondInformation(Picture1.Dessin);
+  Picture1.Top = Picture1.Left = 400;
+  Placer(Image2, 0, 0, Picture1.Width, Picture1.Height);
+  picTexte.Width = Picture2.Width;
+  PeindreBoutonFin(BoutonFin);
+  Top = fenetre.PicPourTissage.Top + fenetre.Top;
+  Left = fenetre.PicPourTissage.Left + fenetre.Left - 1000;
+  tmrDepart.Interval(1);
+}
+
+void AfficherAPropos() {
+  FeuilleAPropos &f = Charger(feuilleAPropos);
+  f.Visible = true;
+  plateforme().MontrerModal(f);
+}

@@ -1,0 +1,91 @@
+#include "platform/qt/FenetreNative.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+FenetreNative::FenetreNative(Fenetre &donnee, FenetreNative *principale, Porte &porte)
+    : donnee_(donnee), principale_(principale), porte_(porte) {}
+
+FenetreNative::~FenetreNative() {
+  // The widgets go first: they hold connections into the natives.
+  minuteries_.clear();
+  veilleur_.reset();
+  toile_.reset();
+}
+
+NatifFenetre &FenetreNative::Cadre() {
+  if (cadre_) return *cadre_;
+  QWidget *dessous = principale_ ? principale_->Cadre().Widget() : nullptr;
+  toile_ = std::make_unique<ToileDessin>(dessous);
+  toile_->setWindowFlags((dessous ? Qt::Dialog : Qt::Window) | Qt::FramelessWindowHint);
+  cadre_ = std::make_unique<NatifFenetre>(toile_.get(), donnee_, !dessous, porte_);
+  veilleur_ = std::make_unique<Veilleur>(*cadre_, !dessous, porte_);
+  veilleur_->Surveiller(*cadre_);
+  return *cadre_;
+}
+
+void FenetreNative::Refleter() {
+  if (!donnee_.Chargee) return Retirer();
+  Cadre();
+  ++passage_;
+  adresses_.clear();
+  adresses_.emplace(&donnee_, cadre_.get());
+  donnee_.Visiter(*this);
+  CacherAbsents();
+  cadre_->Refleter();  // last, so that the window appears complete
+}
+
+void FenetreNative::Retirer() {
+  if (cadre_) cadre_->Refleter();
+  for (auto &[nom, m] : minuteries_) {
+    m.horloge.stop();
+    m.montree.Oublier();
+  }
+}
+
+void FenetreNative::Voir(const std::string &nom, Controle &controle, Controle &parent) {
+  Place &place = places_[nom];
+  if (!place.natif) {
+    place.natif = CreerNatif(controle, adresses_.at(&parent)->Widget(), porte_);
+    veilleur_->Surveiller(*place.natif);
+  }
+  place.passage = passage_;
+  place.natif->Relier(controle);
+  adresses_.emplace(&controle, place.natif.get());
+  place.natif->Refleter();
+}
+
+void FenetreNative::Voir(const std::string &nom, Minuterie &minuterie) {
+  MinuterieNative &m = minuteries_[nom];
+  if (!m.donnee) {
+    m.horloge.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&m.horloge, &QTimer::timeout, &m.horloge, [this, &m] {
+      const auto tic = m.donnee->Timer;
+      if (tic) porte_.Passer(tic);
+    });
+  }
+  m.donnee = &minuterie;
+  m.passage = passage_;
+  m.montree.Suivre(porte_, {minuterie.Interval(), minuterie.Depart()}, [&](const auto &) {
+    if (minuterie.Interval() > 0)
+      m.horloge.start(minuterie.Interval());
+    else
+      m.horloge.stop();
+  });
+}
+
+void FenetreNative::CacherAbsents() {
+  for (auto &[nom, place] : places_)
+    if (place.passage != passage_ && !place.natif->Widget()->isHidden()) place.natif->Cacher();
+}
+
+void FenetreNative::Repeindre() {
+  if (!cadre_ || !toile_->isVisible()) return;
+  QEvent demande(QEvent::UpdateRequest);
+  QCoreApplication::sendEvent(toile_.get(), &demande);
+}
+
+Natif *FenetreNative::Trouver(const Controle &controle) const {
+  const auto place = adresses_.find(&controle);
+  return place == adresses_.end() ? nullptr : place->second;
+}

@@ -1,0 +1,55 @@
+// One window of the system with all its controls and timers, mirrored.
+#pragma once
+
+#include <QTimer>
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+#include "platform/qt/NatifFenetre.h"
+#include "platform/qt/Veilleur.h"
+
+class FenetreNative : private Visiteur {
+ public:
+  // `principale` is the main window, or null for itself; the others lie above it.
+  FenetreNative(Fenetre &donnee, FenetreNative *principale, Porte &porte);
+  ~FenetreNative() override;
+
+  // Moves what differs. The native window is made when the data is first loaded, and then only hidden.
+  void Refleter();
+  // Paints what was marked as changed, without running the event queue.
+  void Repeindre();
+
+  Fenetre &Donnee() const { return donnee_; }
+  NatifFenetre &Cadre();
+  // Of a control as it lay at the last mirroring; null for a stranger.
+  Natif *Trouver(const Controle &controle) const;
+
+ private:
+  struct MinuterieNative {
+    Minuterie *donnee = nullptr;
+    QTimer horloge;
+    Montre<std::tuple<int, unsigned>> montree;
+    unsigned passage = 0;
+  };
+  struct Place {
+    std::unique_ptr<Natif> natif;
+    unsigned passage = 0;
+  };
+
+  void Voir(const std::string &nom, Controle &controle, Controle &parent) override;
+  void Voir(const std::string &nom, Minuterie &minuterie) override;
+  void Retirer();
+  void CacherAbsents();
+
+  Fenetre &donnee_;
+  FenetreNative *principale_;
+  Porte &porte_;
+  std::unique_ptr<ToileDessin> toile_;
+  std::unique_ptr<NatifFenetre> cadre_;
+  std::unique_ptr<Veilleur> veilleur_;
+  std::unordered_map<std::string, Place> places_;
+  std::unordered_map<const Controle *, Natif *> adresses_;
+  std::unordered_map<std::string, MinuterieNative> minuteries_;
+  unsigned passage_ = 0;  // counts the walks, to find what a walk no longer met
+};

@@ -1,0 +1,27 @@
+#include "platform/qt/Habillage.h"
+
+#include <QApplication>
+#include <QProxyStyle>
+#include <QStyleFactory>
+
+#include "platform/qt/TexteNatif.h"
+
+namespace {
+class StyleChamps : public QProxyStyle {
+ public:
+  StyleChamps() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
+  int styleHint(StyleHint indice, const QStyleOption *option, const QWidget *widget,
+                QStyleHintReturn *retour) const override {
+    // A list of thousands of picks scrolls below its field instead of covering the screen.
+    if (indice == SH_ComboBox_Popup) return 0;
+    return QProxyStyle::styleHint(indice, option, widget, retour);
+  }
+};
+}  // namespace
+
+void HabillerApplication() {
+  auto *style = new StyleChamps;
+  QApplication::setStyle(style);
+  QApplication::setPalette(style->standardPalette());
+  QApplication::setFont(Fonte(Police{}));
+}

@@ -1,0 +1,5 @@
+// The look of native fields, the same under every desktop.
+#pragma once
+
+// To be called once, when the application object stands.
+void HabillerApplication();

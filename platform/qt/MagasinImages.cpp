@@ -1,0 +1,58 @@
+#include "platform/qt/MagasinImages.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QPainter>
+
+#include "base/ErreurExecution.h"
+#include "kit/Controles.h"
+
+namespace {
+QImage Lire(const QString &chemin) {
+  QImageReader lecteur(chemin);
+  lecteur.setDecideFormatFromContent(true);
+  return lecteur.read();
+}
+
+// Half-transparent pixels are laid over the grey that controls have by default.
+Surface EnSurface(const QImage &image) {
+  QImage opaque(image.size(), QImage::Format_RGB32);
+  opaque.fill(QColor::fromRgb(Gris(192)));
+  QPainter(&opaque).drawImage(0, 0, image);
+  Surface surface(opaque.width(), opaque.height(), Gris(192));
+  for (int y = 0; y < opaque.height(); ++y) {
+    const auto *ligne = reinterpret_cast<const QRgb *>(opaque.constScanLine(y));
+    for (int x = 0; x < opaque.width(); ++x) surface.PSet(x, y, ligne[x] & 0xffffffu);
+  }
+  return surface;
+}
+}  // namespace
+
+const QImage &MagasinImages::Nommee(const std::string &nom) {
+  const auto connue = nommees_.find(nom);
+  if (connue != nommees_.end()) return connue->second;
+  const QString fin = QStringLiteral("/Images/") + QString::fromStdString(nom) + QStringLiteral(".png");
+  QImage image;
+  for (const std::string &dossier : dossiers_)
+    if (image.isNull()) image = Lire(QString::fromStdString(dossier) + fin);
+  if (image.isNull()) image = Lire(QStringLiteral(":") + fin);
+  if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
+  return nommees_[nom] = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+const Surface &MagasinImages::Picture(const std::string &nom) {
+  const auto connue = surfaces_.find(nom);
+  if (connue != surfaces_.end()) return connue->second;
+  return surfaces_[nom] = EnSurface(Nommee(nom));
+}
+
+const Surface &MagasinImages::LoadPicture(const std::string &chemin) {
+  const auto connue = fichiers_.find(chemin);
+  if (connue != fichiers_.end()) return connue->second;
+  const QString fichier = QFile::decodeName(chemin.c_str());
+  if (!QFileInfo::exists(fichier)) throw ErreurExecution(Erreur::FichierIntrouvable);
+  const QImage image = Lire(fichier);
+  if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
+  return fichiers_[chemin] = EnSurface(image);
+}

@@ -1,0 +1,27 @@
+// The pictures of the program and the picture files, each read once.
+#pragma once
+
+#include <QImage>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "kit/Surface.h"
+
+class MagasinImages {
+ public:
+  // Folders that hold `Images/NAME.png`, the first that has the picture counts; after them the resources.
+  explicit MagasinImages(std::vector<std::string> dossiers) : dossiers_(std::move(dossiers)) {}
+
+  // A picture of the program with its transparency, for what the mirror shows by name; fails with 481.
+  const QImage &Nommee(const std::string &nom);
+  // The same as plain pixels.
+  const Surface &Picture(const std::string &nom);
+  // A picture file; fails with 53 or 481. A file that failed is looked at again.
+  const Surface &LoadPicture(const std::string &chemin);
+
+ private:
+  std::vector<std::string> dossiers_;
+  std::map<std::string, QImage> nommees_;
+  std::map<std::string, Surface> surfaces_, fichiers_;
+};

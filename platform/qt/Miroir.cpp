@@ -1,0 +1,55 @@
+#include "platform/qt/Miroir.h"
+
+Miroir::Miroir(MagasinImages &images, std::function<void(const std::string &)> rapporter)
+    : porte_(images, std::move(rapporter)) {
+  porte_.Refleter = [this] { Refleter(); };
+}
+
+Miroir::~Miroir() {
+  Fermer();
+  while (!fenetres_.empty()) fenetres_.pop_back();  // the main window's native holds the others
+}
+
+void Miroir::Ajouter(Fenetre &fenetre) {
+  if (Trouver(fenetre)) return;
+  FenetreNative *principale = fenetres_.empty() ? nullptr : fenetres_.front().get();
+  fenetres_.push_back(std::make_unique<FenetreNative>(fenetre, principale, porte_));
+}
+
+void Miroir::Refleter() {
+  porte_.Ecrire([this] {
+    for (const auto &f : fenetres_) f->Refleter();
+  });
+}
+
+void Miroir::Repeindre() {
+  for (const auto &f : fenetres_) f->Repeindre();
+}
+
+void Miroir::Modale(Fenetre &fenetre, bool modale) {
+  if (FenetreNative *f = Trouver(fenetre)) f->Cadre().Modale(modale);
+}
+
+void Miroir::DonnerFocus(Controle &controle) {
+  Refleter();
+  if (QWidget *w = Widget(controle)) {
+    w->window()->activateWindow();
+    w->setFocus(Qt::OtherFocusReason);
+  }
+}
+
+QWidget *Miroir::Widget(const Controle &controle) const {
+  for (const auto &f : fenetres_)
+    if (Natif *natif = f->Trouver(controle)) return natif->Widget();
+  return nullptr;
+}
+
+QWidget *Miroir::Principale() const {
+  return fenetres_.empty() ? nullptr : Widget(fenetres_.front()->Donnee());
+}
+
+FenetreNative *Miroir::Trouver(const Fenetre &fenetre) const {
+  for (const auto &f : fenetres_)
+    if (&f->Donnee() == &fenetre) return f.get();
+  return nullptr;
+}

@@ -1,0 +1,48 @@
+// Mirrors the windows of the system, which are plain data, onto native ones, and lets their events in.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "kit/Controles.h"
+#include "platform/qt/FenetreNative.h"
+#include "platform/qt/Porte.h"
+
+class Miroir {
+ public:
+  // `rapporter` receives the report of a failure that nobody caught, and does not come back.
+  Miroir(MagasinImages &images, std::function<void(const std::string &)> rapporter);
+  ~Miroir();
+
+  // The first window is the main window. A window that is known already is not added again.
+  void Ajouter(Fenetre &fenetre);
+
+  // Brings every window up to its data; writes nothing where nothing changed, and runs no events.
+  void Refleter();
+  // Paints at once what `Refleter` changed.
+  void Repeindre();
+
+  // Runs a procedure as an event.
+  void Passer(const std::function<void()> &procedure) { porte_.Passer(procedure); }
+  // No event comes in any more.
+  void Fermer() { porte_.Fermer(); }
+  // Runs after every event.
+  void ApresEvenement(std::function<void()> apres) { porte_.Apres = std::move(apres); }
+
+  void Modale(Fenetre &fenetre, bool modale);
+  void DonnerFocus(Controle &controle);
+
+  // The native widget of a control or window; null while there is none.
+  QWidget *Widget(const Controle &controle) const;
+  // The main window's, null before its first mirroring.
+  QWidget *Principale() const;
+  // Properties written so far.
+  long Ecritures() const { return porte_.Ecritures(); }
+
+ private:
+  FenetreNative *Trouver(const Fenetre &fenetre) const;
+  Porte porte_;
+  std::vector<std::unique_ptr<FenetreNative>> fenetres_;
+};

@@ -1,0 +1,72 @@
+#include "platform/qt/Natif.h"
+
+#include <QCursor>
+#include <QPixmap>
+
+#include "platform/qt/TexteNatif.h"
+
+Natif::Natif(QWidget *widget, Controle &donnee, Porte &porte)
+    : porte_(porte), widget_(widget), donnee_(&donnee) {
+  if (!widget_->isWindow()) widget_->hide();
+}
+
+bool Natif::Bouton() const {
+  const Genre genre = donnee_->genre();
+  return donnee_->Click && (genre == Genre::Boite || genre == Genre::Image);
+}
+
+void Natif::Refleter() {
+  RefleterGenre();
+  RefleterPointeur();
+  RefleterFocus();
+  RefleterPlace();
+}
+
+void Natif::RefleterPlace() {
+  place_.Suivre(porte_, Pixels(*donnee_), [&](const QRect &r) { widget_->setGeometry(r); });
+  visible_.Suivre(porte_, donnee_->Visible, [&](bool visible) {
+    if (visible)
+      widget_->show();
+    else
+      Cacher();
+  });
+}
+
+void Natif::Cacher() {
+  // Else the toolkit would hand the keyboard to some field that the weaver did not choose.
+  QWidget *focus = widget_->window()->focusWidget();
+  if (focus && (focus == widget_ || widget_->isAncestorOf(focus))) widget_->window()->setFocus();
+  widget_->hide();
+  visible_.Savoir(false);
+}
+
+void Natif::RefleterPointeur() {
+  pointeur_.Suivre(porte_, {donnee_->MousePointer, donnee_->MouseIcon}, [&](const auto &voulu) {
+    const auto &[forme, image] = voulu;
+    if (forme == kPointeurDeplacer)
+      widget_->setCursor(Qt::SizeAllCursor);
+    else if (forme == kPointeurPerso && !image.empty())
+      widget_->setCursor(QCursor(QPixmap::fromImage(porte_.Images.Nommee(image)), 0, 0));
+    else
+      widget_->unsetCursor();
+  });
+}
+
+void Natif::RefleterFocus() {
+  nomAccessible_.Suivre(porte_, donnee_->NomAccessible,
+                        [&](const std::string &nom) { widget_->setAccessibleName(Texte(nom)); });
+  if (!Saisie())
+    bouton_.Suivre(porte_, Bouton(),
+                   [&](bool oui) { widget_->setFocusPolicy(oui ? Qt::TabFocus : Qt::NoFocus); });
+}
+
+std::unique_ptr<Natif> CreerNatif(Controle &donnee, QWidget *parent, Porte &porte) {
+  switch (donnee.genre()) {
+    case Genre::Texte:
+    case Genre::Liste:
+    case Genre::Case:
+      return CreerNatifSaisie(donnee, parent, porte);
+    default:
+      return CreerNatifPeint(donnee, parent, porte);
+  }
+}

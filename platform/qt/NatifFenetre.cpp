@@ -1,0 +1,123 @@
+#include "platform/qt/NatifFenetre.h"
+
+#include <QRegion>
+#include <QTimer>
+#include <algorithm>
+#include <cstdlib>
+
+#include "platform/qt/TexteNatif.h"
+
+namespace {
+constexpr Qt::WindowState kEtats[] = {Qt::WindowNoState, Qt::WindowMinimized, Qt::WindowMaximized};
+
+// Runs in order from top left, those that touch joined: what the toolkit wants of a list of rectangles.
+QRegion EnRegion(Region contour) {
+  std::sort(contour.begin(), contour.end(), [](const Segment &a, const Segment &b) {
+    return std::tie(a.y, a.gauche) < std::tie(b.y, b.gauche);
+  });
+  std::vector<QRect> bandes;
+  for (const Segment &s : contour) {
+    if (s.gauche >= s.droite) continue;
+    QRect *derniere = bandes.empty() ? nullptr : &bandes.back();
+    if (derniere && derniere->top() == s.y && s.gauche <= derniere->right() + 1)
+      derniere->setRight(std::max(derniere->right(), s.droite - 1));
+    else
+      bandes.emplace_back(s.gauche, s.y, s.droite - s.gauche, 1);
+  }
+  QRegion region;
+  region.setRects(bandes.data(), static_cast<int>(bandes.size()));
+  return region;
+}
+
+QRect PlaceEcran(const Fenetre &f) {
+  const auto pixel = [](double twips) { return qRound(twips / kTwipsParPixel); };
+  return Pixels(f).translated(pixel(f.DecalageX), pixel(f.DecalageY));
+}
+
+int EtatActuel(const QWidget *cadre) {
+  if (cadre->isMinimized()) return 1;
+  return cadre->isMaximized() ? 2 : 0;
+}
+}  // namespace
+
+NatifFenetre::NatifFenetre(ToileDessin *cadre, Fenetre &donnee, bool principale, Porte &porte)
+    : Natif(cadre, donnee, porte), cadre_(cadre), principale_(principale) {
+  cadre->setAttribute(Qt::WA_ShowWithoutActivating, !principale);
+  cadre->setFocus();  // else the first field would have the keyboard
+}
+
+void NatifFenetre::Modale(bool modale) {
+  cadre_->setWindowModality(modale ? Qt::ApplicationModal : Qt::NonModal);
+  cadre_->setAttribute(Qt::WA_ShowWithoutActivating, !modale && !principale_);
+}
+
+void NatifFenetre::RefleterGenre() {
+  const Fenetre &f = LaFenetre();
+  titre_.Suivre(porte_, f.Caption, [&](const std::string &t) { cadre_->setWindowTitle(Texte(t)); });
+  fond_.Suivre(porte_, f.BackColor, [&](Couleur c) { cadre_->Fond(c, false); });
+  version_.Suivre(porte_, f.Dessin.Version(), [&](auto) { cadre_->Dessin(f.Dessin); });
+  contour_.Suivre(porte_, f.Contour, [&](const Region &contour) {
+    if (contour.empty())
+      cadre_->clearMask();
+    else
+      cadre_->setMask(EnRegion(contour));
+  });
+}
+
+void NatifFenetre::RefleterPlace() {
+  const Fenetre &f = LaFenetre();
+  place_.Suivre(porte_, PlaceEcran(f), [&](const QRect &r) {
+    cadre_->setFixedSize(r.size());
+    cadre_->move(r.topLeft());
+  });
+  etat_.Suivre(porte_, f.WindowState, [&](int etat) {
+    if (etat < 0 || etat > 2) return;
+    if (etatConnu_ || etat != 0) cadre_->setWindowState(kEtats[etat]);
+    if (etatConnu_) AnnoncerResize();
+    etatConnu_ = true;
+  });
+  visible_.Suivre(porte_, f.Visible && f.Chargee, [&](bool visible) {
+    if (visible)
+      Paraitre();
+    else
+      cadre_->hide();
+  });
+}
+
+void NatifFenetre::Paraitre() {
+  cadre_->show();
+  cadre_->raise();
+  if (!cadre_->testAttribute(Qt::WA_ShowWithoutActivating)) cadre_->activateWindow();
+}
+
+void NatifFenetre::AnnoncerResize() {
+  // A state set by a procedure has its event too, behind that procedure.
+  QTimer::singleShot(0, cadre_, [this] {
+    const auto resize = LaFenetre().Resize;
+    if (resize) porte_.Passer(resize);
+  });
+}
+
+void NatifFenetre::Deplacee() {
+  // Rounding at fractional screen scales is no move.
+  constexpr int kTolerance = 2;
+  Fenetre &f = LaFenetre();
+  if (!porte_.Ouverte() || !cadre_->isVisible() || f.WindowState != 0) return;
+  const QRect voulu = PlaceEcran(f);
+  const QPoint ecart = cadre_->pos() - voulu.topLeft();
+  if (std::abs(ecart.x()) <= kTolerance && std::abs(ecart.y()) <= kTolerance) return;
+  f.Left = Twips(cadre_->x()) - f.DecalageX;
+  f.Top = Twips(cadre_->y()) - f.DecalageY;
+  place_.Savoir(PlaceEcran(f));
+}
+
+void NatifFenetre::EtatChange() {
+  const int etat = EtatActuel(cadre_);
+  if (!porte_.Ouverte() || etat == LaFenetre().WindowState) return;
+  porte_.Passer([this, etat] {
+    LaFenetre().WindowState = etat;
+    etat_.Savoir(etat);
+    const auto resize = LaFenetre().Resize;
+    if (resize) resize();
+  });
+}

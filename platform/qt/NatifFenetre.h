@@ -1,0 +1,34 @@
+// A whole window as a native one: frameless, with its outline, place, state and timers.
+#pragma once
+
+#include "platform/qt/Natif.h"
+#include "platform/qt/Toiles.h"
+
+class NatifFenetre : public Natif {
+ public:
+  NatifFenetre(ToileDessin *cadre, Fenetre &donnee, bool principale, Porte &porte);
+
+  Fenetre &LaFenetre() const { return Donnee<Fenetre>(); }
+  // Blocks the other windows from its next showing on, and takes the keyboard then.
+  void Modale(bool modale);
+  // The window manager moved the window, or changed its state.
+  void Deplacee();
+  void EtatChange();
+
+ protected:
+  void RefleterGenre() override;
+  void RefleterPlace() override;
+
+ private:
+  void Paraitre();
+  void AnnoncerResize();
+
+  ToileDessin *cadre_;
+  const bool principale_;
+  Montre<Couleur> fond_;
+  Montre<std::uint64_t> version_;
+  Montre<std::string> titre_;
+  Montre<Region> contour_;
+  Montre<int> etat_;
+  bool etatConnu_ = false;
+};

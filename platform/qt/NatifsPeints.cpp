@@ -1,0 +1,163 @@
+// Boxes, pictures, labels, outlines and the draft.
+#include <QLabel>
+
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "platform/qt/Natif.h"
+#include "platform/qt/TexteNatif.h"
+#include "platform/qt/Toiles.h"
+
+namespace {
+class NatifBoite : public Natif {
+ public:
+  NatifBoite(ToileDessin *toile, BoitePicture &donnee, Porte &porte)
+      : Natif(toile, donnee, porte), toile_(toile) {}
+
+ protected:
+  void RefleterGenre() override {
+    const auto &boite = Donnee<BoitePicture>();
+    fond_.Suivre(porte_, {boite.BackColor, boite.Transparent},
+                 [&](const auto &) { toile_->Fond(boite.BackColor, boite.Transparent); });
+    version_.Suivre(porte_, boite.Dessin.Version(), [&](auto) { toile_->Dessin(boite.Dessin); });
+  }
+
+ private:
+  ToileDessin *toile_;
+  Montre<std::tuple<Couleur, bool>> fond_;
+  Montre<std::uint64_t> version_;
+};
+
+class NatifGrille : public NatifBoite {
+ public:
+  NatifGrille(ToileGrille *toile, PanneauGrille &donnee, Porte &porte)
+      : NatifBoite(toile, donnee, porte), grille_(toile) {}
+
+ protected:
+  void RefleterGenre() override {
+    NatifBoite::RefleterGenre();
+    cases_.Suivre(porte_, Releve(), [&](const ToileGrille::Cases &cases) {
+      if (!imagesLues_) LireImages();
+      grille_->Montrer(cases);
+    });
+  }
+
+ private:
+  ToileGrille::Cases Releve() const {
+    const auto &grille = static_cast<const PanneauGrille &>(Natif::Donnee());
+    ToileGrille::Cases releve;
+    std::size_t i = 0;
+    for (int r = 1; r <= ToileGrille::kRangees; ++r)
+      for (int j = 1; j <= ToileGrille::kColonnes; ++j) {
+        const CaseDuite &c = grille.Cases[r][j];
+        releve[i++] = c.Visible ? static_cast<signed char>(c.Picture) : ToileGrille::kCachee;
+      }
+    return releve;
+  }
+
+  void LireImages() {
+    // In the order of ImageCase.
+    grille_->Images({porte_.Images.Nommee("PicBlanc"), porte_.Images.Nommee("PicNoir"),
+                     porte_.Images.Nommee("PicRouge")});
+    imagesLues_ = true;
+  }
+
+  ToileGrille *grille_;
+  Montre<ToileGrille::Cases> cases_;
+  bool imagesLues_ = false;
+};
+
+class NatifImage : public Natif {
+ public:
+  NatifImage(ToileImage *toile, Image &donnee, Porte &porte) : Natif(toile, donnee, porte), toile_(toile) {}
+
+ protected:
+  void RefleterGenre() override {
+    picture_.Suivre(porte_, Donnee<Image>().Picture, [&](const std::string &nom) {
+      toile_->Picture(nom.empty() ? QImage() : porte_.Images.Nommee(nom));
+    });
+  }
+
+ private:
+  ToileImage *toile_;
+  Montre<std::string> picture_;
+};
+
+class NatifForme : public Natif {
+ public:
+  NatifForme(ToileForme *toile, Forme &donnee, Porte &porte) : Natif(toile, donnee, porte), toile_(toile) {}
+
+ protected:
+  void RefleterGenre() override {
+    const auto &forme = Donnee<Forme>();
+    bord_.Suivre(porte_, {forme.BorderColor, forme.BorderWidth},
+                 [&](const auto &) { toile_->Bord(forme.BorderColor, forme.BorderWidth); });
+  }
+
+ private:
+  ToileForme *toile_;
+  Montre<std::tuple<Couleur, int>> bord_;
+};
+
+class NatifEtiquette : public Natif {
+ public:
+  NatifEtiquette(QLabel *label, Etiquette &donnee, Porte &porte)
+      : Natif(label, donnee, porte), label_(label) {
+    label_->setTextFormat(Qt::PlainText);
+    label_->setMargin(0);
+    label_->setIndent(0);
+  }
+
+ protected:
+  void RefleterGenre() override {
+    const auto &e = Donnee<Etiquette>();
+    fonte_.Suivre(porte_, e.Font, [&](const Police &police) { label_->setFont(Fonte(police)); });
+    couleur_.Suivre(porte_, e.ForeColor, [&](Couleur c) {
+      QPalette palette = label_->palette();
+      palette.setColor(QPalette::WindowText, Teinte(c));
+      label_->setPalette(palette);
+    });
+    const QSize taille = Pixels(e).size();
+    const bool plusieurs = taille.height() >= 2 * label_->fontMetrics().height();
+    forme_.Suivre(porte_, {e.Alignment, plusieurs}, [&](const auto &) { Aligner(e.Alignment, plusieurs); });
+    texte_.Suivre(porte_, {e.Caption, e.Abreger, e.Abreger ? taille.width() : 0, e.Font},
+                  [&](const auto &) { Ecrire(Texte(e.Caption), e.Abreger, taille.width()); });
+  }
+
+ private:
+  void Aligner(Alignement alignement, bool plusieurs) {
+    const Qt::Alignment cote = alignement == Alignement::Gauche   ? Qt::AlignLeft
+                               : alignement == Alignement::Centre ? Qt::AlignHCenter
+                                                                  : Qt::AlignRight;
+    label_->setAlignment(cote | Qt::AlignTop);
+    label_->setWordWrap(plusieurs);
+  }
+
+  void Ecrire(const QString &entier, bool abreger, int largeur) {
+    const QString court =
+        abreger ? label_->fontMetrics().elidedText(entier, Qt::ElideMiddle, largeur) : entier;
+    label_->setText(court);
+    label_->setToolTip(court == entier ? QString() : entier);
+  }
+
+  QLabel *label_;
+  Montre<Police> fonte_;
+  Montre<Couleur> couleur_;
+  Montre<std::tuple<Alignement, bool>> forme_;
+  Montre<std::tuple<std::string, bool, int, Police>> texte_;
+};
+}  // namespace
+
+std::unique_ptr<Natif> CreerNatifPeint(Controle &donnee, QWidget *parent, Porte &porte) {
+  if (auto *grille = dynamic_cast<PanneauGrille *>(&donnee))
+    return std::make_unique<NatifGrille>(new ToileGrille(parent), *grille, porte);
+  switch (donnee.genre()) {
+    case Genre::Image:
+      return std::make_unique<NatifImage>(new ToileImage(parent), static_cast<Image &>(donnee), porte);
+    case Genre::Etiquette:
+      return std::make_unique<NatifEtiquette>(new QLabel(parent), static_cast<Etiquette &>(donnee), porte);
+    case Genre::Forme:
+      return std::make_unique<NatifForme>(new ToileForme(parent), static_cast<Forme &>(donnee), porte);
+    default:
+      return std::make_unique<NatifBoite>(new ToileDessin(parent), static_cast<BoitePicture &>(donnee),
+                                          porte);
+  }
+}

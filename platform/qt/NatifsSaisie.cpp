@@ -1,0 +1,277 @@
+// Text fields, list fields and check boxes: what the weaver enters is written into the data.
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <algorithm>
+
+#include "platform/qt/Natif.h"
+#include "platform/qt/TexteNatif.h"
+
+namespace {
+// What both kinds of text field share.
+class NatifTexte : public Natif {
+ public:
+  using Natif::Natif;
+  bool Saisie() const override { return true; }
+  bool Ecriture() const override { return true; }
+
+ protected:
+  using Selection = std::tuple<int, int>;
+  virtual void PoserTexte(const QString &texte) = 0;
+  virtual void PoserSelection(int debut, int longueur) = 0;
+  virtual QString TexteNatifActuel() const = 0;
+  virtual Selection SelectionActuelle() const = 0;
+
+  void RefleterGenre() override {
+    const auto &zone = Donnee<ZoneTexte>();
+    texte_.Suivre(porte_, zone.Text, [&](const std::string &t) {
+      PoserTexte(Texte(t));
+      selection_.Oublier();  // a new text moves the cursor
+    });
+    selection_.Suivre(porte_, {zone.SelStart, zone.SelLength},
+                      [&](const Selection &) { PoserSelection(zone.SelStart, zone.SelLength); });
+  }
+
+  // The weaver typed, pasted or erased.
+  void Saisi() {
+    porte_.Passer([this] {
+      auto &zone = Donnee<ZoneTexte>();
+      zone.Text = Octets(TexteNatifActuel());
+      texte_.Savoir(zone.Text);
+      LireSelection();
+    });
+  }
+
+  void Deplace() {
+    if (porte_.Ouverte()) LireSelection();
+  }
+
+ private:
+  void LireSelection() {
+    auto &zone = Donnee<ZoneTexte>();
+    const Selection actuelle = SelectionActuelle();
+    std::tie(zone.SelStart, zone.SelLength) = actuelle;
+    selection_.Savoir(actuelle);
+  }
+
+  Montre<std::string> texte_;
+  Montre<Selection> selection_;
+};
+
+class NatifLigne : public NatifTexte {
+ public:
+  NatifLigne(QLineEdit *ligne, ZoneTexte &donnee, Porte &porte)
+      : NatifTexte(ligne, donnee, porte), ligne_(ligne) {
+    QObject::connect(ligne, &QLineEdit::textEdited, ligne, [this] { Saisi(); });
+    QObject::connect(ligne, &QLineEdit::cursorPositionChanged, ligne, [this] { Deplace(); });
+    QObject::connect(ligne, &QLineEdit::selectionChanged, ligne, [this] { Deplace(); });
+  }
+
+ protected:
+  void PoserTexte(const QString &texte) override { ligne_->setText(texte); }
+  void PoserSelection(int debut, int longueur) override {
+    if (longueur > 0)
+      ligne_->setSelection(debut, longueur);
+    else
+      ligne_->setCursorPosition(debut);
+  }
+  QString TexteNatifActuel() const override { return ligne_->text(); }
+  Selection SelectionActuelle() const override {
+    if (ligne_->hasSelectedText()) return {ligne_->selectionStart(), ligne_->selectionLength()};
+    return {ligne_->cursorPosition(), 0};
+  }
+
+ private:
+  QLineEdit *ligne_;
+};
+
+class NatifBloc : public NatifTexte {
+ public:
+  NatifBloc(QPlainTextEdit *bloc, ZoneTexte &donnee, Porte &porte)
+      : NatifTexte(bloc, donnee, porte), bloc_(bloc) {
+    bloc->setTabChangesFocus(true);
+    bloc->viewport()->setMouseTracking(true);
+    // This one also comes of setters; the gate drops it then.
+    QObject::connect(bloc, &QPlainTextEdit::textChanged, bloc, [this] { Saisi(); });
+    QObject::connect(bloc, &QPlainTextEdit::cursorPositionChanged, bloc, [this] { Deplace(); });
+    QObject::connect(bloc, &QPlainTextEdit::selectionChanged, bloc, [this] { Deplace(); });
+  }
+  std::vector<QWidget *> Sources() const override { return {bloc_, bloc_->viewport()}; }
+
+ protected:
+  void PoserTexte(const QString &texte) override { bloc_->setPlainText(texte); }
+  void PoserSelection(int debut, int longueur) override {
+    const int fin = bloc_->document()->characterCount() - 1;
+    QTextCursor curseur = bloc_->textCursor();
+    curseur.setPosition(std::clamp(debut, 0, fin));
+    curseur.setPosition(std::clamp(debut + longueur, 0, fin), QTextCursor::KeepAnchor);
+    bloc_->setTextCursor(curseur);
+    bloc_->ensureCursorVisible();
+  }
+  // The system's own line ends are CR LF.
+  QString TexteNatifActuel() const override { return bloc_->toPlainText().replace(u'\n', u"\r\n"_qs); }
+  Selection SelectionActuelle() const override {
+    const QTextCursor curseur = bloc_->textCursor();
+    return {curseur.selectionStart(), curseur.selectionEnd() - curseur.selectionStart()};
+  }
+
+ private:
+  QPlainTextEdit *bloc_;
+};
+
+class NatifListe : public Natif {
+ public:
+  NatifListe(QComboBox *combo, ListeChoix &donnee, Porte &porte)
+      : Natif(combo, donnee, porte), combo_(combo) {
+    combo->setInsertPolicy(QComboBox::NoInsert);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    combo->setMaxVisibleItems(14);
+    if (donnee.Saisie) OuvrirSaisie();
+    QObject::connect(combo, &QComboBox::activated, combo, [this](int rang) { Choisi(rang); });
+  }
+  bool Saisie() const override { return true; }
+  bool Ecriture() const override { return combo_->isEditable(); }
+  bool ClicPropre() const override { return true; }
+  std::vector<QWidget *> Sources() const override {
+    if (combo_->isEditable()) return {combo_, combo_->lineEdit()};
+    return {combo_};
+  }
+
+ protected:
+  void RefleterGenre() override {
+    const auto &liste = Donnee<ListeChoix>();
+    liste_.Suivre(porte_, liste.Liste, [&](const std::vector<std::string> &elements) {
+      Remplir(elements);
+      texte_.Oublier();
+    });
+    texte_.Suivre(porte_, liste.Text, [&](const std::string &t) { Montrer(t, liste.Liste); });
+  }
+
+ private:
+  void OuvrirSaisie() {
+    combo_->setEditable(true);
+    combo_->setCompleter(nullptr);  // it would finish the weaver's number for him
+    combo_->lineEdit()->setMouseTracking(true);
+    QObject::connect(combo_->lineEdit(), &QLineEdit::textEdited, combo_,
+                     [this](const QString &t) { Entrer(Octets(t)); });
+  }
+
+  void Remplir(const std::vector<std::string> &elements) {
+    QStringList textes;
+    textes.reserve(static_cast<qsizetype>(elements.size()));
+    for (const std::string &e : elements) textes << Texte(e);
+    combo_->clear();
+    combo_->addItems(textes);
+  }
+
+  // A text that is not in the list is shown all the same.
+  void Montrer(const std::string &texte, const std::vector<std::string> &elements) {
+    const auto place = std::find(elements.begin(), elements.end(), texte);
+    const bool absent = place == elements.end();
+    // First the placeholder: emptying it makes the toolkit choose an item.
+    if (!combo_->isEditable()) combo_->setPlaceholderText(absent ? Texte(texte) : QString());
+    combo_->setCurrentIndex(absent ? -1 : static_cast<int>(place - elements.begin()));
+    if (combo_->isEditable() && combo_->currentText() != Texte(texte)) combo_->setEditText(Texte(texte));
+  }
+
+  void Choisi(int rang) {
+    if (!porte_.Ouverte()) return;
+    const auto &elements = Donnee<ListeChoix>().Liste;
+    if (rang >= 0 && static_cast<std::size_t>(rang) < elements.size())
+      Entrer(elements[static_cast<std::size_t>(rang)]);
+  }
+
+  void Entrer(const std::string &texte) {
+    porte_.Passer([this, texte] {
+      auto &liste = Donnee<ListeChoix>();
+      liste.Text = texte;
+      texte_.Savoir(texte);
+      const auto clic = liste.Click;
+      if (clic) clic();
+    });
+  }
+
+  QComboBox *combo_;
+  Montre<std::vector<std::string>> liste_;
+  Montre<std::string> texte_;
+};
+
+// A check box that fills the place it is given, mark and all.
+class CaseNative : public QCheckBox {
+ public:
+  using QCheckBox::QCheckBox;
+
+ protected:
+  bool hitButton(const QPoint &place) const override { return rect().contains(place); }
+  void paintEvent(QPaintEvent *) override {
+    QPainter p(this);
+    const QRectF cadre = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
+    p.setPen(hasFocus() ? QPen(QColor(0xfb, 0xab, 0x0c), 2) : QPen(QColor(0x2b, 0x26, 0x21), 1));
+    p.setBrush(isDown() ? QColor(0xd2, 0xd2, 0xd2) : QColor(Qt::white));
+    p.drawRect(cadre);
+    if (!isChecked()) return;
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setPen(QPen(QColor(0x1f, 0x7a, 0x3a), 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    auto point = [&](double x, double y) {
+      return QPointF(cadre.left() + x * cadre.width(), cadre.top() + y * cadre.height());
+    };
+    const QPointF coche[] = {point(0.22, 0.52), point(0.43, 0.75), point(0.80, 0.24)};
+    p.setBrush(Qt::NoBrush);
+    p.drawPolyline(coche, 3);
+  }
+};
+
+class NatifCase : public Natif {
+ public:
+  NatifCase(CaseNative *coche, CaseCochee &donnee, Porte &porte) : Natif(coche, donnee, porte), case_(coche) {
+    QObject::connect(coche, &QCheckBox::clicked, coche, [this](bool valeur) {
+      porte_.Passer([this, valeur] {
+        auto &c = Donnee<CaseCochee>();
+        c.Value = valeur;
+        valeur_.Savoir(valeur);
+        const auto clic = c.Click;
+        if (clic) clic();
+      });
+    });
+  }
+  bool Saisie() const override { return true; }
+  bool ClicPropre() const override { return true; }
+
+ protected:
+  void RefleterGenre() override {
+    valeur_.Suivre(porte_, Donnee<CaseCochee>().Value, [&](bool v) { case_->setChecked(v); });
+  }
+
+ private:
+  CaseNative *case_;
+  Montre<bool> valeur_;
+};
+
+// The same light field under every desktop theme.
+template <class W>
+W *Champ(QWidget *parent) {
+  W *champ = new W(parent);
+  champ->setFont(Fonte(Police{}));
+  champ->setFocusPolicy(Qt::StrongFocus);  // not by the wheel
+  QPalette palette = champ->palette();
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
+  palette.setColor(QPalette::ButtonText, Qt::black);
+  palette.setColor(QPalette::PlaceholderText, Qt::black);
+  champ->setPalette(palette);
+  return champ;
+}
+}  // namespace
+
+std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Porte &porte) {
+  if (donnee.genre() == Genre::Liste)
+    return std::make_unique<NatifListe>(Champ<QComboBox>(parent), static_cast<ListeChoix &>(donnee), porte);
+  if (donnee.genre() == Genre::Case)
+    return std::make_unique<NatifCase>(Champ<CaseNative>(parent), static_cast<CaseCochee &>(donnee), porte);
+  auto &zone = static_cast<ZoneTexte &>(donnee);
+  if (zone.Multiligne) return std::make_unique<NatifBloc>(Champ<QPlainTextEdit>(parent), zone, porte);
+  return std::make_unique<NatifLigne>(Champ<QLineEdit>(parent), zone, porte);
+}

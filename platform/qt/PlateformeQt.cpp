@@ -1,0 +1,150 @@
+#include "platform/qt/PlateformeQt.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QDesktopServices>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QIcon>
+#include <QMessageBox>
+#include <QScreen>
+#include <QUrl>
+
+#include "platform/qt/Rapport.h"
+#include "platform/qt/TexteNatif.h"
+
+namespace {
+constexpr int kAjouter = 0;
+constexpr int kBoutonGaucheEnfonce = 513;
+
+// "Label|*.ext|Label|*.ext": each label with its pattern in parentheses, which the dialog matches in any
+// case.
+QStringList Filtres(const std::string &filtre) {
+  const QStringList parties = Texte(filtre).split(u'|');
+  QStringList filtres;
+  for (qsizetype i = 0; i + 1 < parties.size(); i += 2) {
+    const bool complet =
+        parties[i].contains(QStringLiteral("(") + parties[i + 1] + u')', Qt::CaseInsensitive);
+    filtres << (complet ? parties[i] : parties[i] + QStringLiteral(" (") + parties[i + 1] + u')');
+  }
+  return filtres;
+}
+}  // namespace
+
+PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
+    : dossiers_(dossiers),
+      images_({dossiers.programme, dossiers.partage}),
+      port_(dossiers.programme),
+      miroir_(images_, [this](const std::string &rapport) {
+        miroir_.Fermer();
+        RapporterEtFinir(rapport);
+      }) {
+  miroir_.ApresEvenement([this] { FinirAttentes(); });
+  for (const std::string &dossier : {dossiers.partage, dossiers.programme}) {
+    const QString icone = QString::fromStdString(dossier + "/Images/Brandis.png");
+    if (QFileInfo::exists(icone)) QApplication::setWindowIcon(QIcon(icone));
+  }
+}
+
+void PlateformeQt::ShowOpen(DialogueFichier &dialogue) {
+  miroir_.Refleter();
+  QFileDialog choix(miroir_.Principale());
+  choix.setOption(QFileDialog::DontUseNativeDialog);
+  choix.setAcceptMode(QFileDialog::AcceptOpen);
+  choix.setFileMode(QFileDialog::AnyFile);  // a name that does not exist is the reader's to refuse
+  choix.setNameFilters(Filtres(dialogue.Filter));
+  choix.setDirectory(QFileInfo(QFile::decodeName(dialogue.FileName.c_str())).path());
+  if (choix.exec() == QDialog::Accepted && !choix.selectedFiles().isEmpty())
+    dialogue.FileName = QFile::encodeName(choix.selectedFiles().first()).toStdString();
+  else if (dialogue.CancelError)
+    throw ErreurExecution(Erreur::DialogueAnnule);
+}
+
+void PlateformeQt::DoEvents() {
+  miroir_.Refleter();
+  QCoreApplication::processEvents();
+}
+
+void PlateformeQt::Rafraichir() {
+  miroir_.Refleter();
+  miroir_.Repeindre();
+}
+
+void PlateformeQt::Montrer(Fenetre &fenetre) {
+  miroir_.Ajouter(fenetre);
+  fenetre.Visible = true;
+  miroir_.Refleter();
+}
+
+void PlateformeQt::MontrerModal(Fenetre &fenetre) {
+  if (terminee_) return;
+  miroir_.Ajouter(fenetre);
+  miroir_.Modale(fenetre, true);
+  fenetre.Visible = true;
+  miroir_.Refleter();
+  QEventLoop boucle;
+  attentes_.push_back({&fenetre, &boucle});
+  if (fenetre.Visible && fenetre.Chargee) boucle.exec();
+  attentes_.pop_back();
+  miroir_.Refleter();
+  miroir_.Modale(fenetre, false);
+  if (QWidget *principale = miroir_.Principale()) principale->activateWindow();
+}
+
+void PlateformeQt::FinirAttentes() {
+  for (const Attente &a : attentes_)
+    if (!a.fenetre->Visible || !a.fenetre->Chargee) a.boucle->quit();
+}
+
+void PlateformeQt::OuvrirAdresse(const std::string &adresse) {
+  QDesktopServices::openUrl(QUrl::fromUserInput(Texte(adresse)));
+}
+
+Entier PlateformeQt::IconeNotification(int action, const std::string &bulle) {
+  if (!QSystemTrayIcon::isSystemTrayAvailable()) return 0;
+  if (action != kAjouter) {
+    const bool presente = icone_ && icone_->isVisible();
+    if (icone_) icone_->hide();
+    return presente ? 1 : 0;
+  }
+  if (!icone_) {
+    icone_ = std::make_unique<QSystemTrayIcon>(QApplication::windowIcon());
+    QObject::connect(icone_.get(), &QSystemTrayIcon::activated, icone_.get(),
+                     [this](QSystemTrayIcon::ActivationReason raison) {
+                       if (raison == QSystemTrayIcon::Trigger && MessageIcone)
+                         miroir_.Passer([this] { MessageIcone(kBoutonGaucheEnfonce); });
+                     });
+  }
+  icone_->setToolTip(Texte(bulle.c_str()));  // a filled-up text, ended by a null
+  icone_->show();
+  return 1;
+}
+
+void PlateformeQt::Beep() { QApplication::beep(); }
+
+bool PlateformeQt::DemanderReprise(const std::string &texte) {
+  miroir_.Refleter();
+  return QMessageBox::critical(miroir_.Principale(), QStringLiteral("Brandis"), Texte(texte),
+                               QMessageBox::Retry | QMessageBox::Cancel) == QMessageBox::Retry;
+}
+
+double PlateformeQt::Aujourdhui() {
+  return static_cast<double>(QDate(1899, 12, 30).daysTo(QDate::currentDate()));
+}
+
+Ecran PlateformeQt::EcranDisponible() {
+  const QWidget *principale = miroir_.Principale();
+  const QScreen *ecran =
+      principale && principale->isVisible() ? principale->screen() : QGuiApplication::primaryScreen();
+  const QRect place = ecran->availableGeometry();
+  return {Twips(place.x()), Twips(place.y()), Twips(place.width()), Twips(place.height())};
+}
+
+void PlateformeQt::Terminer() {
+  terminee_ = true;
+  miroir_.Fermer();
+  // Not quit(): it asks the windows first, and the main one refuses to be closed.
+  QMetaObject::invokeMethod(
+      qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
+}

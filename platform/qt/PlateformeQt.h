@@ -1,0 +1,57 @@
+// The machine behind Qt: windows, dialogs, pictures, notification icon, serial port.
+#pragma once
+
+#include <QEventLoop>
+#include <QSystemTrayIcon>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/Plateforme.h"
+#include "platform/qt/DossierProgramme.h"
+#include "platform/qt/MagasinImages.h"
+#include "platform/qt/Miroir.h"
+#include "platform/qt/PortSerieQt.h"
+
+class PlateformeQt : public Plateforme {
+ public:
+  explicit PlateformeQt(const DossiersProgramme &dossiers);
+
+  Miroir &LeMiroir() { return miroir_; }
+  // Receives the message number of a press on the notification icon.
+  std::function<void(int message)> MessageIcone;
+
+  PortSerie &MSComm1() override { return port_; }
+  void ShowOpen(DialogueFichier &dialogue) override;
+  void DoEvents() override;
+  void Rafraichir() override;
+  void Montrer(Fenetre &fenetre) override;
+  void MontrerModal(Fenetre &fenetre) override;
+  void DonnerFocus(Controle &controle) override { miroir_.DonnerFocus(controle); }
+  void OuvrirAdresse(const std::string &adresse) override;
+  Entier IconeNotification(int action, const std::string &bulle) override;
+  void Beep() override;
+  bool DemanderReprise(const std::string &texte) override;
+  double Aujourdhui() override;
+  Ecran EcranDisponible() override;
+  const Surface &Picture(const std::string &nom) override { return images_.Picture(nom); }
+  const Surface &LoadPicture(const std::string &chemin) override { return images_.LoadPicture(chemin); }
+  std::string DossierProgramme() override { return dossiers_.programme; }
+  void Terminer() override;
+
+ private:
+  struct Attente {
+    Fenetre *fenetre;
+    QEventLoop *boucle;
+  };
+  void FinirAttentes();
+
+  DossiersProgramme dossiers_;
+  MagasinImages images_;
+  PortSerieQt port_;
+  std::vector<Attente> attentes_;  // the modal windows, the innermost last
+  std::unique_ptr<QSystemTrayIcon> icone_;
+  bool terminee_ = false;
+  Miroir miroir_;
+};

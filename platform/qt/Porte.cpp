@@ -1,0 +1,27 @@
+#include "platform/qt/Porte.h"
+
+#include "platform/Garde.h"
+
+Porte::Porte(MagasinImages &images, std::function<void(const std::string &)> rapporter)
+    : Images(images), rapporter_(std::move(rapporter)) {}
+
+void Porte::Passer(const std::function<void()> &procedure) {
+  if (!Ouverte()) return;
+  SousGarde(
+      [&] {
+        procedure();
+        if (Refleter) Refleter();
+      },
+      rapporter_);
+  if (Apres) Apres();
+}
+
+void Porte::Ecrire(const std::function<void()> &travail) {
+  struct Marque {
+    bool &drapeau;
+    const bool avant;
+    ~Marque() { drapeau = avant; }
+  } marque{ecrit_, ecrit_};
+  ecrit_ = true;
+  travail();
+}

@@ -1,0 +1,60 @@
+#include "platform/qt/TexteNatif.h"
+
+#include <QStringDecoder>
+#include <cmath>
+
+namespace {
+// Windows-1252 from 0x80 to 0x9F; its five holes stand for themselves.
+constexpr char16_t kSuperieurs[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
+                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
+                                      0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
+                                      0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+QString DeWindows1252(const std::string &octets) {
+  QString texte;
+  texte.reserve(static_cast<qsizetype>(octets.size()));
+  for (const char c : octets) {
+    const auto o = static_cast<unsigned char>(c);
+    texte += QChar(o >= 0x80 && o < 0xA0 ? kSuperieurs[o - 0x80] : static_cast<char16_t>(o));
+  }
+  return texte;
+}
+}  // namespace
+
+QString Texte(const std::string &octets) {
+  QStringDecoder decodeur(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
+  QString texte = decodeur(QByteArrayView(octets.data(), static_cast<qsizetype>(octets.size())));
+  if (decodeur.hasError()) texte = DeWindows1252(octets);
+  if (texte.contains(u'\r')) texte.replace(u"\r\n"_qs, u"\n"_qs).replace(u'\r', u'\n');
+  return texte;
+}
+
+std::string Octets(const QString &texte) { return texte.toStdString(); }
+
+int CodeCaractere(QChar caractere) {
+  const char16_t c = caractere.unicode();
+  if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return c;
+  for (int i = 0; i < 32; ++i)
+    if (kSuperieurs[i] == c) return 0x80 + i;
+  return '?';
+}
+
+QString CaractereDeCode(int code) { return DeWindows1252(std::string(1, static_cast<char>(code))); }
+
+QFont Fonte(const Police &police) {
+  const bool arial = police.Nom == "Arial" || police.Nom == "MS Sans Serif";
+  QFont fonte;
+  fonte.setFamilies(arial ? QStringList{u"Arial"_qs, u"Liberation Sans"_qs} : QStringList{Texte(police.Nom)});
+  // In pixels, so that the desktop's own dots per inch change no layout.
+  fonte.setPixelSize(std::max(1, qRound(police.Taille * 96 / 72)));
+  fonte.setBold(police.Gras);
+  fonte.setItalic(police.Italique);
+  return fonte;
+}
+
+QRect Pixels(const Controle &c) {
+  auto pixel = [](double twips) { return static_cast<int>(std::lround(twips / kTwipsParPixel)); };
+  const int gauche = pixel(c.Left), haut = pixel(c.Top);
+  return {gauche, haut, std::max(0, pixel(c.Left + c.Width) - gauche),
+          std::max(0, pixel(c.Top + c.Height) - haut)};
+}

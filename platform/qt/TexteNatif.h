@@ -1,0 +1,25 @@
+// Texts, fonts, colours and places of the system in the words of the toolkit, and back.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QRect>
+#include <QString>
+#include <string>
+
+#include "kit/Controles.h"
+
+// Bytes are UTF-8, and Windows-1252 where they are not valid UTF-8. Line ends become LF.
+QString Texte(const std::string &octets);
+std::string Octets(const QString &texte);
+
+// The one-byte code of a typed character, 63 ("?") where it has none; and the character of a code.
+int CodeCaractere(QChar caractere);
+QString CaractereDeCode(int code);
+
+QFont Fonte(const Police &police);
+inline QColor Teinte(Couleur c) { return QColor::fromRgb(c | 0xff000000u); }
+
+// Each edge is rounded by itself, so that neighbours that touch in twips touch in pixels.
+QRect Pixels(const Controle &c);
+inline double Twips(double pixels) { return pixels * kTwipsParPixel; }

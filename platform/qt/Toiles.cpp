@@ -1,0 +1,142 @@
+#include "platform/qt/Toiles.h"
+
+#include <QFocusEvent>
+#include <QPaintEvent>
+#include <QPainter>
+
+#include "platform/qt/TexteNatif.h"
+
+namespace {
+// One to one in logical pixels; smoothed where the screen has more of them.
+void Poser(QPainter &p, const QImage &image) {
+  p.setRenderHint(QPainter::SmoothPixmapTransform, p.device()->devicePixelRatioF() != 1.0);
+  p.drawImage(0, 0, image);
+}
+// The colour outside an outline gives way to its neighbours, else smoothing would bring it in along the edge.
+QImage SansCle(const QImage &image) {
+  QImage sans = image;
+  const QRgb cle = image.pixel(0, 0);
+  constexpr QPoint voisins[] = {{1, 0}, {-1, 0}, {0, 1}, {0, -1}, {1, 1}, {-1, 1}, {1, -1}, {-1, -1}};
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixel(x, y) != cle) continue;
+      for (const QPoint &v : voisins)
+        if (image.valid(x + v.x(), y + v.y()) && image.pixel(x + v.x(), y + v.y()) != cle) {
+          sans.setPixel(x, y, image.pixel(x + v.x(), y + v.y()));
+          break;
+        }
+    }
+  return sans;
+}
+}  // namespace
+
+void Toile::Anneau(bool visible) {
+  if (anneau_ == visible) return;
+  anneau_ = visible;
+  update();
+}
+
+void Toile::focusInEvent(QFocusEvent *e) {
+  Anneau(e->reason() == Qt::TabFocusReason || e->reason() == Qt::BacktabFocusReason);
+}
+
+void Toile::paintEvent(QPaintEvent *e) {
+  QPainter p(this);
+  Peindre(p, e->rect());
+  if (!anneau_) return;
+  // Dark beside light, to be seen on every face.
+  p.setBrush(Qt::NoBrush);
+  p.setPen(QPen(QColor(0x11, 0x11, 0x11), 1));
+  p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+  p.setPen(QPen(QColor(0xfb, 0xab, 0x0c), 2));
+  p.drawRect(QRectF(rect()).adjusted(2, 2, -2, -2));
+}
+
+void ToileDessin::Dessin(const Surface &surface) {
+  image_ = QImage(surface.Largeur(), surface.Hauteur(), QImage::Format_RGB32);
+  const auto largeur = static_cast<std::size_t>(surface.Largeur());
+  for (int y = 0; y < surface.Hauteur(); ++y) {
+    auto *ligne = reinterpret_cast<QRgb *>(image_.scanLine(y));
+    const Couleur *source = surface.Pixels().data() + static_cast<std::size_t>(y) * largeur;
+    for (std::size_t x = 0; x < largeur; ++x) ligne[x] = source[x] | 0xff000000u;
+  }
+  ecrits_ = surface.Ecrits();
+  sansCle_ = QImage();
+  update();
+}
+
+// The skin of a shaped window, which fills it, is the one picture that is cut by the outline.
+const QImage &ToileDessin::ImagePour(double echelle) {
+  const bool peau = size() == window()->size() && !window()->mask().isEmpty();
+  if (echelle == 1.0 || !peau) return image_;
+  if (sansCle_.isNull()) sansCle_ = SansCle(image_);
+  return sansCle_;
+}
+
+void ToileDessin::Fond(Couleur couleur, bool transparent) {
+  couleur_ = couleur;
+  transparent_ = transparent;
+  setAttribute(Qt::WA_OpaquePaintEvent, !transparent);
+  update();
+}
+
+void ToileDessin::Peindre(QPainter &p, const QRect &) {
+  const bool couvert = image_.width() >= width() && image_.height() >= height();
+  if (!transparent_ && !couvert) p.fillRect(rect(), Teinte(couleur_));
+  if (!image_.isNull()) Poser(p, ImagePour(devicePixelRatioF()));
+  for (const Ecrit &e : ecrits_) {
+    p.setFont(Fonte(e.police));
+    p.setPen(Teinte(e.couleur));
+    const QRectF place(e.x / double{kTwipsParPixel}, e.y / double{kTwipsParPixel}, width(), height());
+    p.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextDontClip, Texte(e.texte));
+  }
+}
+
+void ToileImage::Picture(const QImage &image) {
+  image_ = image;
+  update();
+}
+
+void ToileImage::Peindre(QPainter &p, const QRect &) {
+  if (!image_.isNull()) Poser(p, image_);
+}
+
+ToileForme::ToileForme(QWidget *parent) : Toile(parent) { setAttribute(Qt::WA_TransparentForMouseEvents); }
+
+void ToileForme::Bord(Couleur couleur, int epaisseur) {
+  couleur_ = couleur;
+  epaisseur_ = epaisseur;
+  update();
+}
+
+void ToileForme::Peindre(QPainter &p, const QRect &) {
+  QPen plume(Teinte(couleur_), epaisseur_);
+  plume.setJoinStyle(Qt::MiterJoin);
+  const double demi = epaisseur_ / 2.0;
+  p.setPen(plume);
+  p.drawRect(QRectF(rect()).adjusted(demi, demi, -demi, -demi));
+}
+
+QRect ToileGrille::Place(int rangee, int colonne) {
+  return {(30 + 240 * (colonne - 1)) / kTwipsParPixel, (45 + 225 * (rangee - 1)) / kTwipsParPixel, 15, 14};
+}
+
+void ToileGrille::Montrer(const Cases &cases) {
+  QRegion changees;
+  for (int i = 0; i < kRangees * kColonnes; ++i) {
+    const auto place = static_cast<std::size_t>(i);
+    if (cases[place] != cases_[place]) changees += Place(i / kColonnes + 1, i % kColonnes + 1);
+  }
+  cases_ = cases;
+  update(changees);
+}
+
+void ToileGrille::Peindre(QPainter &p, const QRect &sale) {
+  ToileDessin::Peindre(p, sale);
+  for (int i = 0; i < kRangees * kColonnes; ++i) {
+    const signed char rang = cases_[static_cast<std::size_t>(i)];
+    const QRect place = Place(i / kColonnes + 1, i % kColonnes + 1);
+    if (rang != kCachee && place.intersects(sale))
+      p.drawImage(place, images_[static_cast<std::size_t>(rang)]);
+  }
+}

@@ -1,0 +1,93 @@
+// The widgets that the mirror paints itself.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <array>
+#include <vector>
+
+#include "kit/Surface.h"
+
+// A painted widget with a ring on top while it has the keyboard's focus.
+class Toile : public QWidget {
+ public:
+  explicit Toile(QWidget *parent) : QWidget(parent) {}
+  void Anneau(bool visible);
+
+ protected:
+  void paintEvent(QPaintEvent *) override;
+  void focusInEvent(QFocusEvent *) override;
+  void focusOutEvent(QFocusEvent *) override { Anneau(false); }
+  // The walk by Tab is the mirror's own.
+  bool focusNextPrevChild(bool) override { return false; }
+  virtual void Peindre(QPainter &, const QRect &) {}
+
+ private:
+  bool anneau_ = false;
+};
+
+// Pixels and printed texts of a surface, over a background colour.
+class ToileDessin : public Toile {
+ public:
+  using Toile::Toile;
+  void Dessin(const Surface &surface);
+  void Fond(Couleur couleur, bool transparent);
+
+ protected:
+  void Peindre(QPainter &, const QRect &) override;
+
+ private:
+  const QImage &ImagePour(double echelle);
+  QImage image_, sansCle_;
+  std::vector<Ecrit> ecrits_;
+  Couleur couleur_ = 0;
+  bool transparent_ = true;
+};
+
+class ToileImage : public Toile {
+ public:
+  using Toile::Toile;
+  void Picture(const QImage &image);
+
+ protected:
+  void Peindre(QPainter &, const QRect &) override;
+
+ private:
+  QImage image_;
+};
+
+class ToileForme : public Toile {
+ public:
+  explicit ToileForme(QWidget *parent);
+  void Bord(Couleur couleur, int epaisseur);
+
+ protected:
+  void Peindre(QPainter &, const QRect &) override;
+
+ private:
+  Couleur couleur_ = 0;
+  int epaisseur_ = 1;
+};
+
+// The draft: a ground and the shown cells of 20 rows by 32 columns.
+class ToileGrille : public ToileDessin {
+ public:
+  static constexpr int kRangees = 20, kColonnes = 32, kImages = 3;
+  static constexpr signed char kCachee = -1;
+  // Rank of each cell's picture, row after row.
+  using Cases = std::array<signed char, kRangees * kColonnes>;
+
+  explicit ToileGrille(QWidget *parent) : ToileDessin(parent) { cases_.fill(kCachee); }
+  void Images(const std::array<QImage, kImages> &images) { images_ = images; }
+  // Repaints the cells that differ.
+  void Montrer(const Cases &cases);
+  // Place of a cell in pixels; both count from 1.
+  static QRect Place(int rangee, int colonne);
+
+ protected:
+  void Peindre(QPainter &, const QRect &) override;
+
+ private:
+  Cases cases_;
+  std::array<QImage, kImages> images_;
+};

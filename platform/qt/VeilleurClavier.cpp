@@ -1,0 +1,132 @@
+// The keys of a window.
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <map>
+
+#include "platform/qt/TexteNatif.h"
+#include "platform/qt/Veilleur.h"
+
+namespace {
+constexpr int kMaj = 1, kControle = 2;
+
+// Letters, digits and the space have their own code in the toolkit as in the system.
+int CodeTouche(const QKeyEvent &e) {
+  static const std::map<int, int> codes = {{Qt::Key_Backspace, Touche::Retour},
+                                           {Qt::Key_Return, Touche::Entree},
+                                           {Qt::Key_Enter, Touche::Entree},
+                                           {Qt::Key_Escape, Touche::Echappement},
+                                           {Qt::Key_PageUp, 33},
+                                           {Qt::Key_PageDown, 34},
+                                           {Qt::Key_End, 35},
+                                           {Qt::Key_Home, 36},
+                                           {Qt::Key_Left, 37},
+                                           {Qt::Key_Up, 38},
+                                           {Qt::Key_Right, 39},
+                                           {Qt::Key_Down, 40},
+                                           {Qt::Key_Insert, 45},
+                                           {Qt::Key_Delete, 46}};
+  const auto place = codes.find(e.key());
+  if (place != codes.end()) return place->second;
+  if (e.key() >= Qt::Key_F1 && e.key() <= Qt::Key_F16) return 112 + e.key() - Qt::Key_F1;
+  const bool propre = e.key() == Qt::Key_Space || (e.key() >= Qt::Key_0 && e.key() <= Qt::Key_9) ||
+                      (e.key() >= Qt::Key_A && e.key() <= Qt::Key_Z);
+  return propre ? e.key() : 0;
+}
+
+int EtatMaj(const QKeyEvent &e) {
+  const auto m = e.modifiers();
+  return (m & Qt::ShiftModifier ? kMaj : 0) | (m & Qt::ControlModifier ? kControle : 0) |
+         (m & Qt::AltModifier ? Touche::Alt : 0);
+}
+
+// What the filter makes of a text, character by character.
+QString Passes(const std::function<int(int)> &filtre, const QString &texte) {
+  QString passes;
+  for (const QChar c : texte) {
+    const int code = CodeCaractere(c), suite = filtre(code);
+    if (suite != 0) passes += suite == code ? QString(c) : CaractereDeCode(suite);
+  }
+  return passes;
+}
+}  // namespace
+
+bool Veilleur::Avertir(const Controle &controle, int code, int maj) {
+  const auto procedure = controle.KeyDown;
+  if (!procedure) return false;
+  porte_.Passer([&] { procedure(code, maj); });
+  return true;
+}
+
+bool Veilleur::Enfoncer(Natif &natif, QWidget &source, QKeyEvent &e) {
+  // A key that its field did not want climbs to the parents; it is no key of theirs.
+  QWidget *tenu = source.window()->focusWidget();
+  if (tenu && natifs_.value(tenu, &natif) != &natif) return true;
+  const int code = CodeTouche(e), maj = EtatMaj(e);
+  if (e.key() == Qt::Key_Tab || e.key() == Qt::Key_Backtab) {
+    Parcourir(e.key() == Qt::Key_Tab ? 1 : -1);
+    return true;
+  }
+  const bool pourFenetre = code == Touche::Echappement || ((maj & Touche::Alt) && code >= '0' && code <= 'Z');
+  if (pourFenetre && Avertir(fenetre_.Donnee(), code, maj)) return true;
+  if (natif.Saisie()) return Saisir(natif, e);
+  return Commander(natif, code, maj, e.isAutoRepeat());
+}
+
+bool Veilleur::Commander(Natif &natif, int code, int maj, bool repetee) {
+  if (code == 0) return true;
+  if (Avertir(natif.Donnee(), code, maj)) return true;
+  const bool presse = code == Touche::Espace || code == Touche::Entree;
+  if (presse && natif.Bouton()) {
+    const auto clic = natif.Donnee().Click;
+    if (!repetee) porte_.Passer(clic);
+  } else {
+    Avertir(fenetre_.Donnee(), code, maj);
+  }
+  return true;
+}
+
+bool Veilleur::Saisir(Natif &natif, QKeyEvent &e) {
+  const int code = CodeTouche(e), maj = EtatMaj(e);
+  if (code != 0 && Avertir(natif.Donnee(), code, maj) && !natif.Widget()->isVisible()) return true;
+  if (natif.Ecriture() && Filtrer(natif, e)) return true;
+  const bool uneLigne =
+      natif.Donnee().genre() == Genre::Texte && !static_cast<const ZoneTexte &>(natif.Donnee()).Multiligne;
+  if (code != Touche::Entree || !uneLigne) return false;
+  if (!natif.Donnee().KeyDown) Avertir(fenetre_.Donnee(), code, maj);
+  return true;
+}
+
+// True when the key was dropped or replaced.
+bool Veilleur::Filtrer(Natif &natif, QKeyEvent &e) {
+  const auto filtre = natif.Donnee().KeyPress;
+  if (!filtre || (e.modifiers() & (Qt::ControlModifier | Qt::MetaModifier))) return false;
+  const bool retour = e.key() == Qt::Key_Backspace;
+  const QString texte = retour ? QString(QChar(Touche::Retour)) : e.text();
+  if (texte.isEmpty() || (!retour && !texte[0].isPrint())) return false;
+  QString suite;
+  porte_.Passer([&] { suite = Passes(filtre, texte); });
+  if (suite == texte) return false;
+  if (!suite.isEmpty()) {
+    QKeyEvent remplace(QEvent::KeyPress, 0, Qt::NoModifier, suite);
+    rejoue_ = true;
+    QCoreApplication::sendEvent(natif.Widget(), &remplace);
+    rejoue_ = false;
+  }
+  return true;
+}
+
+// Characters that come composed pass the same filter.
+bool Veilleur::Filtrer(Natif &natif, QInputMethodEvent &e) {
+  const auto filtre = natif.Donnee().KeyPress;
+  if (!filtre || !natif.Ecriture() || e.commitString().isEmpty()) return false;
+  QString suite;
+  porte_.Passer([&] { suite = Passes(filtre, e.commitString()); });
+  if (suite == e.commitString()) return false;
+  QInputMethodEvent remplace(e.preeditString(), e.attributes());
+  remplace.setCommitString(suite, e.replacementStart(), e.replacementLength());
+  rejoue_ = true;
+  QCoreApplication::sendEvent(natif.Widget(), &remplace);
+  rejoue_ = false;
+  return true;
+}

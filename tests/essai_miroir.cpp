@@ -1,0 +1,421 @@
+// The mirror: what the data says is what the native window shows, and what the weaver does is what the data
+// says.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+#include <QWheelEvent>
+#include <filesystem>
+#include <random>
+
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "platform/qt/Habillage.h"
+#include "platform/qt/PlateformeQt.h"
+#include "platform/qt/TexteNatif.h"
+#include "platform/qt/Toiles.h"
+
+namespace {
+struct FenetreEssai : Fenetre {
+  BoitePicture Peau, Bouton, Autre;
+  Image Dessin;
+  Etiquette Libelle;
+  Forme Cadre;
+  ZoneTexte Zone, Bloc;
+  ListeChoix Choix, Nombre;
+  CaseCochee Coche;
+  PanneauGrille Grille;
+  Minuterie Horloge;
+
+  FenetreEssai() {
+    Bloc.Multiligne = true;
+    Nombre.Saisie = true;
+    Placer(*this, 300, 300, 9000, 7500);
+    Placer(Peau, 0, 0, 9000, 7500);
+    Placer(Bouton, 150, 150, 1245, 435);
+    Placer(Autre, 1500, 150, 1245, 435);
+    Placer(Dessin, 150, 900, 480, 480);
+    Placer(Libelle, 150, 1500, 2000, 225);
+    Placer(Cadre, 100, 1400, 500, 300);
+    Placer(Zone, 150, 2000, 1500, 330);
+    Placer(Bloc, 150, 2400, 1500, 900);
+    Placer(Choix, 3000, 150, 1530, 315);
+    Placer(Nombre, 4800, 150, 1530, 315);
+    Placer(Coche, 3000, 900, 210, 210);
+    Placer(Grille, 150, 3400, 7725, 4800);
+  }
+  void Visiter(Visiteur &v) override {
+    v.Voir("Peau", Peau, *this);
+    for (auto &[nom, c] : Enfants()) v.Voir(nom, *c, Peau);
+    v.Voir("Horloge", Horloge);
+  }
+  std::vector<std::pair<std::string, Controle *>> Enfants() {
+    return {{"Bouton", &Bouton}, {"Autre", &Autre}, {"Dessin", &Dessin}, {"Libelle", &Libelle},
+            {"Cadre", &Cadre},   {"Zone", &Zone},   {"Bloc", &Bloc},     {"Choix", &Choix},
+            {"Nombre", &Nombre}, {"Coche", &Coche}, {"Grille", &Grille}};
+  }
+};
+
+class EssaiMiroir : public testing::Test {
+ protected:
+  void SetUp() override {
+    QDir(dossier.path()).mkpath("Images");
+    for (const auto &[nom, couleur] :
+         {std::pair{"PicNoir", Qt::black}, {"PicRouge", Qt::red}, {"PicBlanc", Qt::white}}) {
+      QImage image(15, 14, QImage::Format_RGB32);
+      image.fill(couleur);
+      ASSERT_TRUE(image.save(dossier.path() + "/Images/" + nom + ".png"));
+    }
+    machine = std::make_unique<PlateformeQt>(
+        DossiersProgramme{dossier.path().toStdString(), dossier.path().toStdString()});
+    InstallerPlateforme(machine.get());
+    miroir().Ajouter(f);
+    Charger(f).Visible = true;
+    miroir().Refleter();
+    QApplication::setActiveWindow(miroir().Widget(f));
+  }
+
+  Miroir &miroir() { return machine->LeMiroir(); }
+  template <class W = QWidget>
+  W *Natif(const Controle &c) {
+    return static_cast<W *>(miroir().Widget(c));
+  }
+  QLineEdit *Focaliser(ZoneTexte &zone) {
+    machine->DonnerFocus(zone);
+    return Natif<QLineEdit>(zone);
+  }
+
+  void Melanger(std::mt19937 &hasard);
+  void Comparer();
+
+  QTemporaryDir dossier;
+  FenetreEssai f;
+  std::unique_ptr<PlateformeQt> machine;
+};
+
+// Any change that a procedure could make.
+void EssaiMiroir::Melanger(std::mt19937 &hasard) {
+  auto de = [&](int bas, int haut) { return std::uniform_int_distribution<int>(bas, haut)(hasard); };
+  auto texte = [&] {
+    static const char *const textes[] = {"", "1", "Fermer", "Arr\xC3\xAAt", "Arr\xEAt \x80", "two\r\nlines",
+                                         "3"};
+    return std::string(textes[de(0, 6)]);
+  };
+  for (auto &[nom, c] : f.Enfants())
+    if (de(0, 3) == 0) {
+      Placer(*c, de(-500, 5000), de(-500, 5000), de(0, 3000), de(0, 3000));
+      c->Visible = de(0, 1) != 0;
+      c->MousePointer = de(0, 1) ? kPointeurDeplacer : kPointeurDefaut;
+      c->NomAccessible = texte();
+    }
+  f.Bouton.BackColor = static_cast<Couleur>(de(0, 0xffffff));
+  if (de(0, 1)) f.Autre.Dessin.Refaire(de(0, 60), de(0, 60), static_cast<Couleur>(de(0, 0xffffff)));
+  f.Libelle.Caption = texte();
+  f.Libelle.Font = {"Arial", de(0, 1) ? 8.25 : 9.75, de(0, 1) != 0};
+  f.Libelle.ForeColor = static_cast<Couleur>(de(0, 0xffffff));
+  f.Dessin.Picture = de(0, 1) ? "PicNoir" : "";
+  f.Zone.Text = texte();
+  f.Bloc.Text = texte();
+  if (de(0, 2) == 0) f.Choix.Liste = f.Nombre.Liste = {"1", texte(), texte()};
+  f.Choix.Text = texte();
+  f.Nombre.Text = texte();
+  f.Coche.Value = de(0, 1) != 0;
+  f.Grille.Cases[de(1, 20)][de(1, 32)] = {de(0, 1) != 0, static_cast<ImageCase>(de(0, 2))};
+  f.Caption = texte();
+  f.Left = de(0, 3000);
+  if (de(0, 19) == 0) f.Contour = de(0, 1) ? Region{{0, 0, 40}, {1, 5, 30}, {1, 30, 35}} : Region{};
+}
+
+void EssaiMiroir::Comparer() {
+  auto un = [](const std::string &t) { return Texte(t).remove('\n'); };  // a one-line field shows no line end
+  for (auto &[nom, c] : f.Enfants()) {
+    ASSERT_EQ(Natif(*c)->geometry(), Pixels(*c)) << nom;
+    ASSERT_EQ(Natif(*c)->isVisibleTo(Natif(f.Peau)), c->Visible) << nom;
+    ASSERT_EQ(Natif(*c)->accessibleName(), Texte(c->NomAccessible)) << nom;
+  }
+  const auto *libelle = Natif<QLabel>(f.Libelle);
+  ASSERT_EQ(libelle->text(), Texte(f.Libelle.Caption));
+  ASSERT_EQ(libelle->font().pixelSize(), f.Libelle.Font.Taille > 9 ? 13 : 11);
+  ASSERT_EQ(libelle->font().bold(), f.Libelle.Font.Gras);
+  ASSERT_EQ(libelle->palette().color(QPalette::WindowText), Teinte(f.Libelle.ForeColor));
+  ASSERT_EQ(un(Octets(Natif<QLineEdit>(f.Zone)->text())), un(f.Zone.Text));
+  ASSERT_EQ(Natif(f.Bloc)->property("plainText").toString(), Texte(f.Bloc.Text));
+  const auto *choix = Natif<QComboBox>(f.Choix), *nombre = Natif<QComboBox>(f.Nombre);
+  ASSERT_EQ(choix->currentIndex() < 0 ? choix->placeholderText() : choix->currentText(), Texte(f.Choix.Text));
+  ASSERT_EQ(un(Octets(nombre->currentText())), un(f.Nombre.Text));
+  ASSERT_EQ(static_cast<std::size_t>(choix->count()), f.Choix.Liste.size());
+  ASSERT_EQ(Natif<QCheckBox>(f.Coche)->isChecked(), f.Coche.Value);
+  ASSERT_EQ(Natif(f)->pos(), Pixels(f).topLeft());
+  ASSERT_EQ(Natif(f)->windowTitle(), Texte(f.Caption));
+  ASSERT_EQ(Natif(f)->mask(), f.Contour.empty() ? QRegion() : QRegion(0, 0, 40, 1) + QRegion(5, 1, 30, 1));
+}
+
+TEST_F(EssaiMiroir, FollowsEveryChangeWritesNothingTwiceAndCausesNoEvent) {
+  int evenements = 0;
+  auto compter = [&] { ++evenements; };
+  for (auto &[nom, c] : f.Enfants()) {
+    c->Click = c->GotFocus = compter;
+    c->KeyDown = [&](int, int) { ++evenements; };
+    c->MouseMove = [&](int, double, double) { ++evenements; };
+  }
+  std::mt19937 hasard(20);
+  for (int tour = 0; tour < 150; ++tour) {
+    Melanger(hasard);
+    const std::string texte = f.Zone.Text, bloc = f.Bloc.Text, choix = f.Choix.Text;
+    miroir().Refleter();
+    ASSERT_NO_FATAL_FAILURE(Comparer()) << "round " << tour;
+    const long avant = miroir().Ecritures();
+    miroir().Refleter();
+    ASSERT_EQ(miroir().Ecritures(), avant) << "round " << tour;
+    ASSERT_EQ(f.Zone.Text, texte);
+    ASSERT_EQ(f.Bloc.Text, bloc) << "byte for byte, though its widget tells of every setting";
+    ASSERT_EQ(f.Choix.Text, choix);
+  }
+  EXPECT_EQ(evenements, 0);
+}
+
+TEST_F(EssaiMiroir, TypingKeepsTheCursorAndPassesTheFilter) {
+  f.Zone.Text = "1234";
+  std::string vu;
+  f.Zone.KeyDown = [&](int touche, int) {
+    if (touche == Touche::Entree) vu = f.Zone.Text;
+  };
+  f.Zone.KeyPress = [](int code) {
+    if ((code >= 48 && code <= 57) || code == Touche::Retour || code == 46) return code;
+    return code == 44 ? 46 : 0;
+  };
+  QLineEdit *ligne = Focaliser(f.Zone);
+  ligne->setCursorPosition(2);
+  EXPECT_EQ(f.Zone.SelStart, 2);
+  QTest::keyClicks(ligne, "5x,");
+  QKeyEvent accent(QEvent::KeyPress, Qt::Key_Eacute, {}, QStringLiteral("\u00e9"));
+  QApplication::sendEvent(ligne, &accent);
+  EXPECT_EQ(f.Zone.Text, "125.34");
+  EXPECT_EQ(ligne->cursorPosition(), 4);
+  QTest::keyClick(ligne, Qt::Key_Backspace);
+  QTest::keyClick(ligne, Qt::Key_Delete);
+  QTest::keyClick(ligne, Qt::Key_Return);
+  EXPECT_EQ(vu, "1254");
+  EXPECT_EQ(f.Zone.SelStart, 3);
+  f.Zone.SelStart = 1;
+  f.Zone.SelLength = 2;
+  miroir().Refleter();
+  EXPECT_EQ(ligne->selectedText(), "25");
+}
+
+TEST_F(EssaiMiroir, AClickArrivesThoughTheButtonSinksAndItsRecordIsMadeAnew) {
+  int clics = 0, deplacements = 0;
+  auto lier = [&](FenetreEssai &w) {
+    w.Bouton.MouseDown = [&](int, double, double) { f.Bouton.Top += 15, f.Bouton.Left += 15; };
+    w.Bouton.MouseUp = [&](int, double, double) { f.Bouton.Top -= 15, f.Bouton.Left -= 15; };
+    w.Peau.MouseMove = [&](int, double, double) { ++deplacements; };
+  };
+  lier(f);
+  f.Bouton.Click = [&] {
+    f = FenetreEssai();
+    f.Chargee = f.Visible = true;
+    lier(f);
+    ++clics;  // what the closure holds must have outlived the record
+  };
+  QWidget *bouton = Natif(f.Bouton);
+  QTest::mousePress(bouton, Qt::LeftButton, {}, QPoint(1, 0));  // on its very edge, which sinks away
+  QTest::mouseRelease(bouton, Qt::LeftButton, {}, QPoint(0, -1));
+  EXPECT_EQ(clics, 1);
+  EXPECT_EQ(Natif(f.Bouton), bouton);
+  EXPECT_FALSE(f.Bouton.Click);
+
+  f.Bouton.Click = [&] { ++clics; };
+  QTest::mousePress(bouton, Qt::LeftButton, {}, QPoint(5, 5));
+  QTest::mouseRelease(bouton, Qt::LeftButton, {}, QPoint(5, 90));
+  EXPECT_EQ(clics, 1) << "let go outside";
+  EXPECT_EQ(f.Bouton.Top, 150);
+  QTest::mouseMove(Natif(f.Libelle), QPoint(3, 3));
+  EXPECT_EQ(deplacements, 0) << "a label swallows what it does not handle";
+  QTest::mouseClick(Natif(f.Peau), Qt::LeftButton, {}, QPoint(500, 300));
+}
+
+TEST_F(EssaiMiroir, PlacesAreTwipsOfTheControlWhileItIsDragged) {
+  double x0 = 0, gauche0 = f.Left;
+  f.Dessin.MouseDown = [&](int, double x, double) { x0 = x; };
+  f.Dessin.MouseMove = [&](int boutons, double x, double) {
+    if (boutons == kBoutonGauche) gauche0 = f.Left = x - x0 + gauche0;
+  };
+  QWidget *barre = Natif(f.Dessin);
+  const QPoint depart(10, 10);
+  const QPoint ecran = barre->mapToGlobal(depart);
+  QTest::mousePress(barre, Qt::LeftButton, {}, depart);
+  EXPECT_EQ(x0, 150);
+  for (const int pas : {20, 55, 30}) QTest::mouseMove(barre, barre->mapFromGlobal(ecran + QPoint(pas, 0)));
+  QTest::mouseRelease(barre, Qt::LeftButton, {}, depart);
+  EXPECT_EQ(f.Left, 300 + 30 * kTwipsParPixel);
+  EXPECT_EQ(Natif(f)->x(), 50);
+}
+
+TEST_F(EssaiMiroir, FieldsWriteWhatIsChosenBeforeTheirClick) {
+  std::string vu;
+  f.Choix.Liste.assign(2500, "x");
+  f.Choix.Liste[1] = "B\xE9";
+  f.Choix.Text = "not in the list";
+  f.Choix.Click = [&] { vu = f.Choix.Text; };
+  f.Nombre.Click = [&] { vu = f.Nombre.Text; };
+  f.Coche.Click = [&] { vu = f.Coche.Value ? "checked" : "unchecked"; };
+  miroir().Refleter();
+  auto *choix = Natif<QComboBox>(f.Choix);
+  EXPECT_EQ(choix->placeholderText(), "not in the list");
+  QWheelEvent roue({5, 5}, choix->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                   false);
+  QApplication::sendEvent(choix, &roue);
+  EXPECT_EQ(vu, "") << "the wheel over a field that was not chosen";
+  machine->DonnerFocus(f.Choix);
+  QTest::keyClick(choix, Qt::Key_Down);
+  EXPECT_EQ(vu, "x");
+  QTest::keyClick(choix, Qt::Key_Down);
+  EXPECT_EQ(vu, "B\xE9") << "byte for byte";
+  machine->DonnerFocus(f.Nombre);
+  QTest::keyClicks(Natif(f.Nombre), "42");
+  EXPECT_EQ(vu, "42");
+  QTest::mouseClick(Natif(f.Coche), Qt::LeftButton);
+  EXPECT_EQ(vu, "checked");
+}
+
+TEST_F(EssaiMiroir, EverythingByKeyboard) {
+  std::string trace;
+  f.Bouton.Click = [&] { trace += 'b'; };
+  f.Autre.Click = [&] { trace += 'a', f.Autre.Visible = false; };
+  f.Dessin.KeyDown = [&](int touche, int) { trace += std::to_string(touche); };
+  f.Dessin.Click = [&] { trace += '!'; };
+  f.KeyDown = [&](int touche, int maj) {
+    trace += "(" + std::to_string(touche) + "," + std::to_string(maj) + ")";
+  };
+  f.Autre.Top = 180;  // still the same row
+  miroir().Refleter();
+  auto presser = [&](Qt::Key touche, Qt::KeyboardModifiers m = {}) {
+    QTest::keyClick(Natif(f)->focusWidget(), touche, m);
+  };
+  presser(Qt::Key_Tab);
+  presser(Qt::Key_Space);
+  presser(Qt::Key_Tab);
+  presser(Qt::Key_Return);  // hides itself; the walk goes on from its place
+  presser(Qt::Key_Tab);
+  EXPECT_EQ(Natif(f)->focusWidget(), Natif(f.Choix));
+  for (int i = 0; i < 2; ++i) presser(Qt::Key_Tab);
+  EXPECT_EQ(Natif(f)->focusWidget(), Natif(f.Dessin)) << "left in its row, of the checkbox";
+  presser(Qt::Key_Return);
+  presser(Qt::Key_O, Qt::AltModifier);
+  presser(Qt::Key_Escape);
+  presser(Qt::Key_Backtab);
+  EXPECT_EQ(trace, "ba13(79,4)(27,0)");
+  EXPECT_EQ(Natif(f)->focusWidget(), Natif(f.Nombre));
+}
+
+TEST_F(EssaiMiroir, AModalWindowHoldsItsProcedureButNotTheTimers) {
+  FenetreEssai message, partie;
+  int tics = 0, resize = 0;
+  f.Resize = [&] { ++resize; };
+  f.Horloge.Timer = [&] {
+    if (++tics == 3) Decharger(message);
+  };
+  f.Horloge.Interval(1);
+  machine->Montrer(Charger(partie));
+  partie.Horloge.Timer = [&] { ADD_FAILURE() << "a timer of a window that is gone"; };
+  partie.Horloge.Interval(1);
+  machine->Rafraichir();
+  Decharger(partie);
+  machine->MontrerModal(Charger(message));
+  EXPECT_EQ(tics, 3);
+  EXPECT_FALSE(Natif(message)->isVisible());
+  EXPECT_FALSE(Natif(partie)->isVisible());
+  f.WindowState = 1;
+  f.Horloge.Timer = [&] {
+    if (++tics == 20) f.Horloge.Interval(0), Decharger(message);
+  };
+  machine->MontrerModal(Charger(message));
+  EXPECT_EQ(resize, 1) << "a state set by a procedure has its event";
+  Charger(message);
+  QTimer::singleShot(0, [&] {
+    Natif(f)->close();
+    Natif(message)->close();
+  });
+  machine->MontrerModal(message);
+  EXPECT_FALSE(message.Chargee) << "the window manager closes a message";
+  EXPECT_TRUE(f.Chargee && f.Visible) << "but not the main window";
+}
+
+TEST_F(EssaiMiroir, PixelsAreThoseOfTheData) {
+  f.Peau.BackColor = Rgb(1, 2, 3);
+  f.Bouton.Dessin.Refaire(40, 29, Rgb(9, 8, 7));
+  f.Bouton.Dessin.PSet(39, 28, Rgb(200, 100, 50));
+  f.Autre.Transparent = true;
+  f.Grille.Dessin.Refaire(515, 320, Rgb(250, 250, 240));
+  f.Grille.Cases[11][24] = {true, ImageCase::Rouge};
+  f.Grille.Cases[1][1] = {true, ImageCase::Noir};
+  f.Grille.Cases[20][32] = {false, ImageCase::Noir};
+  miroir().Refleter();
+  auto pixel = [&](const Controle &c, int x, int y) {
+    return Natif(f)->grab().toImage().pixelColor(Natif(c)->mapTo(Natif(f), QPoint(x, y))).name();
+  };
+  EXPECT_EQ(pixel(f.Bouton, 39, 28), "#c86432");
+  EXPECT_EQ(pixel(f.Bouton, 38, 28), "#090807");
+  EXPECT_EQ(pixel(f.Bouton, 60, 10), "#c0c0c0") << "the background beside the picture";
+  EXPECT_EQ(pixel(f.Autre, 5, 5), "#010203") << "what lies behind";
+  EXPECT_EQ(pixel(f.Grille, 2 + 16 * 23, 3 + 15 * 10), "#ff0000");
+  EXPECT_EQ(pixel(f.Grille, 2 + 16 * 23 + 14, 3 + 15 * 10 + 13), "#ff0000");
+  EXPECT_EQ(pixel(f.Grille, 2 + 16 * 23 + 15, 3 + 15 * 10), "#fafaf0");
+  EXPECT_EQ(pixel(f.Grille, 2, 3), "#000000");
+  EXPECT_EQ(pixel(f.Grille, 1, 3), "#fafaf0");
+  f.Grille.Cases[1][1].Visible = false;
+  miroir().Refleter();
+  EXPECT_EQ(pixel(f.Grille, 2, 3), "#fafaf0");
+}
+
+TEST_F(EssaiMiroir, PicturesAndDialogFailByTheirNumbers) {
+  auto numero = [](auto action) {
+    try {
+      action();
+    } catch (const ErreurExecution &e) {
+      return e.Number();
+    }
+    return 0;
+  };
+  const std::string base = dossier.path().toStdString();
+  EXPECT_EQ(machine->Picture("PicRouge").Point(7, 7), Rgb(255, 0, 0));
+  EXPECT_EQ(numero([&] { machine->Picture("Absent"); }), Erreur::ImageInvalide);
+  EXPECT_EQ(numero([&] { machine->LoadPicture(base + "/absent.BMP"); }), Erreur::FichierIntrouvable);
+  EXPECT_EQ(numero([&] { machine->LoadPicture(base + "/Images"); }), Erreur::ImageInvalide);
+
+  auto repondre = [&](const QString &nom) {
+    QTimer::singleShot(0, [nom] {
+      auto *choix = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+      if (!choix) return;
+      if (nom.isEmpty()) return choix->reject();
+      choix->findChild<QLineEdit *>()->setText(nom);
+      QTest::keyClick(choix->findChild<QLineEdit *>(), Qt::Key_Return);
+    });
+  };
+  DialogueFichier dialogue;
+  dialogue.CancelError = true;
+  dialogue.FileName = base + "/*.wif";
+  dialogue.Filter = "Fichier Wif (*.WIF)|*.wif";
+  repondre("");
+  EXPECT_EQ(numero([&] { machine->ShowOpen(dialogue); }), Erreur::DialogueAnnule);
+  EXPECT_EQ(dialogue.FileName, base + "/*.wif");
+  repondre("new.wif");
+  EXPECT_EQ(numero([&] { machine->ShowOpen(dialogue); }), 0);
+  EXPECT_EQ(dialogue.FileName, base + "/new.wif") << "a name that does not exist is given back";
+}
+}  // namespace
+
+int main(int nombre, char **mots) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(nombre, mots);
+  QApplication::setQuitOnLastWindowClosed(false);
+  HabillerApplication();
+  testing::InitGoogleTest(&nombre, mots);
+  return RUN_ALL_TESTS();
+}
