@@ -118,6 +118,7 @@ void AfficherRangee(int source, const Controle &controle) {
 BulleInfo::BulleInfo(const char *picture, const Ligne (&lignes)[6]) : picture_(picture) {
   Width = kLargeur;
   Height = kHauteur;
+  SansSouris = true;  // its tail may lie on the command that it explains
   Placer(PicTransparente, 0, 0, kLargeur, kHauteur);
   for (int i = 1; i <= kLignes; ++i) {
     const Ligne &l = lignes[i - 1];

@@ -84,6 +84,7 @@ struct Etiquette : Controle {
   Police Font;
   Alignement Alignment = Alignement::Gauche;
   bool Abreger = false;  // a path: its middle gives way when it is too long
+  bool Cerne = false;    // a dark rim keeps a light text readable on a light ground
 };
 
 struct ZoneTexte : Controle {
@@ -163,6 +164,7 @@ struct Fenetre : Controle {
   // Twips that the native window adds to its place on the screen; the logic computes with Left and Top alone.
   double DecalageX = 0, DecalageY = 0;
   bool Chargee = false;
+  bool SansSouris = false;  // the pointer passes through to what lies behind
   std::function<void()> Resize;
 };
 

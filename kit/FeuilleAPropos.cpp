@@ -78,6 +78,7 @@ void PeindreFond(FeuilleAPropos &f) {
   reglages.DegradeVertical = true;
   reglages.SurfaceDegrade = &f.Dessin;
   PeindreDegrade();
+  PeindreFondInformation(f.Dessin);
 }
 
 void PeindreBoutonFin(BoitePicture &bouton) {
@@ -112,6 +113,7 @@ FeuilleAPropos::FeuilleAPropos() {
     e.Caption = textes[i];
     e.Font = {"Arial", 9.75, true, false};
     e.ForeColor = i == kSite || i == kCourriel ? kBleu : kBlanc;
+    e.Cerne = e.ForeColor == kBlanc;
   }
 }
 
@@ -120,7 +122,7 @@ void FeuilleAPropos::Visiter(Visiteur &v) {
   v.Voir("Image1", Image1, Picture1);
   v.Voir("Image2", Image2, Picture1);
   v.Voir("BoutonFin", BoutonFin, Picture1);
-  v.Voir("Picture2", Picture2, *this);
+  v.Voir("Picture2", Picture2, Picture1);
   v.Voir("picTexte", picTexte, Picture2);
   for (int i : {0, 2, 3, 4, 5}) v.Voir("Label1(" + std::to_string(i) + ")", Label1[i], picTexte);
   v.Voir("tmrDepart", tmrDepart);
@@ -134,7 +136,8 @@ void FeuilleAPropos::Load() {
   PeindreFond(*this);
   Contour = CreerRegionImage(Dessin);
   PreparerSurface(Picture1);
-  PeindreFondInformation(Picture1.Dessin);
+  PeindreCadreInformation(Picture1.Dessin, 0, 0, Picture1.Dessin.Largeur(), Picture1.Dessin.Hauteur());
+  Picture1.Dessin.Print(780, 690, "Brandis", {"Arial", 26, true, false}, Rgb(17, 17, 17));
   Picture1.Top = Picture1.Left = 400;
   Placer(Image2, 0, 0, Picture1.Width, Picture1.Height);
   picTexte.Width = Picture2.Width;

@@ -10,6 +10,7 @@
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
 #include "kit/ProcedureConnexe.h"
+#include "kit/TextesBulles.h"
 #include "mainwindow/FacesCommandes.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "mainwindow/JeuxBoutons.h"
@@ -126,6 +127,25 @@ void PreparerTrame() {
   ChargerPicture(fenetre.PicPourTissage, "Fond24");
 }
 
+// What assistive tools say of each command is what the status line says.
+void NommerCommandes() {
+  auto nommer = [](Controle &c, int source) { c.NomAccessible = TexteDe(source).statut; };
+  for (int i = 0; i <= 21; ++i) nommer(fenetre.BoutonProgramme[i], i);
+  nommer(fenetre.BoutonAide, SourceBulle::BoutonAide);
+  nommer(fenetre.Drapeau[1], SourceBulle::DrapeauFrancais);
+  nommer(fenetre.Drapeau[2], SourceBulle::DrapeauAnglais);
+  nommer(fenetre.BarreDeplacement, SourceBulle::BarreDeplacement);
+  nommer(fenetre.LogoNor, SourceBulle::LogoNor);
+  fenetre.PicTVCentre.NomAccessible =
+      Selon("Centre la fenêtre à l'écran", "Center the window on then desk top");
+  fenetre.TxtVitessePortSerie.NomAccessible = fenetre.Label1.Caption;
+  fenetre.TxtDuite.NomAccessible = "Duite #: ";
+  for (int i = 1; i <= 8; ++i)
+    fenetre.ComConfiguration[i].NomAccessible = fenetre.LblConfiguration[i].Caption;
+  for (int i = 1; i <= 24; ++i)
+    fenetre.CheckSelenoide[i].NomAccessible = Selon("Lame ", "Harness ") + std::to_string(i);
+}
+
 // A cursor out of a damaged or unlucky configuration must not keep the program from ever starting again.
 void AppliquerAuDepart() {
   try {
@@ -183,6 +203,7 @@ void DessinerBoutons() {
   BasculerInversion();
   DessinerConfiguration();
   DessinerDiagnostic();
+  NommerCommandes();
 }
 
 void PlacerMarqueLangue() { fenetre.ShDrapeau.Left = session.LangueFrancaise ? 285 : 945; }

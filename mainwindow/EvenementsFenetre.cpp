@@ -74,6 +74,7 @@ void PicTVCentre_Click() {
 }
 
 void BoutonAide_Click() {
+  FermerBulles();  // the skin is to be bare
   fenetre.BoutonProgramme[0].Visible = false;
   const bool tissage = fenetre.BoutonProgramme[4].Visible;
   if (tissage) CacherBoutonsTissage();

@@ -34,7 +34,7 @@ constexpr Apparence kApparences[22] = {
     {"Sortie", "", "Exit", "", "IMG547", Face::Claire},
     {"Configuration", "", "Configure", "", "IMG572", Face::Foncee},
     {"Annuler", "", "Cancel", "", "IMG545", Face::Claire},
-    {"Rafraîchir", "", "Refresh", "", "IMG573", Face::Foncee},
+    {"Rafraîchir", "", "Refresh", "", "IMG573", Face::Foncee, 45},
     {"Toile +", "Patron", "Tabby +", "Pattern", "IMG575", Face::Claire},
     {"Diagnostic", "", "Diagnostics", "", "IMG576", Face::Foncee},
     {"Fermer", "", "Quit", "", "IMG487", Face::Claire},
@@ -42,10 +42,11 @@ constexpr Apparence kApparences[22] = {
     {"Fin Diagnostic", "", "End Diagnostics", "", "IMG566", Face::Claire},
 };
 
-// The captions of the diagnostic buttons stand a little aside, by language.
+// Some captions stand a little aside, by language, clear of picture and lamp.
 int Decalage(int index) {
   if (index == 19) return session.LangueFrancaise ? 0 : 40;
   if (index == 20) return session.LangueFrancaise ? -80 : 0;
+  if (index == 16) return session.LangueFrancaise ? 15 : 0;
   return 0;
 }
 

@@ -10,7 +10,7 @@ const Couleur kRougeFonce = Rgb(168, 0, 0), kBleuFonce = Rgb(0, 0, 160), kLin = 
 
 // Widths of the buttons in twips, by index: every caption and picture fits in both languages.
 constexpr int kLargeurs[22] = {1245, 1290, 1500, 1380, 1320, 1320, 1245, 1245, 1620, 1320, 1320,
-                               555,  555,  1245, 1740, 1245, 1380, 1320, 1590, 1275, 1575, 1995};
+                               555,  555,  1245, 1830, 1245, 1380, 1320, 1590, 1275, 1575, 1995};
 
 void PlacerSurface(FenetreTissagePrincipale &f) {
   Placer(f.Picture2, 0, 0, 12120, 9570);

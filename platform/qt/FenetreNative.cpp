@@ -17,7 +17,9 @@ NatifFenetre &FenetreNative::Cadre() {
   if (cadre_) return *cadre_;
   QWidget *dessous = principale_ ? principale_->Cadre().Widget() : nullptr;
   toile_ = std::make_unique<ToileDessin>(dessous);
-  toile_->setWindowFlags((dessous ? Qt::Dialog : Qt::Window) | Qt::FramelessWindowHint);
+  Qt::WindowFlags drapeaux = (dessous ? Qt::Dialog : Qt::Window) | Qt::FramelessWindowHint;
+  if (donnee_.SansSouris) drapeaux |= Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus;
+  toile_->setWindowFlags(drapeaux);
   cadre_ = std::make_unique<NatifFenetre>(toile_.get(), donnee_, !dessous, porte_);
   veilleur_ = std::make_unique<Veilleur>(*cadre_, !dessous, porte_);
   veilleur_->Surveiller(*cadre_);

@@ -22,8 +22,10 @@ void Natif::Refleter() {
   RefleterPlace();
 }
 
+QRect Natif::Rectangle() const { return Pixels(*donnee_); }
+
 void Natif::RefleterPlace() {
-  place_.Suivre(porte_, Pixels(*donnee_), [&](const QRect &r) { widget_->setGeometry(r); });
+  place_.Suivre(porte_, Rectangle(), [&](const QRect &r) { widget_->setGeometry(r); });
   visible_.Suivre(porte_, donnee_->Visible, [&](bool visible) {
     if (visible)
       widget_->show();

@@ -43,6 +43,8 @@ class Natif {
   // Place, visibility and what only this kind shows.
   virtual void RefleterPlace();
   virtual void RefleterGenre() {}
+  // Where the widget stands in its parent, pixels.
+  virtual QRect Rectangle() const;
   void RefleterPointeur();
 
   template <class T>

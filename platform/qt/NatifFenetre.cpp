@@ -87,6 +87,9 @@ void NatifFenetre::RefleterPlace() {
 void NatifFenetre::Paraitre() {
   cadre_->show();
   cadre_->raise();
+  // A message that was raised before the main window stands above it all the same.
+  for (QObject *autre : cadre_->children())
+    if (auto *w = qobject_cast<QWidget *>(autre); w && w->isWindow() && w->isVisible()) w->raise();
   if (!cadre_->testAttribute(Qt::WA_ShowWithoutActivating)) cadre_->activateWindow();
 }
 

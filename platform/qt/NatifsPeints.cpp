@@ -1,4 +1,5 @@
 // Boxes, pictures, labels, outlines and the draft.
+#include <QGraphicsDropShadowEffect>
 #include <QLabel>
 
 #include "mainwindow/FenetreTissagePrincipale.h"
@@ -115,6 +116,8 @@ class NatifEtiquette : public Natif {
       palette.setColor(QPalette::WindowText, Teinte(c));
       label_->setPalette(palette);
     });
+    lignes_ = 1 + static_cast<int>(Texte(e.Caption).count(u'\n'));
+    cerne_.Suivre(porte_, e.Cerne, [&](bool cerne) { Cerner(cerne); });
     const QSize taille = Pixels(e).size();
     const bool plusieurs = taille.height() >= 2 * label_->fontMetrics().height();
     forme_.Suivre(porte_, {e.Alignment, plusieurs}, [&](const auto &) { Aligner(e.Alignment, plusieurs); });
@@ -122,7 +125,23 @@ class NatifEtiquette : public Natif {
                   [&](const auto &) { Ecrire(Texte(e.Caption), e.Abreger, taille.width()); });
   }
 
+  // A text that breaks its own lines shows them all; a label has no ground that could cover anything.
+  QRect Rectangle() const override {
+    QRect place = Natif::Rectangle();
+    if (lignes_ > 1) place.setHeight(std::max(place.height(), lignes_ * label_->fontMetrics().lineSpacing()));
+    return place;
+  }
+
  private:
+  void Cerner(bool cerne) {
+    if (!cerne) return label_->setGraphicsEffect(nullptr);
+    auto *ombre = new QGraphicsDropShadowEffect(label_);
+    ombre->setOffset(0, 0);
+    ombre->setBlurRadius(5);
+    ombre->setColor(QColor(0x2b, 0x26, 0x21));
+    label_->setGraphicsEffect(ombre);
+  }
+
   void Aligner(Alignement alignement, bool plusieurs) {
     const Qt::Alignment cote = alignement == Alignement::Gauche   ? Qt::AlignLeft
                                : alignement == Alignement::Centre ? Qt::AlignHCenter
@@ -139,8 +158,10 @@ class NatifEtiquette : public Natif {
   }
 
   QLabel *label_;
+  int lignes_ = 1;
   Montre<Police> fonte_;
   Montre<Couleur> couleur_;
+  Montre<bool> cerne_;
   Montre<std::tuple<Alignement, bool>> forme_;
   Montre<std::tuple<std::string, bool, int, Police>> texte_;
 };

@@ -54,7 +54,6 @@ QFont Fonte(const Police &police) {
 
 QRect Pixels(const Controle &c) {
   auto pixel = [](double twips) { return static_cast<int>(std::lround(twips / kTwipsParPixel)); };
-  const int gauche = pixel(c.Left), haut = pixel(c.Top);
-  return {gauche, haut, std::max(0, pixel(c.Left + c.Width) - gauche),
-          std::max(0, pixel(c.Top + c.Height) - haut)};
+  // The size by itself, not by its edges: it must be that of the surface painted for it.
+  return {pixel(c.Left), pixel(c.Top), std::max(0, pixel(c.Width)), std::max(0, pixel(c.Height))};
 }

@@ -26,6 +26,9 @@ bool Veilleur::eventFilter(QObject *source, QEvent *e) {
     case QEvent::MouseButtonRelease:
     case QEvent::MouseMove:
       return Souris(*natif, static_cast<QMouseEvent &>(*e));
+    case QEvent::Leave:
+      Quitter(*natif);
+      return false;
     case QEvent::KeyPress:
       return Enfoncer(*natif, static_cast<QWidget &>(*source), static_cast<QKeyEvent &>(*e));
     case QEvent::KeyRelease:
@@ -61,6 +64,16 @@ bool Veilleur::Souris(Natif &natif, QMouseEvent &e) {
       Presser(natif, e);
   }
   return !natif.Saisie();
+}
+
+// A pointer that jumps from a control to something far has passed over what lies around it, even where the
+// screen never saw it there: a hover must not outlive it.
+void Veilleur::Quitter(const Natif &natif) {
+  if (presse_ || &natif == &fenetre_ || !natif.Donnee().MouseMove) return;
+  const Natif *autour = natifs_.value(natif.Widget()->parentWidget());
+  if (!autour || autour == &fenetre_) return;
+  if (const auto bouge = autour->Donnee().MouseMove)
+    porte_.Passer([&, bouge] { bouge(0, natif.Donnee().Left, natif.Donnee().Top); });
 }
 
 void Veilleur::Presser(Natif &natif, const QMouseEvent &e) {
