@@ -37,8 +37,18 @@ void LierChamps() {
   fenetre.Text1.KeyDown = [](int touche, int) { Text1_KeyDown(touche); };
 }
 
+// Escape does what leaving a panel without applying it does.
+void Form_KeyDown(int touche) {
+  if (touche != Touche::Echappement) return;
+  if (fenetre.FenetreConfiguration.Visible)
+    BoutonProgramme_Click(15);
+  else if (fenetre.PicNor.Visible)
+    BoutonProgramme_Click(19);
+}
+
 void LierFenetre() {
   fenetre.Resize = Form_Resize;
+  fenetre.KeyDown = [](int touche, int) { Form_KeyDown(touche); };
   fenetre.MouseMove = [](int, double x, double) { Form_MouseMove(x); };
   for (int i = 1; i <= 2; ++i) fenetre.Drapeau[i].Click = [i] { Drapeau_Click(i); };
   fenetre.BarreDeplacement.MouseDown = BarreDeplacement_MouseDown;

@@ -52,7 +52,7 @@ int Decalage(int index) {
 
 // Second lines stand clear of the lamp.
 int Decalage2(int index) {
-  if (index == 7) return session.LangueFrancaise ? -90 : -150;
+  if (index == 7) return session.LangueFrancaise ? -115 : -150;
   return -100;
 }
 
