@@ -8,7 +8,7 @@ constexpr Couleur kVoyantVert = Rgb(10, 239, 123);
 constexpr Couleur kVoyantRouge = Rgb(250, 3, 3);
 
 // Sets and paints the lamp of one button, 0..21. A button that is neither 435 nor 515 twips high gets no
-// lamp.
+// lamp. Fails with 9 on another index.
 void ChangerVoyant(Entier index, bool etat);
 
 void EteindreVoyantsMode();  // 4, 5 and 17 off

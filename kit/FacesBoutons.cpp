@@ -101,7 +101,7 @@ void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau 
   const Entier w = Arrondir(bouton.Width), h = Arrondir(bouton.Height);
   const Entier d = Entier(53) * NombreCaracteres(ligne1), e = Entier(53) * NombreCaracteres(ligne2);
   const int j = avecImage ? 120 : 0;
-  const Entier gauche1 = Arrondir(w / 2.0) - d + reglages.BoutonTexteDecale;
+  const Entier gauche1 = Arrondir(w / 2.0 - int{d} + int{reglages.BoutonTexteDecale});
   const Entier tiers = Arrondir(h / 3.0), moitie = Arrondir(h / 2.0);
   const bool seule = EstVide(ligne2);
   const Police police{"Arial", style == 1 && !seule ? 10.0 : 8.0, true, false};
@@ -110,13 +110,13 @@ void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau 
     s.Print(gauche1 + 200, moitie - 110, ligne1, police, couleurTexte);
   } else if (style == 0) {
     s.Print(gauche1 + j, tiers - 105, ligne1, police, couleurTexte);
-    s.Print(Arrondir(w / 2.0) + 150 - e + j + reglages.BoutonTexteDecale2, tiers + 45, ligne2, police,
-            couleurTexte);
+    s.Print(Arrondir(w / 2.0 + 150 - int{e} + j + int{reglages.BoutonTexteDecale2}), tiers + 45, ligne2,
+            police, couleurTexte);
   } else if (seule) {
     s.Print(gauche1 + j, moitie - 125, ligne1, police, couleurOmbre);
     s.Print(gauche1 + j + 13, moitie - 125 + 8, ligne1, police, couleurTexte);
   } else {
-    const Entier y = tiers - 105, gauche2 = Arrondir(w / 2.0) - e + j;
+    const Entier y = tiers - 105, gauche2 = Arrondir(w / 2.0 - int{e} + j);
     s.Print(gauche1 + j, y, ligne1, police, couleurOmbre);
     s.Print(gauche1 + j + 13, y + 8, ligne1, police, couleurTexte);
     s.Print(gauche2 + reglages.BoutonTexteDecale, y + 150, ligne2, police, couleurOmbre);

@@ -97,6 +97,7 @@ void FenetreMessage::Load() {
 void AfficherMessage(const std::string &texte) {
   FenetreMessage &f = Charger(fenetreMessage);
   f.Information.Caption = texte;
+  plateforme().DonnerFocus(f.Picture2);
   f.Visible = true;
   plateforme().MontrerModal(f);
 }

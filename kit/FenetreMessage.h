@@ -16,5 +16,6 @@ struct FenetreMessage : Fenetre {
 
 extern FenetreMessage fenetreMessage;
 
-// Writes the text into the window and shows it; returns when it has closed.
+// Writes the text into the window and shows it; returns when it has closed. Fails with 481
+// on a missing picture.
 void AfficherMessage(const std::string &texte);

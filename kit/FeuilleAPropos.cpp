@@ -17,7 +17,7 @@ constexpr int kPas = 60, kFinCourse = -2400;  // twips
 constexpr int kSite = 4, kCourriel = 5;       // labels
 const Couleur kBlanc = Gris(255), kBleu = Rgb(0, 0, 255);
 
-void Fermer() { Decharger(feuilleAPropos); }
+void BoutonFin_Click() { Decharger(feuilleAPropos); }
 
 void tmrDepart_Timer() {
   feuilleAPropos.tmrDepart.Interval(0);
@@ -61,9 +61,10 @@ void Lier(FeuilleAPropos &f) {
   f.MouseMove = f.Picture1.MouseMove = f.Picture2.MouseMove = f.Image2.MouseMove = QuitterLabels;
   for (int i : {0, 2, 3, 4, 5}) {
     f.Label1[i].MouseMove = [i](int, double, double) { Label1_MouseMove(i); };
-    f.Label1[i].Click = [i] { Label1_Click(i); };
+    if (i == kSite || i == kCourriel) f.Label1[i].Click = [i] { Label1_Click(i); };
   }
-  f.Image2.Click = f.BoutonFin.Click = Fermer;
+  f.Image2.Click = f.BoutonFin.Click = BoutonFin_Click;
+  f.Image2.NomAccessible = Selon("Sortie", "Exit");
   f.BoutonFin.MouseDown = [](int, double, double) { EnfoncerBouton(feuilleAPropos.BoutonFin); };
   f.BoutonFin.MouseUp = [](int, double, double) { RelacherBouton(feuilleAPropos.BoutonFin); };
 }

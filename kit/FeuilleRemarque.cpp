@@ -53,6 +53,7 @@ void FeuilleRemarque::Visiter(Visiteur &v) {
 void FeuilleRemarque::Load() {
   Click = Picture2.Click = EnteteRemarque.Click = Timer1.Timer = Fermer;
   KeyDown = [](int, int) { Fermer(); };
+  Picture2.NomAccessible = Selon("Fermer", "Close");
   for (int i = 1; i <= 8; ++i) LblRemarque[i].Click = Fermer;
 
   Picture2.Dessin = plateforme().Picture("FondRemarque");

@@ -20,4 +20,5 @@ struct FeuilleRemarque : Fenetre {
 extern FeuilleRemarque feuilleRemarque;
 
 // Loads the note with the lines of the session, writes its heading and shows it; returns when it has closed.
+// Fails with 481 on a missing picture.
 void AfficherRemarque(const std::string &entete);

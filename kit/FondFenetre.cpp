@@ -1,7 +1,5 @@
 #include "kit/FondFenetre.h"
 
-#include <algorithm>
-#include <cmath>
 #include <initializer_list>
 
 #include "base/TexteNumerique.h"

@@ -1,5 +1,6 @@
 // The frame painter: grounds, frames, button faces and titles of every window, on the system's own pixels.
-// Sizes are pixels unless told otherwise. Every routine leaves the surface's scale mode as it found it.
+// Sizes are pixels unless told otherwise. Every routine leaves the surface's scale mode as it found it. Those
+// that set pictures fail with 481 where one is missing, those that count twips with 6 beyond 16 bits.
 #pragma once
 
 #include <string>
@@ -24,7 +25,7 @@ extern ReglagesPeinture reglages;
 
 // "15/13\61" becomes "&H003D0D0F&"; an empty entry leaves `sortie`.
 void DecoderCouleur(const std::string &texte, std::string &sortie);
-// The colour that such a text stands for.
+// The colour that such a text stands for; the text is one that DecoderCouleur wrote.
 Couleur CouleurDeTexte(const std::string &texte);
 
 // Twips on entry, pixels on return, rounded; fails with 6 beyond 16 bits.
@@ -39,7 +40,8 @@ void ChargerPicture(BoitePicture &boite, const std::string &nom);
 void PeindreCadreTuiles(Surface &cible);
 // The same and the heading band.
 void PeindreFenetreMessage(Surface &cible);
-// A ground of one colour, or of the picture named, in a frame of lines with a white top and left.
+// A ground of one colour, or of the picture named, in a frame of lines with a white top and left. Held in
+// reserve.
 void PeindreFondPrincipal(Surface &cible, const std::string &image, Couleur fond);
 
 // Frames of the panels: black outer line, white inner line.
@@ -72,7 +74,7 @@ void RendreTailleBouton(BoitePicture &bouton);
 // twips each half. W and H are the button's, in twips.
 void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage,
                        const std::string &ligne2, Entier style, Couleur couleurTexte, Couleur couleurOmbre);
-// Titles, printed as a shadow and a face; a blank text prints nothing.
+// Titles, printed as a shadow and a face; a blank text prints nothing. The two red ones are held in reserve.
 void EcrireTitreCadre(Surface &cible, const std::string &texte, Couleur couleurTexte, Couleur couleurOmbre);
 void EcrireTitreRouge(Surface &cible, const std::string &texte);
 void EcrireTitreRougeHaut(Surface &cible, const std::string &texte);

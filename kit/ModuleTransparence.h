@@ -8,5 +8,6 @@
 // Fails with 11 on a picture of height 1.
 Region CreerRegionImage(const Surface &image);
 
-// Gives the window the outline of the picture in the box, which goes to the window's top left corner.
+// Gives the window the outline of the picture in the box, which goes to the window's top left corner. Fails
+// as CreerRegionImage does.
 void FaconnerFenetre(Fenetre &fenetre, BoitePicture &boite);

@@ -1,6 +1,5 @@
 #include "mainwindow/CompositionFenetre.h"
 
-#include <cmath>
 #include <initializer_list>
 
 #include "display/GrilleDuites.h"

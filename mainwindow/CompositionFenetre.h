@@ -6,10 +6,11 @@
 // plan can be built is told in a message and leaves no plan. Fails with 53 or 481 on a missing picture.
 void Form_Load();
 
-// Gives the window the outline of its skin, with the progress window standing meanwhile.
+// Gives the window the outline of its skin, with the progress window standing meanwhile. Fails with 481.
 void AppliquerFormeFenetre();
 
-// Paints all faces, lamps, captions and pictures in the language in force, and both panels.
+// Paints all faces, lamps, captions and pictures in the language in force, and both panels. Fails with 53 or
+// 481.
 void DessinerBoutons();
 
 // Puts the red box around the flag of the language in force.

@@ -1,5 +1,7 @@
 #include "mainwindow/EvenementsFenetre.h"
 
+#include <initializer_list>
+
 #include "display/GrilleDuites.h"
 #include "kit/BullesInfo.h"
 #include "kit/Fabricant.h"

@@ -4,7 +4,7 @@
 #include "base/Entier.h"
 
 // The language flags: 1 French, any other English. Repaints everything, and redraws a plan, which sends its
-// pick while weaving.
+// pick while weaving. Fails with 53 or 481 on a missing picture, and as AfficherDuites does.
 void Drapeau_Click(Entier index);
 
 // The drag bar; places in twips inside the bar. Away from the kept place a move turns help off and shows the

@@ -66,6 +66,10 @@ void PeindreDessin(Surface &face, const Apparence &a) {
 void DessinerBouton(int index, bool voyant) {
   const Apparence &a = kApparences[index];
   BoitePicture &b = fenetre.BoutonProgramme[index];
+  if (session.SurvolActif && session.BoutonSurvole == index) {  // a repaint ends the hover
+    RendreTailleBouton(b);
+    session.SurvolActif = false;
+  }
   PreparerSurface(b);
   if (a.face == Face::Claire)
     PeindreFaceClaire(b.Dessin);

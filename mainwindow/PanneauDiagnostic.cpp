@@ -21,7 +21,7 @@ void AdapterBande(bool boites17a24, int largeur, const char *indicateur) {
 void DessinerDiagnostic() {
   for (int i = 18; i <= 21; ++i) DessinerBouton(i, false);
   PreparerSurface(fenetre.PicNor);
-  // The frame is painted in two passes, as it always was.
+  // The frame is painted twice.
   for (int passe = 0; passe < 2; ++passe)
     PeindreFondPanneauOnglet(fenetre.PicNor.Dessin, Selon("Diagnostic", "Diagnostics"),
                              fenetre.PicNor.BackColor);

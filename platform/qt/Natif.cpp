@@ -12,7 +12,8 @@ Natif::Natif(QWidget *widget, Controle &donnee, Porte &porte)
 
 bool Natif::Bouton() const {
   const Genre genre = donnee_->genre();
-  return donnee_->Click && (genre == Genre::Boite || genre == Genre::Image);
+  const bool lien = genre == Genre::Etiquette && donnee_->MouseMove;  // a label that answers the pointer
+  return donnee_->Click && (genre == Genre::Boite || genre == Genre::Image || lien);
 }
 
 void Natif::Refleter() {

@@ -134,10 +134,8 @@ double PlateformeQt::Aujourdhui() {
 }
 
 Ecran PlateformeQt::EcranDisponible() {
-  const QWidget *principale = miroir_.Principale();
-  const QScreen *ecran =
-      principale && principale->isVisible() ? principale->screen() : QGuiApplication::primaryScreen();
-  const QRect place = ecran->availableGeometry();
+  if (!ecran_) ecran_ = QGuiApplication::primaryScreen();
+  const QRect place = ecran_->availableGeometry();
   return {Twips(place.x()), Twips(place.y()), Twips(place.width()), Twips(place.height())};
 }
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QPointer>
+#include <QScreen>
 #include <QSystemTrayIcon>
 #include <functional>
 #include <memory>
@@ -52,6 +54,7 @@ class PlateformeQt : public Plateforme {
   PortSerieQt port_;
   std::vector<Attente> attentes_;  // the modal windows, the innermost last
   std::unique_ptr<QSystemTrayIcon> icone_;
+  QPointer<QScreen> ecran_;  // on which the window opened; its kept place is there
   bool terminee_ = false;
   Miroir miroir_;
 };

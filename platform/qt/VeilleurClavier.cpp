@@ -15,6 +15,10 @@ int CodeTouche(const QKeyEvent &e) {
   static const std::map<int, int> codes = {{Qt::Key_Backspace, Touche::Retour},
                                            {Qt::Key_Return, Touche::Entree},
                                            {Qt::Key_Enter, Touche::Entree},
+                                           {Qt::Key_Tab, 9},
+                                           {Qt::Key_Shift, 16},
+                                           {Qt::Key_Control, 17},
+                                           {Qt::Key_Alt, 18},
                                            {Qt::Key_Escape, Touche::Echappement},
                                            {Qt::Key_PageUp, 33},
                                            {Qt::Key_PageDown, 34},
@@ -31,7 +35,8 @@ int CodeTouche(const QKeyEvent &e) {
   if (e.key() >= Qt::Key_F1 && e.key() <= Qt::Key_F16) return 112 + e.key() - Qt::Key_F1;
   const bool propre = e.key() == Qt::Key_Space || (e.key() >= Qt::Key_0 && e.key() <= Qt::Key_9) ||
                       (e.key() >= Qt::Key_A && e.key() <= Qt::Key_Z);
-  return propre ? e.key() : 0;
+  constexpr int kAutre = 255;  // any other key is a key too
+  return propre ? e.key() : kAutre;
 }
 
 int EtatMaj(const QKeyEvent &e) {
@@ -64,7 +69,9 @@ bool Veilleur::Enfoncer(Natif &natif, QWidget &source, QKeyEvent &e) {
   if (tenu && natifs_.value(tenu, &natif) != &natif) return true;
   const int code = CodeTouche(e), maj = EtatMaj(e);
   if (e.key() == Qt::Key_Tab || e.key() == Qt::Key_Backtab) {
-    Parcourir(e.key() == Qt::Key_Tab ? 1 : -1);
+    // Where there is nowhere to go it is a key like any other.
+    if (OrdreLecture().size() > 1 || !Avertir(fenetre_.Donnee(), 9, maj))
+      Parcourir(e.key() == Qt::Key_Tab ? 1 : -1);
     return true;
   }
   const bool pourFenetre = code == Touche::Echappement || ((maj & Touche::Alt) && code >= '0' && code <= 'Z');
@@ -74,7 +81,6 @@ bool Veilleur::Enfoncer(Natif &natif, QWidget &source, QKeyEvent &e) {
 }
 
 bool Veilleur::Commander(Natif &natif, int code, int maj, bool repetee) {
-  if (code == 0) return true;
   if (Avertir(natif.Donnee(), code, maj)) return true;
   const bool presse = code == Touche::Espace || code == Touche::Entree;
   if (presse && natif.Bouton()) {
@@ -88,7 +94,7 @@ bool Veilleur::Commander(Natif &natif, int code, int maj, bool repetee) {
 
 bool Veilleur::Saisir(Natif &natif, QKeyEvent &e) {
   const int code = CodeTouche(e), maj = EtatMaj(e);
-  if (code != 0 && Avertir(natif.Donnee(), code, maj) && !natif.Widget()->isVisible()) return true;
+  if (Avertir(natif.Donnee(), code, maj) && !natif.Widget()->isVisible()) return true;
   if (natif.Ecriture() && Filtrer(natif, e)) return true;
   const bool uneLigne =
       natif.Donnee().genre() == Genre::Texte && !static_cast<const ZoneTexte &>(natif.Donnee()).Multiligne;
