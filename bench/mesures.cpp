@@ -2,7 +2,6 @@
 #include <benchmark/benchmark.h>
 
 #include "display/GrilleDuites.h"
-#include "kit/ModuleTransparence.h"
 #include "mainwindow/FacesCommandes.h"
 #include "pattern/LecteurLiftplan.h"
 #include "pattern/MatriceLames.h"
@@ -98,17 +97,6 @@ void Reprise(benchmark::State &etat) {
   if (session.NombreDuites != kDuites) etat.SkipWithError("the project was not resumed");
 }
 BENCHMARK(Reprise)->Unit(benchmark::kMillisecond);
-
-// The busiest outline: a run in every row of every other column would be no window; the skin's shape is a few
-// runs a row.
-void RegionHabillage(benchmark::State &etat) {
-  Atelier atelier;
-  Surface image(808, 638, 0xff00ff);
-  image.Boite(8, 0, 799, 560, 0x808080);
-  image.Boite(0, 561, 806, 637, 0x808080);
-  for (auto _ : etat) benchmark::DoNotOptimize(CreerRegionImage(image));
-}
-BENCHMARK(RegionHabillage)->Unit(benchmark::kMillisecond);
 
 void Faces(benchmark::State &etat) {
   Atelier atelier;

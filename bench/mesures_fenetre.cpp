@@ -14,6 +14,7 @@
 #include <fstream>
 #include <vector>
 
+#include "kit/ModuleTransparence.h"
 #include "mainwindow/CompositionFenetre.h"
 #include "mainwindow/Evenements.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
@@ -155,6 +156,14 @@ void RouteDUneDuite(benchmark::State &etat) {
   etat.counters["p99_us"] = durees[durees.size() * 99 / 100];
 }
 BENCHMARK(RouteDUneDuite)->UseManualTime()->Unit(benchmark::kMicrosecond)->Iterations(2000);
+
+// The outline of the skin as it is drawn, with no progress window standing.
+void RegionHabillage(benchmark::State &etat) {
+  Programme programme;
+  const Surface &peau = programme.machine.Picture("Habillage");
+  for (auto _ : etat) benchmark::DoNotOptimize(CreerRegionImage(peau));
+}
+BENCHMARK(RegionHabillage)->Unit(benchmark::kMillisecond);
 
 void MemoireResidente(benchmark::State &etat) {
   Programme programme;

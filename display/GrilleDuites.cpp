@@ -8,7 +8,7 @@ namespace {
 constexpr int kRangees = 20, kRangeeCourante = 11, kDerniereColonneNoire = 24;
 
 void CacherRangee(int rangee) {
-  for (int j = 1; j <= kLames; ++j) fenetre.PicPourTissage.Cases[rangee][j].Visible = false;
+  for (int j = 1; j <= kLames; ++j) fenetre.PicPourTissage.PicPourImage[rangee][j].Visible = false;
 }
 
 void CacherCases() {
@@ -22,7 +22,7 @@ void DessinerRangee(int rangee, int duite) {
   LireCaseMatrice(duite);
   for (int j = 1; j <= session.NombreLames; ++j)
     if (session.MatriceLames(duite, j) == 1)
-      fenetre.PicPourTissage.Cases[rangee][j].Visible = j <= session.NombreLamesGrille;
+      fenetre.PicPourTissage.PicPourImage[rangee][j].Visible = j <= session.NombreLamesGrille;
   EcrireIndicateurLigne(rangee, duite);
 }
 
@@ -94,7 +94,7 @@ void PreparerGrille() {
 void InitialiserCases() {
   for (int r = 1; r <= kRangees; ++r)
     for (int j = 1; j <= kDerniereColonneNoire; ++j)
-      fenetre.PicPourTissage.Cases[r][j].Picture = r == kRangeeCourante ? ImageCase::Rouge : ImageCase::Noir;
+      fenetre.PicPourTissage.PicPourImage[r][j].Picture = r == kRangeeCourante ? ImageCase::Rouge : ImageCase::Noir;
 }
 
 void CacherBitsEnvoi() {

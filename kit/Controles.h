@@ -10,7 +10,7 @@
 #include "kit/Surface.h"
 
 enum class Genre { Boite, Image, Etiquette, Texte, Liste, Case, Forme, Fenetre };
-enum class Alignement { Gauche, Centre, Droite };
+enum class Alignement { Gauche, Centre };
 
 // Mouse buttons and pointer shapes by their numbers in the system.
 constexpr int kBoutonGauche = 1;
@@ -68,7 +68,6 @@ struct BoitePicture : Controle {
   Surface Dessin;
   Couleur BackColor = Gris(192);
   std::string Tag;
-  bool Transparent = false;  // the mirror shows what is behind where nothing is drawn
 };
 
 // A picture alone.

@@ -21,7 +21,7 @@ struct CaseDuite {
 
 // The draft: 20 rows of 32 cells, one per harness, over a drawn ground.
 struct PanneauGrille : BoitePicture {
-  Table<Table<CaseDuite, kLames>, 20> Cases;  // [row 1..20][harness 1..32]
+  Table<Table<CaseDuite, kLames>, 20> PicPourImage;  // 1 to 20, each 1 to 32: [row 1..20][harness 1..32]
 };
 
 struct FenetreTissagePrincipale : Fenetre {

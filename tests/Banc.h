@@ -26,10 +26,18 @@
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "weaving/CommandesProgramme.h"
 
+using V = std::vector<std::string>;
+
+inline const std::string kA = "TabbyA=1,3,5,7,9,11,13,15,17,19,21,23",
+                         kB = "TabbyB=2,4,6,8,10,12,14,16,18,20,22,24";
+inline const std::string kLiberer = "\033R\r\n", kRapport = "\033C\r";
+inline const std::string kInutilisable = "Error|Erreur numéro: 8002; Description: Invalid port number",
+                         kSansPlan = "\r\n This file : \r\n does not have a lift plan.";
+
 // Records every write as one element and fails on demand.
 class PortBanc : public PortSerie {
  public:
-  std::vector<std::string> ecrits;
+  V ecrits;
   std::deque<std::string> recus;  // one element per read
   Entier numero;
   std::string reglages = "9600,N,8,1";
@@ -87,15 +95,12 @@ class PlateformeBanc : public Plateforme {
  public:
   PortBanc port;
   std::string dossier, fichierChoisi;  // an empty choice is a cancelled dialog
-  std::vector<std::string> messages;   // one text per window shown: title and lines, joined by "|"
-  std::vector<std::string> adresses;
+  V messages;                          // one text per window shown: title and lines, joined by "|"
+  V adresses;
   std::function<void()> pendant;  // runs inside DoEvents
   std::function<void(Fenetre &)> pendantModal;
-  int bips = 0, rafraichis = 0, reprises = 0, actionIcone = -1;
+  int rafraichis = 0, reprises = 0;
   bool termine = false;
-  double jour = 45983;  // 2025-11-22
-  Controle *focus = nullptr;
-  Ecran ecran{0, 0, 15360, 11520};
 
   PortSerie &MSComm1() override { return port; }
   void ShowOpen(DialogueFichier &d) override {
@@ -113,19 +118,15 @@ class PlateformeBanc : public Plateforme {
     if (pendantModal) pendantModal(f);
     Decharger(f);
   }
-  void DonnerFocus(Controle &c) override { focus = &c; }
+  void DonnerFocus(Controle &) override {}
   void OuvrirAdresse(const std::string &a) override { adresses.push_back(a); }
-  Entier IconeNotification(int action, const std::string &) override {
-    actionIcone = action;
-    return 1;
-  }
-  void Beep() override { ++bips; }
+  Entier IconeNotification(int, const std::string &) override { return 1; }
+  void Beep() override {}
   bool DemanderReprise(const std::string &) override { return reprises-- > 0; }
-  double Aujourdhui() override { return jour; }
-  Ecran EcranDisponible() override { return ecran; }
+  double Aujourdhui() override { return 45983; }  // 2025-11-22
+  Ecran EcranDisponible() override { return {0, 0, 15360, 11520}; }
   const Surface &Picture(const std::string &nom) override;
-  const Surface &LoadPicture(const std::string &chemin) override {
-    if (!std::filesystem::exists(chemin)) throw ErreurExecution(Erreur::FichierIntrouvable);
+  const Surface &LoadPicture(const std::string &) override {
     static const Surface dessin(20, 20, Gris(192));
     return dessin;
   }
@@ -154,25 +155,44 @@ class PlateformeBanc : public Plateforme {
 // Pictures of the right size without their drawing, so that layouts hold.
 inline const Surface &PlateformeBanc::Picture(const std::string &nom) {
   static std::map<std::string, Surface> images;
-  const std::map<std::string, int> grilles{{"8", 131}, {"12", 194}, {"16", 259}, {"24", 387}, {"32", 515}};
+  static const std::map<std::string, std::pair<int, int>> tailles{
+      {"Fond8", {131, 320}},        {"Fond12", {194, 320}},      {"Fond16", {259, 320}},
+      {"Fond24", {387, 320}},       {"Fond32", {515, 320}},      {"Indicateur8", {131, 16}},
+      {"Indicateur12", {194, 16}},  {"Indicateur16", {259, 16}}, {"Indicateur24", {387, 16}},
+      {"Indicateur32", {515, 16}},  {"Habillage", {808, 638}},   {"Attente", {547, 186}},
+      {"FondRemarque", {542, 165}}, {"UnInstant", {362, 60}},    {"FondMessage", {676, 408}},
+      {"PicTVCentre", {45, 36}},    {"Picture3", {71, 95}}};
   auto [place, neuve] = images.try_emplace(nom);
   if (!neuve) return place->second;
-  int l = 30, h = 30;
-  for (const auto &[n, largeur] : grilles) {
-    if (nom == "Fond" + n) l = largeur, h = 320;
-    if (nom == "Indicateur" + n) l = largeur, h = 16;
-  }
-  if (nom == "Habillage") l = 808, h = 638;
-  if (nom == "Attente") l = 547, h = 186;
-  if (nom == "FondRemarque") l = 542, h = 165;
-  if (nom == "UnInstant") l = 362, h = 60;
-  if (nom == "FondMessage") l = 676, h = 408;
-  if (nom == "PicTVCentre") l = 45, h = 36;
-  if (nom == "Picture3") l = 71, h = 95;
-  if (nom.rfind("BulleInfo", 0) == 0) l = 152, h = 102;
+  const auto taille = tailles.find(nom);
+  auto [l, h] = taille != tailles.end()          ? taille->second
+                : nom.rfind("BulleInfo", 0) == 0 ? std::pair(152, 102)
+                                                 : std::pair(30, 30);
   place->second = Surface(l, h, Gris(200));
   place->second.PSet(0, 0, 0);
   return place->second;
+}
+
+// The harnesses of a plan line, read without the system's help.
+inline std::set<int> LamesDe(const std::string &ligne) {
+  std::set<int> lames;
+  std::stringstream liste(ligne.substr(ligne.find('=') + 1));
+  for (std::string n; std::getline(liste, n, ',');) lames.insert(std::atoi(n.c_str()));
+  return lames;
+}
+
+// The 24-harness frame of these harnesses, from the wire format alone: 17 to 24 do not go out, 1 to 8 do
+// twice.
+inline std::string Cadre24(const std::set<int> &lames) {
+  int octets[2] = {0, 0};
+  for (int l : lames)
+    if (l >= 1 && l <= 16) octets[(l - 1) / 8] |= 1 << (l - 1) % 8;
+  const char a = static_cast<char>(octets[0]), b = static_cast<char>(octets[1]);
+  return kLiberer + "\033I" + a + b + a + '\0' + "\r\n\033E\r\n";
+}
+// That of a plan line; a lone number raises nothing.
+inline std::string Cadre24(const std::string &ligne) {
+  return Cadre24(ligne.find(',') == std::string::npos ? std::set<int>() : LamesDe(ligne));
 }
 
 // A fresh session in a fresh folder with the folders of the program.
@@ -185,10 +205,6 @@ class Banc : public ::testing::Test {
     char modele[] = "/tmp/banc-XXXXXX";
     pf.dossier = mkdtemp(modele);
     std::filesystem::create_directory(pf.dossier + "/Data");
-    std::filesystem::create_directory(pf.dossier + "/Dessins Boutons");
-    for (const char *n : {"487", "571", "002", "563", "564", "460", "575", "051", "052", "567", "568",
-                          "569", "566", "565", "578", "579", "547", "572", "545", "573", "576", "577"})
-      std::ofstream(pf.dossier + "/Dessins Boutons/IMG" + n + ".BMP") << "x";
     InstallerPlateforme(&pf);
     Recommencer();
   }
@@ -196,21 +212,10 @@ class Banc : public ::testing::Test {
 
   // What a new process starts with.
   void Recommencer() {
-    session = {};
-    fenetre = FenetreTissagePrincipale();
-    attente = Attente();
-    fenetreMessageCourt = FenetreMessageCourt();
-    fenetreMessage = FenetreMessage();
-    fenetreMessageErreur = FenetreMessageErreur();
-    feuilleRemarque = FeuilleRemarque();
-    feuilleAPropos = FeuilleAPropos();
-    bulleInfoBasGauche = BulleInfoBasGauche();
-    bulleInfoHautDroit = BulleInfoHautDroit();
-    bulleInfoHautGauche = BulleInfoHautGauche();
-    bulleInfoBasDroit = BulleInfoBasDroit();
-    reglages = {};
-    port = PortBanc();
-    pf.messages.clear();
+    const auto aNeuf = [](auto &...objets) { ((objets = std::decay_t<decltype(objets)>()), ...); };
+    aNeuf(session, fenetre, attente, reglages, port, pf.messages, feuilleRemarque, feuilleAPropos);
+    aNeuf(fenetreMessageCourt, fenetreMessage, fenetreMessageErreur);
+    aNeuf(bulleInfoBasGauche, bulleInfoHautDroit, bulleInfoHautGauche, bulleInfoBasDroit);
     LierEvenements();
   }
   // A new process that has come up.
@@ -235,14 +240,14 @@ class Banc : public ::testing::Test {
     return {std::istreambuf_iterator<char>(f), {}};
   }
   // A pattern of these lift plan lines, closed as real files are.
-  std::string Motif(const std::vector<std::string> &lignes, const std::string &nom = "motif.wif") const {
+  std::string Motif(const V &lignes, const std::string &nom = "motif.wif") const {
     std::string texte = "[WIF]\r\nVersion=1.1\r\n[LIFTPLAN]\r\n";
     for (const std::string &l : lignes) texte += l + "\r\n";
     return EcrireFichier(nom, texte + "[WEAVING]\r\nShafts=24\r\n");
   }
   // n picks "i=a,b", each with its own pair of harnesses among 1..16.
-  static std::vector<std::string> Lignes(int n) {
-    std::vector<std::string> lignes;
+  static V Lignes(int n) {
+    V lignes;
     for (int i = 1; i <= n; ++i)
       lignes.push_back(std::to_string(i) + "=" + std::to_string(1 + i % 16) + "," +
                        std::to_string(1 + (i / 16 + 2 * i + 3) % 16));
@@ -259,12 +264,32 @@ class Banc : public ::testing::Test {
     Commande(13);
   }
   // What the loom sends, and the tick that finds it; a closed port drops it.
-  void Rapport(const std::string &octets =
-                   "\x1B"
-                   "C\r") {
+  void Rapport(const std::string &octets = kRapport) {
     if (port.ouvert) port.recus.push_back(octets);
     fenetre.Timer3.Timer();
   }
+  void Rapports(int n) {
+    for (int i = 0; i < n; ++i) Rapport();
+  }
+  // What went over the line since the last look, one text for each write.
+  V Ecrits() { return std::exchange(port.ecrits, {}); }
+  // What the windows told since the last look.
+  V Messages() { return std::exchange(pf.messages, {}); }
+};
+
+// A program that has come up, set to the pattern option, and a pattern to open.
+class BancConfigure : public Banc {
+ protected:
+  void SetUp() override {
+    Banc::SetUp();
+    Demarrer();
+    Configurer({{1, "COM 1"}, {5, "Pattern"}});
+  }
+  void OuvrirLignes(const V &l) { Ouvrir(Motif(lignes = l)); }
+  const std::string &Wif(int i) const { return lignes.at(static_cast<std::size_t>(i - 1)); }
+  // The frame of pick i.
+  std::string Duite(int i) const { return Cadre24(Wif(i)); }
+  V lignes;
 };
 
 inline std::string Hexa(const std::string &octets) {
@@ -290,28 +315,4 @@ inline std::string Mots(std::initializer_list<int> valeurs) {
   std::string s;
   for (int v : valeurs) (s += static_cast<char>(v & 255)) += static_cast<char>(v >> 8 & 255);
   return s;
-}
-
-// The harnesses of a plan line, read without the system's help.
-inline std::set<int> LamesDe(const std::string &ligne) {
-  std::set<int> lames;
-  std::stringstream liste(ligne.substr(ligne.find('=') + 1));
-  for (std::string n; std::getline(liste, n, ',');) lames.insert(std::atoi(n.c_str()));
-  return lames;
-}
-
-// The 24-harness frame of these harnesses, from the wire format alone: 17 to 24 do not go out, 1 to 8 do
-// twice.
-inline std::string Cadre24(const std::set<int> &lames) {
-  int octets[2] = {0, 0};
-  for (int l : lames)
-    if (l >= 1 && l <= 16) octets[(l - 1) / 8] |= 1 << (l - 1) % 8;
-  const char a = static_cast<char>(octets[0]), b = static_cast<char>(octets[1]);
-  return std::string("\x1BR\r\n\x1BI") + a + b + a + '\0' +
-         "\r\n\x1B"
-         "E\r\n";
-}
-// That of a plan line; a lone number raises nothing.
-inline std::string Cadre24(const std::string &ligne) {
-  return Cadre24(ligne.find(',') == std::string::npos ? std::set<int>() : LamesDe(ligne));
 }

@@ -42,7 +42,6 @@ class EssaiPortSerie : public testing::Test {
     Brancher();
   }
   void TearDown() override { Debrancher(); }
-
   fs::path Ports() const { return fs::path(dossier.path().toStdString()) / "Ports"; }
 
   // A new pseudo-terminal behind COM 1.
@@ -103,42 +102,25 @@ TEST_F(EssaiPortSerie, EveryBytePassesBothWays) {
   EXPECT_EQ(Recevoir(256), TousLesOctets());
 }
 
-TEST_F(EssaiPortSerie, ReadsByLengthAndCountsWhatWaits) {
-  port.PortOpen(true);
-  Envoyer("[CC]x");
-  for (int essai = 0; port.InBufferCount() < 5 && essai < kPatience; ++essai) poll(nullptr, 0, 1);
-  EXPECT_EQ(port.InBufferCount(), 5);
-  port.InputLen(4);
-  EXPECT_EQ(port.Input(), "[CC]");
-  port.InputLen(0);
-  EXPECT_EQ(port.Input(), "x");
-}
-
 TEST_F(EssaiPortSerie, UnusablePortsAre8002) {
   auto numeroOuverture = [&](int com) {
     port.CommPort(com);
     return Numero([&] { port.PortOpen(true); });
   };
   std::ofstream(Ports() / "com2") << "not a device";
-  fs::create_symlink("/dev/nowhere", Ports() / "com3");
-  fs::create_symlink("/dev/null", Ports() / "com4");
-  fs::create_directory(Ports() / "com5");
-  for (const int com : {2, 3, 4, 5, 99, 0, -1}) {
+  fs::create_symlink("/dev/null", Ports() / "com3");
+  for (const int com : {2, 3, 99, 0}) {
     EXPECT_EQ(numeroOuverture(com), Erreur::PortInutilisable) << com;
     EXPECT_FALSE(port.PortOpen()) << com;
   }
   PortSerieQt autre(dossier.path().toStdString());
   autre.PortOpen(true);
   EXPECT_EQ(numeroOuverture(1), Erreur::PortInutilisable) << "busy";
-  autre.PortOpen(false);
-  EXPECT_EQ(numeroOuverture(1), 0);
 }
 
 TEST_F(EssaiPortSerie, OpenAndClosedStates) {
   EXPECT_EQ(Numero([&] { port.Output("x"); }), Erreur::PortFerme);
   EXPECT_EQ(port.Input(), "");
-  EXPECT_EQ(port.InBufferCount(), 0);
-  port.PortOpen(false);
   port.PortOpen(true);
   EXPECT_EQ(Numero([&] { port.PortOpen(true); }), Erreur::PortDejaOuvert);
   EXPECT_EQ(Numero([&] { port.CommPort(2); }), Erreur::PortDejaOuvert);
@@ -148,7 +130,6 @@ TEST_F(EssaiPortSerie, OpenAndClosedStates) {
   port.Output("\x1bR\r\n");
   port.PortOpen(false);
   EXPECT_EQ(Lire(4), "\x1bR\r\n");
-  EXPECT_EQ(port.Input(), "");
   port.PortOpen(true);
   Envoyer("new");
   EXPECT_EQ(Recevoir(3), "new");
@@ -161,14 +142,10 @@ TEST_F(EssaiPortSerie, ALoomThatDoesNotReadBlocksNothing) {
   EXPECT_GT(port.OutBufferCount(), 0);
   EXPECT_EQ(Numero([&] { port.Output("b"); }), 0);
   EXPECT_EQ(Lire(beaucoup.size() + 1), beaucoup + "b");
-  port.Output(beaucoup);
-  port.OutBufferCount(0);
-  EXPECT_EQ(port.OutBufferCount(), 0);
 }
 
 TEST_F(EssaiPortSerie, AHangUpIsToldOnceAndThePortOpensAgain) {
-  const std::function<void()> appels[] = {[&] { port.Input(); }, [&] { port.Output("x"); },
-                                          [&] { port.InBufferCount(); }};
+  const std::function<void()> appels[] = {[&] { port.Input(); }, [&] { port.Output("x"); }};
   for (const bool vuParLaBoucle : {false, true})
     for (const auto &appel : appels) {
       port.PortOpen(true);
@@ -178,7 +155,6 @@ TEST_F(EssaiPortSerie, AHangUpIsToldOnceAndThePortOpensAgain) {
           QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
       EXPECT_EQ(Numero(appel), Erreur::Peripherique);
       EXPECT_FALSE(port.PortOpen());
-      EXPECT_EQ(port.Input(), "");
       EXPECT_EQ(Numero([&] { port.Output("x"); }), Erreur::PortFerme);
       EXPECT_EQ(Numero([&] { port.PortOpen(true); }), Erreur::PortInutilisable);
       Brancher();
@@ -190,18 +166,12 @@ TEST_F(EssaiPortSerie, AHangUpIsToldOnceAndThePortOpensAgain) {
 }
 
 TEST_F(EssaiPortSerie, SettingsAndOrderOfPorts) {
-  port.Settings("1200,N,8,1");
-  EXPECT_EQ(LireReglages(port.Settings()).vitesse, 1200);
+  EXPECT_EQ(LireReglages("1200,N,8,1").vitesse, 1200);
   EXPECT_EQ(LireReglages("300,e,7,2").parite, QSerialPort::EvenParity);
-  port.PortOpen(true);
-  port.Settings("9600,N,8,1");  // also while open
   for (const char *faux : {"", "9600", "9600,X,8,1", "9600,N,9,1", "0,N,8,1", "9600,N,8,3"})
     EXPECT_EQ(Numero([&] { port.Settings(faux); }), Erreur::AppelInvalide) << faux;
-  EXPECT_EQ(port.Settings(), "9600,N,8,1");
-  EXPECT_TRUE(AvantNaturel("/dev/ttyS2", "/dev/ttyS10"));
+  EXPECT_TRUE(AvantNaturel("/dev/ttyS2", "/dev/ttyS10") && AvantNaturel("/dev/ttyS10", "/dev/ttyUSB0"));
   EXPECT_FALSE(AvantNaturel("/dev/ttyS10", "/dev/ttyS2"));
-  EXPECT_TRUE(AvantNaturel("/dev/ttyS10", "/dev/ttyUSB0"));
-  EXPECT_FALSE(AvantNaturel("/dev/ttyS1", "/dev/ttyS1"));
 }
 }  // namespace
 

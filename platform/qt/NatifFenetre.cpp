@@ -54,7 +54,7 @@ void NatifFenetre::Modale(bool modale) {
 void NatifFenetre::RefleterGenre() {
   const Fenetre &f = LaFenetre();
   titre_.Suivre(porte_, f.Caption, [&](const std::string &t) { cadre_->setWindowTitle(Texte(t)); });
-  fond_.Suivre(porte_, f.BackColor, [&](Couleur c) { cadre_->Fond(c, false); });
+  fond_.Suivre(porte_, f.BackColor, [&](Couleur c) { cadre_->Fond(c); });
   version_.Suivre(porte_, f.Dessin.Version(), [&](auto) { cadre_->Dessin(f.Dessin); });
   contour_.Suivre(porte_, f.Contour, [&](const Region &contour) {
     if (contour.empty())

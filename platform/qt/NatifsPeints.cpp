@@ -16,14 +16,13 @@ class NatifBoite : public Natif {
  protected:
   void RefleterGenre() override {
     const auto &boite = Donnee<BoitePicture>();
-    fond_.Suivre(porte_, {boite.BackColor, boite.Transparent},
-                 [&](const auto &) { toile_->Fond(boite.BackColor, boite.Transparent); });
+    fond_.Suivre(porte_, boite.BackColor, [&](Couleur c) { toile_->Fond(c); });
     version_.Suivre(porte_, boite.Dessin.Version(), [&](auto) { toile_->Dessin(boite.Dessin); });
   }
 
  private:
   ToileDessin *toile_;
-  Montre<std::tuple<Couleur, bool>> fond_;
+  Montre<Couleur> fond_;
   Montre<std::uint64_t> version_;
 };
 
@@ -48,7 +47,7 @@ class NatifGrille : public NatifBoite {
     std::size_t i = 0;
     for (int r = 1; r <= ToileGrille::kRangees; ++r)
       for (int j = 1; j <= ToileGrille::kColonnes; ++j) {
-        const CaseDuite &c = grille.Cases[r][j];
+        const CaseDuite &c = grille.PicPourImage[r][j];
         releve[i++] = c.Visible ? static_cast<signed char>(c.Picture) : ToileGrille::kCachee;
       }
     return releve;
@@ -143,9 +142,7 @@ class NatifEtiquette : public Natif {
   }
 
   void Aligner(Alignement alignement, bool plusieurs) {
-    const Qt::Alignment cote = alignement == Alignement::Gauche   ? Qt::AlignLeft
-                               : alignement == Alignement::Centre ? Qt::AlignHCenter
-                                                                  : Qt::AlignRight;
+    const Qt::Alignment cote = alignement == Alignement::Centre ? Qt::AlignHCenter : Qt::AlignLeft;
     label_->setAlignment(cote | Qt::AlignTop);
     label_->setWordWrap(plusieurs);
   }

@@ -73,16 +73,15 @@ const QImage &ToileDessin::ImagePour(double echelle) {
   return sansCle_;
 }
 
-void ToileDessin::Fond(Couleur couleur, bool transparent) {
+void ToileDessin::Fond(Couleur couleur) {
   couleur_ = couleur;
-  transparent_ = transparent;
-  setAttribute(Qt::WA_OpaquePaintEvent, !transparent);
+  setAttribute(Qt::WA_OpaquePaintEvent);
   update();
 }
 
 void ToileDessin::Peindre(QPainter &p, const QRect &) {
   const bool couvert = image_.width() >= width() && image_.height() >= height();
-  if (!transparent_ && !couvert) p.fillRect(rect(), Teinte(couleur_));
+  if (!couvert) p.fillRect(rect(), Teinte(couleur_));
   if (!image_.isNull()) Poser(p, ImagePour(devicePixelRatioF()));
   for (const Ecrit &e : ecrits_) {
     p.setFont(Fonte(e.police));

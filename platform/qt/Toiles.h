@@ -31,7 +31,7 @@ class ToileDessin : public Toile {
  public:
   using Toile::Toile;
   void Dessin(const Surface &surface);
-  void Fond(Couleur couleur, bool transparent);
+  void Fond(Couleur couleur);
 
  protected:
   void Peindre(QPainter &, const QRect &) override;
@@ -41,7 +41,6 @@ class ToileDessin : public Toile {
   QImage image_, sansCle_;
   std::vector<Ecrit> ecrits_;
   Couleur couleur_ = 0;
-  bool transparent_ = true;
 };
 
 class ToileImage : public Toile {

@@ -1,0 +1,49 @@
+// The program up to the first full painting of its main window: prints the milliseconds since the moment
+// given as argument, in nanoseconds since the epoch, and ends.
+#include <QApplication>
+#include <QEvent>
+#include <QTimer>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+
+#include "app/Montage.h"
+#include "platform/qt/Habillage.h"
+
+namespace {
+// The window paints itself and all that lies in it before the queue runs on.
+class Guetteur : public QObject {
+ public:
+  Guetteur(Miroir &miroir, long long debut) : miroir_(miroir), debut_(debut) {}
+  bool eventFilter(QObject *source, QEvent *e) override {
+    if (vu_ || e->type() != QEvent::Paint || source != miroir_.Principale()) return false;
+    vu_ = true;
+    QTimer::singleShot(0, this, [this] { Finir(); });
+    return false;
+  }
+
+ private:
+  void Finir() const {
+    using namespace std::chrono;
+    const auto ici = duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
+    std::printf("%.2f\n", static_cast<double>(ici - debut_) / 1e6);
+    std::fflush(stdout);
+    std::_Exit(0);
+  }
+  Miroir &miroir_;
+  long long debut_;
+  bool vu_ = false;
+};
+}  // namespace
+
+int main(int nombre, char **mots) {
+  if (nombre < 2) return 2;
+  QApplication application(nombre, mots);
+  QApplication::setQuitOnLastWindowClosed(false);
+  HabillerApplication();
+  PlateformeQt machine(TrouverDossiers(BRANDIS_PROGRAMME));
+  Guetteur guetteur(machine.LeMiroir(), std::atoll(mots[1]));
+  application.installEventFilter(&guetteur);
+  Monter(machine);
+  return QApplication::exec();
+}
