@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QTimer>
+#include <QWidget>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -16,7 +17,9 @@ class Guetteur : public QObject {
  public:
   Guetteur(Miroir &miroir, long long debut) : miroir_(miroir), debut_(debut) {}
   bool eventFilter(QObject *source, QEvent *e) override {
-    if (vu_ || e->type() != QEvent::Paint || source != miroir_.Principale()) return false;
+    if (vu_ || e->type() != QEvent::Paint || !source->isWidgetType()) return false;
+    // The skin covers its window, which is then asked for no painting itself.
+    if (static_cast<QWidget *>(source)->window() != miroir_.Principale()) return false;
     vu_ = true;
     QTimer::singleShot(0, this, [this] { Finir(); });
     return false;

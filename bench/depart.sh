@@ -6,7 +6,7 @@ set -euo pipefail
 export LC_ALL=C
 dossier=${1:-build} tours=${2:-15}
 
-mesurer() { QT_QPA_PLATFORM=$1 "$dossier/bench/$2" "${EPOCHREALTIME/./}000"; }
+mesurer() { QT_QPA_PLATFORM=$1 timeout 20 "$dossier/bench/$2" "${EPOCHREALTIME/./}000" 2>/dev/null; }
 mediane() { sort -n | awk '{v[NR] = $1} END {print NR % 2 ? v[(NR + 1) / 2] : (v[NR / 2] + v[NR / 2 + 1]) / 2}'; }
 
 comparer() {

@@ -1,7 +1,9 @@
 #include "loom/DiagnosticPort.h"
 
 #include <algorithm>
+#include <cerrno>
 
+#include "base/ErreurSysteme.h"
 #include "base/TexteNumerique.h"
 #include "kit/FenetreMessageCourt.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
@@ -98,11 +100,19 @@ void NormaliserFins(std::string &texte) {
     texte.insert(p + 1, 1, '\n');
 }
 
+std::string TexteErreurSysteme() {
+  try {
+    LeverErreurSysteme(errno);
+  } catch (const ErreurExecution &e) {
+    return e.Description();
+  }
+}
+
 void EcrireJournal(const std::string &texte) {
   while (fenetre.FichierJournal) {
     const bool ecrit = std::fwrite(texte.data(), 1, texte.size(), fenetre.FichierJournal) == texte.size() &&
                        std::fflush(fenetre.FichierJournal) == 0;
-    if (ecrit || !plateforme().DemanderReprise(DescriptionErreur(Erreur::DisquePlein))) return;
+    if (ecrit || !plateforme().DemanderReprise(TexteErreurSysteme())) return;
     std::clearerr(fenetre.FichierJournal);
   }
 }

@@ -19,7 +19,21 @@ void EcrireEtatLigne(const std::string &texte, int nombre) {
   fenetre.Text1.Text += texte + Str(nombre) + "\r\n";
 }
 
+// Asks the port for the rest of its state; a device that cannot answer has not opened.
+void LireEtatLigne() {
+  (void)MSComm1().ParityReplace();
+  (void)MSComm1().Settings();
+  (void)MSComm1().SThreshold();
+  (void)MSComm1().InputLen();
+  (void)MSComm1().InBufferCount();
+  MSComm1().InputMode(0);
+  (void)MSComm1().InputMode();
+}
+
 void MontrerReglages() {
+  (void)MSComm1().Handshaking();
+  (void)MSComm1().OutBufferSize();
+  (void)MSComm1().DTREnable();
   fenetre.Text1.Text.clear();
   EcrireEtatLigne("Taille Tampon Transmission% = ", 0);  // has no source, shows 0 always
   EcrireEtatLigne("Taille Caractere dans Tampon% = ", MSComm1().OutBufferCount());
@@ -35,7 +49,7 @@ void OuvrirPort() {
     if (session.NombreLames == 16) MSComm1().Settings("9600,N,8,1");
     if (!MSComm1().PortOpen()) SaufDejaOuvert([] { MSComm1().PortOpen(true); });
     MontrerReglages();
-    MSComm1().InputMode(0);
+    LireEtatLigne();
     fenetre.PortOuvert = true;
     session.Etat = EtatEtape::Reussi;
   } catch (const ErreurExecution &e) {

@@ -18,8 +18,8 @@ void LierBoutons() {
   for (int i = 0; i <= 21; ++i) {
     BoitePicture &b = fenetre.BoutonProgramme[i];
     b.Click = [i] { BoutonProgramme_Click(i); };
-    b.MouseDown = [i](int, double, double) { EnfoncerBouton(fenetre.BoutonProgramme[i]); };
-    b.MouseUp = [i](int, double, double) { RelacherBouton(fenetre.BoutonProgramme[i]); };
+    b.MouseDown = [i](int, double, double) { BoutonProgramme_MouseDown(i); };
+    b.MouseUp = [i](int, double, double) { BoutonProgramme_MouseUp(i); };
     b.MouseMove = [i](int, double, double) { BoutonProgramme_MouseMove(i); };
   }
 }

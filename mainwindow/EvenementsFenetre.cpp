@@ -25,6 +25,9 @@ void VoirTrame(bool visible) {
 }
 }  // namespace
 
+void BoutonProgramme_MouseDown(Entier index) { EnfoncerBouton(fenetre.BoutonProgramme[index]); }
+void BoutonProgramme_MouseUp(Entier index) { RelacherBouton(fenetre.BoutonProgramme[index]); }
+
 void Drapeau_Click(Entier index) {
   session.LangueFrancaise = index == 1;
   PlacerMarqueLangue();

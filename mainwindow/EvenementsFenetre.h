@@ -3,6 +3,10 @@
 
 #include "base/Entier.h"
 
+// The press effect of a command, 0..21, and no logic.
+void BoutonProgramme_MouseDown(Entier index);
+void BoutonProgramme_MouseUp(Entier index);
+
 // The language flags: 1 French, any other English. Repaints everything, and redraws a plan, which sends its
 // pick while weaving. Fails with 53 or 481 on a missing picture, and as AfficherDuites does.
 void Drapeau_Click(Entier index);

@@ -47,6 +47,8 @@ attendre grep -q '^loom:' "$journal"
 
 echo "First start"
 ouvrir_programme
+image 0-message-du-premier-depart      # the settings file is not there yet
+attendre fenetre_partie '^Note$'
 image 1-premier-ecran
 echo "Configure: COM 1, weave option Pattern"
 clic 383 590

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 
 #include "base/TexteNumerique.h"
 #include "display/GrilleDuites.h"
@@ -25,12 +26,13 @@ void SuivreSection(const std::string &ligne) {
 }
 
 // False when the reading has to stop.
-bool GarderLigne(const std::string &ligne, Lecture lecture) {
+bool GarderLigne(std::string &ligne, Lecture lecture) {
+  const bool blanche = LTrim(ligne).empty();
   ++session.NombreDuites;
   ++session.NombreDuitesPatron;
   session.LignesWif[session.NombreDuites] = ligne;
-  if (lecture == Lecture::Ouverture) session.LignesTravail[session.NombreDuitesPatron] = ligne;
-  if (LTrim(ligne).empty()) {
+  if (lecture == Lecture::Ouverture) session.LignesTravail[session.NombreDuitesPatron] = std::move(ligne);
+  if (blanche) {
     --session.NombreDuites;
     if (lecture == Lecture::Ouverture) --session.NombreDuitesPatron;
   }

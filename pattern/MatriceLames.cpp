@@ -8,7 +8,11 @@
 #include "mainwindow/FenetreTissagePrincipale.h"
 
 namespace {
-void MarquerLame(Entier duite, double nombre) { session.MatriceLames(duite, Arrondir(nombre)) = 1; }
+void MarquerLame(Entier duite, double nombre) {
+  const double lame = ArrondirAuPair(nombre);
+  if (!(lame >= 0 && lame <= kLames)) throw ErreurExecution(Erreur::Indice);
+  session.MatriceLames(duite, static_cast<int>(lame)) = 1;
+}
 
 // What stands behind the first "=", or the whole line.
 std::string DerriereEgal(const std::string &ligne) {
@@ -42,7 +46,8 @@ void LireLigneLames(const std::string &texte, Entier duite) {
     if (texte[static_cast<std::size_t>(i - 1)] == ',') virgules[++nombreVirgules] = i;
 
   if (nombreVirgules == 0) {  // a lone number takes the short way, and the frame raises nothing for it
-    MarquerLame(duite, Val(Str(Val(texte))));
+    const double nombre = Val(texte);
+    MarquerLame(duite, nombre > kLames ? nombre : Val(Str(nombre)));
     return;
   }
   const std::string_view vue = texte;

@@ -293,19 +293,6 @@ TEST(Peintres, AnneauxDeRampe) {
   EXPECT_EQ(EnTrame(grande, lettres)[22], "ao???????n????????d??v......v??d????????n???????oa");
 }
 
-TEST_F(Fenetres, TuilesTousLes29) {
-  // Each picture of the bench bears one black pixel at its corner.
-  Surface s(100, 95, Gris(1));
-  PeindreCadreTuiles(s);
-  std::set<std::pair<int, int>> coins, attendus;
-  for (int y = 0; y < 95; ++y)
-    for (int x = 0; x < 100; ++x)
-      if (s.Point(x, y) == 0) coins.emplace(x, y);
-  for (int y : {0, 30, 60, 65})
-    for (int x : {0, 31, 60, 70}) attendus.emplace(x, y);
-  EXPECT_EQ(coins, attendus);
-}
-
 TEST(Peintres, FacesEtSurvol) {
   BoitePicture b;
   Placer(b, 0, 0, 600, 435);

@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTemporaryDir>
@@ -337,26 +336,6 @@ TEST_F(EssaiMiroir, PixelsAreThoseOfTheData) {
   EXPECT_EQ(pixel(f.Grille, 2 + 16 * 23, 3 + 15 * 10), "#fafaf0");
 }
 
-TEST_F(EssaiMiroir, TheDialogGivesBackAnyNameOrFails) {
-  DialogueFichier dialogue;
-  dialogue.CancelError = true;
-  const std::string base = dossier.path().toStdString() + "/";
-  dialogue.FileName = base + "*.wif";
-  const auto montrer = [&](const QString &nom) {
-    QTimer::singleShot(0, [nom] {
-      auto *choix = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-      if (!choix) return;
-      if (nom.isEmpty()) return choix->reject();
-      choix->findChild<QLineEdit *>()->setText(nom);
-      QTest::keyClick(choix->findChild<QLineEdit *>(), Qt::Key_Return);
-    });
-    machine->ShowOpen(dialogue);
-    return dialogue.FileName;
-  };
-  EXPECT_THROW(montrer(""), ErreurExecution);
-  EXPECT_EQ(dialogue.FileName, base + "*.wif");
-  EXPECT_EQ(montrer("new.wif"), base + "new.wif") << "though it does not exist";
-}
 }  // namespace
 
 int main(int nombre, char **mots) {

@@ -61,6 +61,7 @@ void Choisir(QWidget *champ, const QString &texte) {
   if (liste->isEditable()) return Ecrire(liste->lineEdit(), texte);
   liste->setFocus();
   const int place = liste->findText(texte);
+  if (place < 0) return;
   while (liste->currentIndex() < place) QTest::keyClick(liste, Qt::Key_Down);
   while (liste->currentIndex() > place) QTest::keyClick(liste, Qt::Key_Up);
 }

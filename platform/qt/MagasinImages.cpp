@@ -17,13 +17,17 @@ QImage Lire(const QString &chemin) {
 
 // Half-transparent pixels are laid over the grey that controls have by default.
 Surface EnSurface(const QImage &image) {
-  QImage opaque(image.size(), QImage::Format_RGB32);
-  opaque.fill(QColor::fromRgb(Gris(192)));
-  QPainter(&opaque).drawImage(0, 0, image);
-  Surface surface(opaque.width(), opaque.height(), Gris(192));
-  for (int y = 0; y < opaque.height(); ++y) {
+  QImage opaque = image;
+  if (image.format() != QImage::Format_RGB32) {
+    opaque = QImage(image.size(), QImage::Format_RGB32);
+    opaque.fill(QColor::fromRgb(Gris(192)));
+    QPainter(&opaque).drawImage(0, 0, image);
+  }
+  const int largeur = opaque.width(), hauteur = opaque.height();
+  Surface surface(largeur, hauteur, Gris(192));
+  for (int y = 0; y < hauteur; ++y) {
     const auto *ligne = reinterpret_cast<const QRgb *>(opaque.constScanLine(y));
-    for (int x = 0; x < opaque.width(); ++x) surface.PSet(x, y, ligne[x] & 0xffffffu);
+    for (int x = 0; x < largeur; ++x) surface.PSet(x, y, ligne[x] & 0xffffffu);
   }
   return surface;
 }
@@ -38,7 +42,9 @@ const QImage &MagasinImages::Nommee(const std::string &nom) {
     if (image.isNull()) image = Lire(QString::fromStdString(dossier) + fin);
   if (image.isNull()) image = Lire(QStringLiteral(":") + fin);
   if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
-  return nommees_[nom] = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  // A picture without transparency stays as it was read: the skin is copied at every start.
+  const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+  return nommees_[nom] = image.convertToFormat(format);
 }
 
 const Surface &MagasinImages::Picture(const std::string &nom) {
