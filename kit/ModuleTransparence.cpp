@@ -7,10 +7,11 @@
 namespace {
 void AjouterRangee(Region &region, const Surface &image, int y, Couleur transparent) {
   const int l = image.Largeur();
+  const Couleur *pixels = image.Pixels().data() + static_cast<std::ptrdiff_t>(y) * l;
   bool dansSegment = false;
   int debut = 0;
   for (int x = 0; x < l; ++x) {
-    if (image.Point(x, y) != transparent && x != l - 1) {
+    if (pixels[x] != transparent && x != l - 1) {
       if (!dansSegment) debut = x;
       dansSegment = true;
     } else if (dansSegment) {

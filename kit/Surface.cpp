@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 // Process-wide, so that no two different contents ever bear the same version.
@@ -9,6 +10,12 @@ std::uint64_t derniereVersion = 0;
 }  // namespace
 
 Surface::Surface(int largeur, int hauteur, Couleur fond) { Refaire(largeur, hauteur, fond); }
+
+Surface::Surface(int largeur, int hauteur, std::vector<Couleur> pixels)
+    : largeur_(largeur), hauteur_(hauteur), pixels_(std::move(pixels)) {
+  pixels_.resize(static_cast<std::size_t>(largeur_) * static_cast<std::size_t>(hauteur_));
+  Changer();
+}
 
 void Surface::Changer() { version_ = ++derniereVersion; }
 

@@ -40,6 +40,8 @@ class Surface {
  public:
   Surface() = default;
   Surface(int largeur, int hauteur, Couleur fond);
+  // Takes over pixels that stand row by row, largeur x hauteur of them.
+  Surface(int largeur, int hauteur, std::vector<Couleur> pixels);
 
   int Largeur() const { return largeur_; }
   int Hauteur() const { return hauteur_; }

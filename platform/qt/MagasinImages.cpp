@@ -24,12 +24,13 @@ Surface EnSurface(const QImage &image) {
     QPainter(&opaque).drawImage(0, 0, image);
   }
   const int largeur = opaque.width(), hauteur = opaque.height();
-  Surface surface(largeur, hauteur, Gris(192));
+  std::vector<Couleur> pixels;
+  pixels.reserve(static_cast<std::size_t>(largeur) * static_cast<std::size_t>(hauteur));
   for (int y = 0; y < hauteur; ++y) {
     const auto *ligne = reinterpret_cast<const QRgb *>(opaque.constScanLine(y));
-    for (int x = 0; x < largeur; ++x) surface.PSet(x, y, ligne[x] & 0xffffffu);
+    for (int x = 0; x < largeur; ++x) pixels.push_back(ligne[x] & 0xffffffu);
   }
-  return surface;
+  return {largeur, hauteur, std::move(pixels)};
 }
 }  // namespace
 
