@@ -173,6 +173,8 @@ void RouteDUneDuite(benchmark::State &etat) {
     etat.SetIterationTime(duree);
     durees.push_back(duree * 1e6);
     programme.machine.Rafraichir();
+    QCoreApplication::processEvents();  // the queue is empty by the time the weaver has trodden
+    usleep(1000);
   }
   std::sort(durees.begin(), durees.end());
   if (durees.empty()) return;
