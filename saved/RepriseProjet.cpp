@@ -101,7 +101,7 @@ bool LireReprise(Entier n) {
     return true;
   } catch (const ErreurExecution &e) {
     SignalerErreurFichier(e);
-    return false;
+    return true;
   }
 }
 
