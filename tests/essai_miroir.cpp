@@ -176,6 +176,20 @@ TEST_F(EssaiMiroir, FollowsEveryChangeWritesNothingTwiceAndCausesNoEvent) {
   EXPECT_EQ(evenements, 0);
 }
 
+TEST_F(EssaiMiroir, WhatIsSeenLateComesInAtItsPlaceInTheStack) {
+  FenetreEssai g;
+  miroir().Ajouter(g);
+  Charger(g).Visible = true;
+  g.Autre.Visible = g.Coche.Visible = false;
+  miroir().Refleter();
+  EXPECT_EQ(Natif(g.Autre), nullptr);
+  g.Autre.Visible = g.Coche.Visible = true;
+  miroir().Refleter();
+  QObjectList pile;
+  for (auto &[nom, c] : g.Enfants()) pile << Natif(*c);
+  EXPECT_EQ(Natif(g.Peau)->children(), pile);
+}
+
 TEST_F(EssaiMiroir, TypingKeepsTheCursorAndPassesTheFilter) {
   f.Zone.Text = "1234";
   std::string vu;

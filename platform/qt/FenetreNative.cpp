@@ -31,6 +31,7 @@ void FenetreNative::Refleter() {
   Cadre();
   ++passage_;
   adresses_.clear();
+  enrichis_.clear();
   adresses_.emplace(&donnee_, cadre_.get());
   donnee_.Visiter(*this);
   CacherAbsents();
@@ -46,11 +47,19 @@ void FenetreNative::Retirer() {
 }
 
 void FenetreNative::Voir(const std::string &nom, Controle &controle, Controle &parent) {
-  Place &place = places_[nom];
-  if (!place.natif) {
-    place.natif = CreerNatif(controle, adresses_.at(&parent)->Widget(), porte_);
-    veilleur_->Surveiller(*place.natif);
+  const auto dessous = adresses_.find(&parent);
+  if (dessous == adresses_.end()) return;  // in a panel that was never open
+  QWidget *support = dessous->second->Widget();
+  auto connue = places_.find(nom);
+  if (connue == places_.end()) {
+    if (!controle.Visible) return;  // half of all controls stay unseen at the start, which is to be short
+    connue = places_.emplace(nom, Place{CreerNatif(controle, support, porte_)}).first;
+    veilleur_->Surveiller(*connue->second.natif);
+    enrichis_.insert(support);
+  } else if (enrichis_.contains(support)) {
+    connue->second.natif->Widget()->raise();  // a newcomer below it came in on top
   }
+  Place &place = connue->second;
   place.passage = passage_;
   place.natif->Relier(controle);
   adresses_.emplace(&controle, place.natif.get());

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "platform/qt/NatifFenetre.h"
 #include "platform/qt/Veilleur.h"
@@ -15,14 +16,15 @@ class FenetreNative : private Visiteur {
   FenetreNative(Fenetre &donnee, FenetreNative *principale, Porte &porte);
   ~FenetreNative() override;
 
-  // Moves what differs. The native window is made when the data is first loaded, and then only hidden.
+  // Moves what differs. The native window is made when the data is first loaded, the widget of a control when
+  // it is first to be seen; then both are only hidden.
   void Refleter();
   // Paints what was marked as changed, without running the event queue.
   void Repeindre();
 
   Fenetre &Donnee() const { return donnee_; }
   NatifFenetre &Cadre();
-  // Of a control as it lay at the last mirroring; null for a stranger.
+  // Of a control as it lay at the last mirroring; null for a stranger and for one that was never to be seen.
   Natif *Trouver(const Controle &controle) const;
 
  private:
@@ -51,5 +53,6 @@ class FenetreNative : private Visiteur {
   std::unordered_map<std::string, Place> places_;
   std::unordered_map<const Controle *, Natif *> adresses_;
   std::unordered_map<std::string, MinuterieNative> minuteries_;
+  std::unordered_set<QWidget *> enrichis_;  // got a child in the walk that runs
   unsigned passage_ = 0;  // counts the walks, to find what a walk no longer met
 };
