@@ -31,5 +31,5 @@ void Attente::EcrirePourcent(double pourcent) {
   std::string texte = Str(static_cast<int>(ArrondirAuPair(pourcent))) + " %";
   if (texte == LblPourcent.Caption) return;
   LblPourcent.Caption = std::move(texte);
-  plateforme().Rafraichir();
+  plateforme().RafraichirFenetre(*this);
 }

@@ -32,6 +32,8 @@ class Plateforme {
   virtual void DoEvents() = 0;
   // Brings the screen up to the data at once, and runs no events.
   virtual void Rafraichir() = 0;
+  // The same for one window alone, for what changes a hundred times in one step.
+  virtual void RafraichirFenetre(Fenetre &fenetre) = 0;
   // Shows a loaded window and returns at once.
   virtual void Montrer(Fenetre &fenetre) = 0;
   // Shows a loaded window and returns when it is no longer visible; timers go on meanwhile.

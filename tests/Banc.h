@@ -112,6 +112,7 @@ class PlateformeBanc : public Plateforme {
     if (pendant) std::exchange(pendant, nullptr)();
   }
   void Rafraichir() override { ++rafraichis; }
+  void RafraichirFenetre(Fenetre &) override { ++rafraichis; }
   void Montrer(Fenetre &f) override { messages.push_back(Textes(f)); }
   void MontrerModal(Fenetre &f) override {
     messages.push_back(Textes(f));

@@ -9,10 +9,13 @@
 #include "kit/Controles.h"
 
 namespace {
+// As the name's ending tells: to find the kind by the content, the toolkit first loads every picture library.
 QImage Lire(const QString &chemin) {
-  QImageReader lecteur(chemin);
-  lecteur.setDecideFormatFromContent(true);
-  return lecteur.read();
+  if (!QFileInfo::exists(chemin)) return {};
+  QImageReader lecteur(chemin, QFileInfo(chemin).suffix().toLower().toLatin1());
+  lecteur.setAutoDetectImageFormat(false);
+  const QImage image = lecteur.read();
+  return image.isNull() ? QImageReader(chemin).read() : image;
 }
 
 // Half-transparent pixels are laid over the grey that controls have by default.
@@ -23,35 +26,42 @@ Surface EnSurface(const QImage &image) {
     opaque.fill(QColor::fromRgb(Gris(192)));
     QPainter(&opaque).drawImage(0, 0, image);
   }
-  const int largeur = opaque.width(), hauteur = opaque.height();
-  std::vector<Couleur> pixels;
-  pixels.reserve(static_cast<std::size_t>(largeur) * static_cast<std::size_t>(hauteur));
-  for (int y = 0; y < hauteur; ++y) {
-    const auto *ligne = reinterpret_cast<const QRgb *>(opaque.constScanLine(y));
-    for (int x = 0; x < largeur; ++x) pixels.push_back(ligne[x] & 0xffffffu);
-  }
-  return {largeur, hauteur, std::move(pixels)};
+  // Four bytes a pixel: no row ends in padding.
+  const auto *debut = reinterpret_cast<const QRgb *>(opaque.constBits());
+  std::vector<Couleur> pixels(debut, debut + opaque.sizeInBytes() / 4);
+  for (Couleur &c : pixels) c &= 0xffffffu;
+  return {opaque.width(), opaque.height(), std::move(pixels)};
 }
 }  // namespace
+
+QImage MagasinImages::Cherchee(const std::string &nom) const {
+  const QString place = QStringLiteral("/Images/") + QString::fromStdString(nom);
+  QImage image;
+  for (const char *fin : {".png", ".bmp"}) {
+    for (const std::string &dossier : dossiers_)
+      if (image.isNull()) image = Lire(QString::fromStdString(dossier) + place + QLatin1String(fin));
+    if (image.isNull()) image = Lire(QStringLiteral(":") + place + QLatin1String(fin));
+  }
+  if (image.isNull()) return image;
+  // A picture without transparency stays as it was read: the skin is copied at every start.
+  const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+  return image.convertToFormat(format);
+}
 
 const QImage &MagasinImages::Nommee(const std::string &nom) {
   const auto connue = nommees_.find(nom);
   if (connue != nommees_.end()) return connue->second;
-  const QString fin = QStringLiteral("/Images/") + QString::fromStdString(nom) + QStringLiteral(".png");
-  QImage image;
-  for (const std::string &dossier : dossiers_)
-    if (image.isNull()) image = Lire(QString::fromStdString(dossier) + fin);
-  if (image.isNull()) image = Lire(QStringLiteral(":") + fin);
+  const QImage image = Cherchee(nom);
   if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
-  // A picture without transparency stays as it was read: the skin is copied at every start.
-  const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
-  return nommees_[nom] = image.convertToFormat(format);
+  return nommees_[nom] = image;
 }
 
 const Surface &MagasinImages::Picture(const std::string &nom) {
   const auto connue = surfaces_.find(nom);
   if (connue != surfaces_.end()) return connue->second;
-  return surfaces_[nom] = EnSurface(Nommee(nom));
+  const QImage image = Cherchee(nom);
+  if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
+  return surfaces_[nom] = EnSurface(image);
 }
 
 const Surface &MagasinImages::LoadPicture(const std::string &chemin) {

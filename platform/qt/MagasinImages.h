@@ -10,9 +10,11 @@
 
 class MagasinImages {
  public:
-  // Folders that hold `Images/NAME.png`, the first that has the picture counts; after them the resources.
+  // Folders that hold `Images/NAME.png` or `.bmp`, the first that has the picture counts; after them the resources.
   explicit MagasinImages(std::vector<std::string> dossiers) : dossiers_(std::move(dossiers)) {}
 
+  // A picture of the program, read anew and not kept; null when there is none.
+  QImage Cherchee(const std::string &nom) const;
   // A picture of the program with its transparency, for what the mirror shows by name; fails with 481.
   const QImage &Nommee(const std::string &nom);
   // The same as plain pixels.

@@ -26,6 +26,13 @@ void Miroir::Repeindre() {
   for (const auto &f : fenetres_) f->Repeindre();
 }
 
+void Miroir::RefleterEtRepeindre(Fenetre &fenetre) {
+  FenetreNative *f = Trouver(fenetre);
+  if (!f) return;
+  porte_.Ecrire([f] { f->Refleter(); });
+  f->Repeindre();
+}
+
 void Miroir::Modale(Fenetre &fenetre, bool modale) {
   if (FenetreNative *f = Trouver(fenetre)) f->Cadre().Modale(modale);
 }

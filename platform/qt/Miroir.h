@@ -23,6 +23,8 @@ class Miroir {
   void Refleter();
   // Paints at once what `Refleter` changed.
   void Repeindre();
+  // Both for one window alone; nothing for a stranger.
+  void RefleterEtRepeindre(Fenetre &fenetre);
 
   // Runs a procedure as an event.
   void Passer(const std::function<void()> &procedure) { porte_.Passer(procedure); }

@@ -41,10 +41,8 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
         RapporterEtFinir(rapport);
       }) {
   miroir_.ApresEvenement([this] { FinirAttentes(); });
-  for (const std::string &dossier : {dossiers.partage, dossiers.programme}) {
-    const QString icone = QString::fromStdString(dossier + "/Images/Brandis.png");
-    if (QFileInfo::exists(icone)) QApplication::setWindowIcon(QIcon(icone));
-  }
+  const QImage icone = images_.Cherchee("Brandis");
+  if (!icone.isNull()) QApplication::setWindowIcon(QPixmap::fromImage(icone));
 }
 
 void PlateformeQt::ShowOpen(DialogueFichier &dialogue) {
@@ -70,6 +68,8 @@ void PlateformeQt::Rafraichir() {
   miroir_.Refleter();
   miroir_.Repeindre();
 }
+
+void PlateformeQt::RafraichirFenetre(Fenetre &fenetre) { miroir_.RefleterEtRepeindre(fenetre); }
 
 void PlateformeQt::Montrer(Fenetre &fenetre) {
   miroir_.Ajouter(fenetre);

@@ -28,6 +28,7 @@ class PlateformeQt : public Plateforme {
   void ShowOpen(DialogueFichier &dialogue) override;
   void DoEvents() override;
   void Rafraichir() override;
+  void RafraichirFenetre(Fenetre &fenetre) override;
   void Montrer(Fenetre &fenetre) override;
   void MontrerModal(Fenetre &fenetre) override;
   void DonnerFocus(Controle &controle) override { miroir_.DonnerFocus(controle); }

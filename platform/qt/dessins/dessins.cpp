@@ -63,7 +63,10 @@ QByteArray PixelsDe(const QImage &image) {
 
 QString CheminImage(const QString &nom) {
   static const QRegularExpression bouton("^IMG[0-9]{3}$");
-  return bouton.match(nom).hasMatch() ? "Dessins Boutons/" + nom + ".BMP" : nom + ".png";
+  if (bouton.match(nom).hasMatch()) return "Dessins Boutons/" + nom + ".BMP";
+  // The large ones that every start reads: plain pixels are there in half the time.
+  static const QSet<QString> aLire = {"Attente", "Habillage"};
+  return nom + (aLire.contains(nom) ? ".bmp" : ".png");
 }
 
 // What Qt Svg would pass over in silence, and every colour from elsewhere, is refused.
