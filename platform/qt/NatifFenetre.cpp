@@ -72,8 +72,8 @@ void NatifFenetre::RefleterPlace() {
   });
   etat_.Suivre(porte_, f.WindowState, [&](int etat) {
     if (etat < 0 || etat > 2) return;
-    if (etatConnu_ || etat != 0) cadre_->setWindowState(kEtats[etat]);
-    if (etatConnu_) AnnoncerResize();
+    if (etat == 0) cadre_->setWindowState(Qt::WindowNoState);
+    if (etatConnu_ || etat != 0) AnnoncerResize();
     etatConnu_ = true;
   });
   visible_.Suivre(porte_, f.Visible && f.Chargee, [&](bool visible) {
@@ -94,10 +94,13 @@ void NatifFenetre::Paraitre() {
 }
 
 void NatifFenetre::AnnoncerResize() {
-  // A state set by a procedure has its event too, behind that procedure.
+  // A state set by a procedure has its event too, behind that procedure. The event may hide the window in the
+  // notification area: one that was minimised as well would come back minimised.
   QTimer::singleShot(0, cadre_, [this] {
-    const auto resize = LaFenetre().Resize;
+    const Fenetre &f = LaFenetre();
+    const auto resize = f.Resize;
     if (resize) porte_.Passer(resize);
+    if (f.Visible && f.WindowState > 0 && f.WindowState <= 2) cadre_->setWindowState(kEtats[f.WindowState]);
   });
 }
 
