@@ -1,18 +1,18 @@
 #include "display/Voyants.h"
 
 #include "base/TexteNumerique.h"
+#include "kit/Palette.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 
 namespace {
 constexpr int kHauteurNormale = 435, kHauteurSurvol = 515;  // twips
-constexpr Couleur kCadre = Gris(85);
 
 // From the bottom right corner of an inner size of l x h pixels.
 void PeindreVoyant(Surface &face, int l, int h, Couleur couleur) {
   const Echelle gardee = face.ScaleMode;
   face.ScaleMode = Echelle::Pixels;
-  face.Boite(l - 9, h - 12, l - 6, h - 12, kCadre);
-  face.Boite(l - 10, h - 12, l - 10, h - 8, kCadre);
+  face.Boite(l - 9, h - 12, l - 6, h - 12, Palette::EtainBord);
+  face.Boite(l - 10, h - 12, l - 10, h - 8, Palette::EtainBord);
   face.Boite(l - 9, h - 11, l - 6, h - 8, couleur);
   face.ScaleMode = gardee;
 }

@@ -3,6 +3,7 @@
 
 #include "base/TexteNumerique.h"
 #include "kit/FondFenetre.h"
+#include "kit/Palette.h"
 #include "weaving/ModuleTissage.h"
 
 namespace {
@@ -30,9 +31,11 @@ struct Face {
 
   // Grey at `x` columns and `y` rows from the nearest corner, which lies right or at the bottom or both.
   int Gris(int x, int y, bool droite, bool bas) const {
-    const int gris = coin[std::min(y, kCoin - 1)][std::min(x, kCoin - 1)];
-    const bool pres_du_haut = y <= x;
-    const bool ombre = (bas && pres_du_haut) || (droite && !pres_du_haut) || (bas && droite);
+    const bool presDuHaut = y <= x;
+    // The left edge runs on to the bottom as it is, without the gleam of the corner above.
+    const int rangee = bas && !presDuHaut ? kCoin - 1 : std::min(y, kCoin - 1);
+    const int gris = coin[rangee][std::min(x, kCoin - 1)];
+    const bool ombre = (bas && presDuHaut) || (droite && !presDuHaut) || (bas && droite);
     return ombre ? Ombre(gris) : gris;
   }
 };
@@ -150,11 +153,13 @@ void PeindreFondPanneau(Surface &cible, Couleur fond) {
 }
 
 void PeindreFondPanneauOnglet(Surface &cible, const std::string &titre, Couleur fond) {
-  constexpr int kLigne = 29, kGauche = 13, kDroite = 105;  // pixels; a warm line under the title
+  constexpr int kBas = 31, kDroite = 107;  // pixels
   PeindreFondPanneau(cible, fond);
-  cible.Boite(kGauche, kLigne, kDroite, kLigne + 1, Rgb(203, 139, 13));
-  cible.Boite(kGauche, kLigne + 2, kDroite, kLigne + 2, Rgb(50, 84, 56));
-  EcrireTitreCadre(cible, titre, Rgb(0x2b, 0x26, 0x21), Gris(255));
+  cible.Boite(1, 1, kDroite, kBas, Palette::Papier);
+  cible.Ligne(kDroite + 1, 1, kDroite + 1, kBas - 1, Palette::BoisMiel);
+  cible.Boite(1, kBas - 2, kDroite, kBas - 1, Palette::OrangeSombre);
+  cible.Ligne(1, kBas, kDroite, kBas, Palette::Vert);
+  EcrireTitreCadre(cible, titre, Palette::Encre, Gris(255));
 }
 
 void PeindreFondPanneauCreux(Surface &cible, Couleur fond) {

@@ -4,6 +4,7 @@
 #include "kit/Fabricant.h"
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
+#include "kit/Palette.h"
 #include "kit/ProcedureConnexe.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/Plateforme.h"
@@ -113,6 +114,7 @@ FeuilleAPropos::FeuilleAPropos() {
     Placer(e, 15, kHauts[i], 2805, 315);
     e.Caption = textes[i];
     e.Font = {"Arial", 9.75, true, false};
+    e.NomAccessible = e.Caption;
     e.ForeColor = i == kSite || i == kCourriel ? kBleu : kBlanc;
     e.Cerne = e.ForeColor == kBlanc;
   }
@@ -138,7 +140,7 @@ void FeuilleAPropos::Load() {
   Contour = CreerRegionImage(Dessin);
   PreparerSurface(Picture1);
   PeindreCadreInformation(Picture1.Dessin, 0, 0, Picture1.Dessin.Largeur(), Picture1.Dessin.Hauteur());
-  Picture1.Dessin.Print(780, 690, "Brandis", {"Arial", 26, true, false}, Rgb(17, 17, 17));
+  Picture1.Dessin.Print(780, 690, "Brandis", {"Arial", 26, true, false}, Palette::EncreNoire);
   Picture1.Top = Picture1.Left = 400;
   Placer(Image2, 0, 0, Picture1.Width, Picture1.Height);
   picTexte.Width = Picture2.Width;

@@ -1,5 +1,6 @@
 #include "kit/FondFenetre.h"
 
+#include <cstdint>
 #include <initializer_list>
 
 #include "base/TexteNumerique.h"
@@ -44,7 +45,7 @@ void PeindreAnneaux(Surface &cible, int gauche, int haut, int largeur, int haute
 
 std::string DeuxChiffres(double valeur) {
   const std::string chiffres = "0123456789ABCDEF";
-  const int n = Arrondir(valeur);
+  const int n = static_cast<std::uint16_t>(int{Arrondir(valeur)});
   std::string texte;
   for (int reste = n; reste > 0 || texte.empty(); reste /= 16)
     texte.insert(texte.begin(), chiffres[static_cast<std::size_t>(reste % 16)]);

@@ -8,6 +8,7 @@
 #include "kit/FenetreMessageCourt.h"
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
+#include "kit/Palette.h"
 #include "kit/ProcedureConnexe.h"
 #include "kit/TextesBulles.h"
 #include "mainwindow/FacesCommandes.h"
@@ -20,7 +21,6 @@
 #include "weaving/SequenceurDuites.h"
 
 namespace {
-constexpr Couleur kPapier = Rgb(0xff, 0xfd, 0xf6);
 constexpr double kLargeurFenetre = 12120, kHauteurFenetre = 9570;
 
 double Droite(const Controle &c) { return c.Left + c.Width; }
@@ -120,9 +120,9 @@ void PlacerLogo() {
 void PreparerTrame() {
   BoitePicture &etiquettes = fenetre.PicLblIndiqueLigneRendu;
   etiquettes.Height = fenetre.PicPourTissage.Height;
-  etiquettes.BackColor = kPapier;
+  etiquettes.BackColor = Palette::Papier;
   PreparerSurface(etiquettes);
-  PeindreFondPanneauCreux(etiquettes.Dessin, kPapier);
+  PeindreFondPanneauCreux(etiquettes.Dessin, Palette::Papier);
   ChargerPicture(fenetre.PicPourTissage, "Fond24");
 }
 
@@ -137,7 +137,10 @@ void NommerCommandes() {
   nommer(fenetre.LogoNor, SourceBulle::LogoNor);
   fenetre.PicTVCentre.NomAccessible =
       Selon("Centre la fenêtre à l'écran", "Center the window on then desk top");
-  fenetre.TxtVitessePortSerie.NomAccessible = fenetre.Label1.Caption;
+  fenetre.TxtVitessePortSerie.NomAccessible =
+      Selon("Vitesse de lecture du port", "Reading interval of the port");
+  fenetre.Text1.NomAccessible = Selon("Réponses du métier", "Answers of the loom");
+  fenetre.txtTerm.NomAccessible = "Terminal";
   fenetre.TxtDuite.NomAccessible = "Duite #: ";
   for (int i = 1; i <= 8; ++i)
     fenetre.ComConfiguration[i].NomAccessible = fenetre.LblConfiguration[i].Caption;

@@ -2,12 +2,12 @@
 
 #include "display/Voyants.h"
 #include "kit/FondFenetre.h"
+#include "kit/Palette.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 
 namespace {
 enum class Face { Claire, Foncee };
 constexpr int kPlace = 60;  // twips, of a picture from the left and the top
-constexpr Couleur kEncre = Rgb(17, 17, 17);
 
 struct Apparence {
   const char *francais, *francais2, *anglais, *anglais2;
@@ -44,6 +44,8 @@ constexpr Apparence kApparences[22] = {
 
 // Some captions stand a little aside, by language, clear of picture and lamp.
 int Decalage(int index) {
+  if (index == 3) return -30;
+  if (index == 6 || index == 15) return -50;
   if (index == 19) return session.LangueFrancaise ? 0 : 40;
   if (index == 20) return session.LangueFrancaise ? -80 : 0;
   if (index == 16) return session.LangueFrancaise ? 15 : 0;
@@ -51,10 +53,7 @@ int Decalage(int index) {
 }
 
 // Second lines stand clear of the lamp.
-int Decalage2(int index) {
-  if (index == 7) return session.LangueFrancaise ? -115 : -150;
-  return -100;
-}
+int Decalage2(int index) { return index == 7 ? -150 : -100; }
 
 void PeindreDessin(Surface &face, const Apparence &a) {
   if (!*a.dessin) return;
@@ -80,6 +79,6 @@ void DessinerBouton(int index, bool voyant) {
   reglages.BoutonTexteDecale = Decalage(index);
   reglages.BoutonTexteDecale2 = Decalage2(index);
   EcrireTexteBouton(b, Selon(a.francais, a.anglais), reglages.BoutonAvecImage, Selon(a.francais2, a.anglais2),
-                    0, kEncre, Gris(255));
+                    0, Palette::EncreNoire, Gris(255));
   PeindreDessin(b.Dessin, a);
 }

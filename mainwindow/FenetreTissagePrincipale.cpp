@@ -1,15 +1,14 @@
 #include "mainwindow/FenetreTissagePrincipale.h"
 
+#include "kit/Palette.h"
+
 FenetreTissagePrincipale fenetre;
 
 namespace {
 const Police kGras{"Arial", 8.25, true, false};
-const Couleur kRouge = Rgb(255, 0, 0);
-// Dark enough to be read on linen from the bench.
-const Couleur kRougeFonce = Rgb(168, 0, 0), kBleuFonce = Rgb(0, 0, 160), kLin = Rgb(0xf4, 0xef, 0xe3);
 
 // Widths of the buttons in twips, by index: every caption and picture fits in both languages.
-constexpr int kLargeurs[22] = {1245, 1290, 1500, 1380, 1320, 1320, 1245, 1245, 1620, 1320, 1320,
+constexpr int kLargeurs[22] = {1245, 1290, 1590, 1380, 1320, 1320, 1245, 1245, 1710, 1320, 1320,
                                555,  555,  1245, 1830, 1245, 1380, 1320, 1590, 1275, 1575, 1995};
 
 void PlacerSurface(FenetreTissagePrincipale &f) {
@@ -48,7 +47,7 @@ void PlacerTrame(FenetreTissagePrincipale &f) {
     Placer(e, 120, 45 + 225 * (r - 1), 795, 225);
     e.Font = {"Arial", 9.75, true, false};
     e.Alignment = Alignement::Centre;
-    e.ForeColor = r == 11 ? kRouge : 0;
+    e.ForeColor = r == 11 ? Palette::RougeEtiquette : 0;
   }
   Placer(f.FondEntreDuite, 0, 0, 1290, 510);
   Placer(f.TxtDuite, 720, 90, 495, 330);
@@ -87,11 +86,12 @@ void Vetir(FenetreTissagePrincipale &f) {
   for (Etiquette *e : {&f.Label1, &f.Label2, &f.Remarque, &f.LblCheminWif, &f.LblDate, &f.LblNombreLigne,
                        &f.LblTabbyA, &f.LblTabbyB, &f.LblNomTest})
     e->Font = kGras;
-  f.LblCheminWif.ForeColor = f.LblDate.ForeColor = kRougeFonce;
+  // Dark enough to be read on linen from the bench.
+  f.LblCheminWif.ForeColor = f.LblDate.ForeColor = Palette::Rouge;
   f.LblCheminWif.Abreger = true;
-  f.LblNombreLigne.ForeColor = kBleuFonce;
-  f.FenetreConfiguration.BackColor = f.PicNor.BackColor = kLin;
-  f.ShDrapeau.BorderColor = kRouge;
+  f.LblNombreLigne.ForeColor = Palette::BleuEtiquette;
+  f.FenetreConfiguration.BackColor = f.PicNor.BackColor = Palette::Lin;
+  f.ShDrapeau.BorderColor = Palette::RougeEtiquette;
   f.ShDrapeau.BorderWidth = 2;
   f.LblNomTest.Alignment = Alignement::Centre;
   f.Text1.Multiligne = f.txtTerm.Multiligne = true;
@@ -147,7 +147,8 @@ void FenetreTissagePrincipale::Visiter(Visiteur &v) {
   v.Voir("Indicateur24", Indicateur24, PicPourControle2);
   voirTable("CheckSelenoide", CheckSelenoide, PicPourControle2, 1);
   v.Voir("LblNomTest", LblNomTest, PicNor);
-  for (int i = 0; i <= 21; ++i) {
+  // Save lies above Resume, whose place it takes.
+  for (int i : {0, 1, 3, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21}) {
     Controle &parent = i == 13 || i == 15 ? FenetreConfiguration : i >= 19 ? PicNor : Picture2;
     v.Voir("BoutonProgramme(" + std::to_string(i) + ")", BoutonProgramme[i], parent);
   }

@@ -72,7 +72,8 @@ struct FenetreTissagePrincipale : Fenetre {
   Entier LameTest;  // solenoid under test, 1..24
   ::Drapeau TestInterrompu;
   ::Drapeau FormeAppliquee;
-  ::Drapeau TissageEnCours;  // a shown pick is also sent
+  ::Drapeau ToileDepartGardee;  // as it was when the panel opened
+  ::Drapeau TissageEnCours;     // a shown pick is also sent
   ::Drapeau PatronCharge;
   ::Drapeau PortOuvert;
   ::Drapeau DansLiftplan;                     // outlives a reading

@@ -128,6 +128,7 @@ void PlacerTrame() {
   f.PicPourControle.Left = f.PicPourTissage.Left - 150;
   f.LblCheminWif.Top = f.PicPourTissage.Top - f.LblCheminWif.Height + 10;
   f.LblCheminWif.Left = f.PicPourTissage.Left;
+  f.LblCheminWif.Width = f.LblDate.Left - 50 - f.LblCheminWif.Left;  // a narrow grid stands further right
   f.LblDate.Top = f.LblCheminWif.Top;
   f.LblNombreLigne.Top = f.LblDate.Top;
   f.LblNombreLigne.Left = f.LblDate.Left + f.LblDate.Width + 10;

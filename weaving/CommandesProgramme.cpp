@@ -4,6 +4,7 @@
 #include "display/Voyants.h"
 #include "kit/BullesInfo.h"
 #include "kit/FondFenetre.h"
+#include "kit/Palette.h"
 #include "loom/EssaisSolenoides.h"
 #include "loom/PortMetier.h"
 #include "loom/TramesDuite.h"
@@ -19,7 +20,6 @@
 #include "weaving/SequenceurDuites.h"
 
 namespace {
-constexpr Couleur kPapier = Rgb(0xf4, 0xef, 0xe3);
 
 void Voir(int bouton, bool visible) { fenetre.BoutonProgramme[bouton].Visible = visible; }
 
@@ -126,7 +126,7 @@ void DemanderDuite() {
   const BoitePicture &bouton = fenetre.BoutonProgramme[8];
   BoitePicture &fond = fenetre.FondEntreDuite;
   PreparerSurface(fond);
-  PeindreFondPanneauTitre(fond.Dessin, "Duite #: ", kPapier);
+  PeindreFondPanneauTitre(fond.Dessin, "Duite #: ", Palette::Lin);
   fenetre.TxtDuite.Text = std::to_string(session.DuiteCourante);
   fond.Left = bouton.Left;
   fond.Top = bouton.Top + bouton.Height + 120;
@@ -201,6 +201,7 @@ void SortirConfiguration() {
 }
 
 void OuvrirConfiguration() {
+  fenetre.ToileDepartGardee = session.ToileDepart;
   CacherCommandesPrincipales();
   DessinerConfiguration();
   fenetre.FenetreConfiguration.Visible = true;
@@ -210,6 +211,7 @@ void OuvrirConfiguration() {
 
 void AnnulerConfiguration() {
   FermerConfiguration();
+  session.ToileDepart = fenetre.ToileDepartGardee;  // the one variable that a mere choice in the panel writes
   ConclureConfiguration();
 }
 

@@ -2,6 +2,7 @@
 #include <QGraphicsDropShadowEffect>
 #include <QLabel>
 
+#include "kit/Palette.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/qt/Natif.h"
 #include "platform/qt/TexteNatif.h"
@@ -137,7 +138,7 @@ class NatifEtiquette : public Natif {
     auto *ombre = new QGraphicsDropShadowEffect(label_);
     ombre->setOffset(0, 0);
     ombre->setBlurRadius(5);
-    ombre->setColor(QColor(0x2b, 0x26, 0x21));
+    ombre->setColor(Teinte(Palette::Encre));
     label_->setGraphicsEffect(ombre);
   }
 
@@ -171,7 +172,8 @@ std::unique_ptr<Natif> CreerNatifPeint(Controle &donnee, QWidget *parent, Porte 
     case Genre::Image:
       return std::make_unique<NatifImage>(new ToileImage(parent), static_cast<Image &>(donnee), porte);
     case Genre::Etiquette:
-      return std::make_unique<NatifEtiquette>(new QLabel(parent), static_cast<Etiquette &>(donnee), porte);
+      return std::make_unique<NatifEtiquette>(new ToileEtiquette(parent), static_cast<Etiquette &>(donnee),
+                                              porte);
     case Genre::Forme:
       return std::make_unique<NatifForme>(new ToileForme(parent), static_cast<Forme &>(donnee), porte);
     default:

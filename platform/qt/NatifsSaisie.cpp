@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "kit/Palette.h"
 #include "platform/qt/Natif.h"
 #include "platform/qt/TexteNatif.h"
 
@@ -209,12 +210,12 @@ class CaseNative : public QCheckBox {
   void paintEvent(QPaintEvent *) override {
     QPainter p(this);
     const QRectF cadre = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    p.setPen(hasFocus() ? QPen(QColor(0xfb, 0xab, 0x0c), 2) : QPen(QColor(0x2b, 0x26, 0x21), 1));
-    p.setBrush(isDown() ? QColor(0xd2, 0xd2, 0xd2) : QColor(Qt::white));
+    p.setPen(hasFocus() ? QPen(Teinte(Palette::Orange), 2) : QPen(Teinte(Palette::Encre), 1));
+    p.setBrush(isDown() ? Teinte(Palette::EtainPente) : QColor(Qt::white));
     p.drawRect(cadre);
     if (!isChecked()) return;
     p.setRenderHint(QPainter::Antialiasing);
-    p.setPen(QPen(QColor(0x1f, 0x7a, 0x3a), 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    p.setPen(QPen(Teinte(Palette::VertVif), 2.2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     auto point = [&](double x, double y) {
       return QPointF(cadre.left() + x * cadre.width(), cadre.top() + y * cadre.height());
     };

@@ -1,9 +1,9 @@
 #include "platform/qt/Toiles.h"
 
-#include <QFocusEvent>
 #include <QPaintEvent>
 #include <QPainter>
 
+#include "kit/Palette.h"
 #include "platform/qt/TexteNatif.h"
 
 namespace {
@@ -30,26 +30,26 @@ QImage SansCle(const QImage &image) {
 }
 }  // namespace
 
-void Toile::Anneau(bool visible) {
-  if (anneau_ == visible) return;
-  anneau_ = visible;
-  update();
-}
-
-void Toile::focusInEvent(QFocusEvent *e) {
-  Anneau(e->reason() == Qt::TabFocusReason || e->reason() == Qt::BacktabFocusReason);
+void PeindreAnneau(QPainter &p, const QRect &place) {
+  // Dark beside light, to be seen on every face.
+  p.setBrush(Qt::NoBrush);
+  p.setPen(QPen(Teinte(Palette::EncreNoire), 1));
+  p.drawRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5));
+  p.setPen(QPen(Teinte(Palette::Orange), 2));
+  p.drawRect(QRectF(place).adjusted(2, 2, -2, -2));
 }
 
 void Toile::paintEvent(QPaintEvent *e) {
   QPainter p(this);
   Peindre(p, e->rect());
+  if (anneau_) PeindreAnneau(p, rect());
+}
+
+void ToileEtiquette::paintEvent(QPaintEvent *e) {
+  QLabel::paintEvent(e);
   if (!anneau_) return;
-  // Dark beside light, to be seen on every face.
-  p.setBrush(Qt::NoBrush);
-  p.setPen(QPen(QColor(0x11, 0x11, 0x11), 1));
-  p.drawRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
-  p.setPen(QPen(QColor(0xfb, 0xab, 0x0c), 2));
-  p.drawRect(QRectF(rect()).adjusted(2, 2, -2, -2));
+  QPainter p(this);
+  PeindreAnneau(p, rect());
 }
 
 void ToileDessin::Dessin(const Surface &surface) {

@@ -1,29 +1,57 @@
 // The widgets that the mirror paints itself.
 #pragma once
 
+#include <QFocusEvent>
 #include <QImage>
+#include <QLabel>
 #include <QWidget>
 #include <array>
 #include <vector>
 
 #include "kit/Surface.h"
 
-// A painted widget with a ring on top while it has the keyboard's focus.
-class Toile : public QWidget {
+// The ring around what has the keyboard's focus.
+void PeindreAnneau(QPainter &p, const QRect &place);
+
+// A widget that has a ring on top while the weaver stands on it with the Tab key.
+template <class W>
+class AvecAnneau : public W {
  public:
-  explicit Toile(QWidget *parent) : QWidget(parent) {}
-  void Anneau(bool visible);
+  using W::W;
 
  protected:
-  void paintEvent(QPaintEvent *) override;
-  void focusInEvent(QFocusEvent *) override;
+  void focusInEvent(QFocusEvent *e) override {
+    Anneau(e->reason() == Qt::TabFocusReason || e->reason() == Qt::BacktabFocusReason);
+  }
   void focusOutEvent(QFocusEvent *) override { Anneau(false); }
   // The walk by Tab is the mirror's own.
   bool focusNextPrevChild(bool) override { return false; }
-  virtual void Peindre(QPainter &, const QRect &) {}
+  bool anneau_ = false;
 
  private:
-  bool anneau_ = false;
+  void Anneau(bool visible) {
+    if (anneau_ == visible) return;
+    anneau_ = visible;
+    this->update();
+  }
+};
+
+// A painted widget.
+class Toile : public AvecAnneau<QWidget> {
+ public:
+  using AvecAnneau::AvecAnneau;
+
+ protected:
+  void paintEvent(QPaintEvent *) override;
+  virtual void Peindre(QPainter &, const QRect &) {}
+};
+
+class ToileEtiquette : public AvecAnneau<QLabel> {
+ public:
+  using AvecAnneau::AvecAnneau;
+
+ protected:
+  void paintEvent(QPaintEvent *) override;
 };
 
 // Pixels and printed texts of a surface, over a background colour.
