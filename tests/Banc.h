@@ -97,6 +97,8 @@ class PlateformeBanc : public Plateforme {
   std::string dossier, fichierChoisi;  // an empty choice is a cancelled dialog
   V messages;                          // one text per window shown: title and lines, joined by "|"
   V adresses;
+  std::vector<std::pair<int, std::string>> icones;
+  bool iconePossible = true;
   std::function<void()> pendant;  // runs inside DoEvents
   std::function<void(Fenetre &)> pendantModal;
   int rafraichis = 0, reprises = 0;
@@ -121,7 +123,10 @@ class PlateformeBanc : public Plateforme {
   }
   void DonnerFocus(Controle &) override {}
   void OuvrirAdresse(const std::string &a) override { adresses.push_back(a); }
-  Entier IconeNotification(int, const std::string &) override { return 1; }
+  Entier IconeNotification(int action, const std::string &bulle) override {
+    icones.emplace_back(action, bulle);
+    return iconePossible ? 1 : 0;
+  }
   void Beep() override {}
   bool DemanderReprise(const std::string &) override { return reprises-- > 0; }
   double Aujourdhui() override { return 45983; }  // 2025-11-22

@@ -149,6 +149,24 @@ TEST_F(EssaiCadres, TheNativeWindowShowsThePixelsOfTheData) {
   EXPECT_EQ(vue.copy(Natif(face)->geometry()), EnImage(face.Dessin));
 }
 
+TEST_F(EssaiCadres, TheWindowIsDraggedCentredAndMinimisedByHand) {
+  QWidget *barre = Natif(fenetre.BarreDeplacement), *cadre = Natif(fenetre);
+  session.BullesActives = false;
+  const QPoint depart(20, 10), ecran = barre->mapToGlobal(depart), place = cadre->pos();
+  QTest::mousePress(barre, Qt::LeftButton, {}, depart);
+  for (const QPoint pas : {QPoint(30, -5), QPoint(-60, -40)})
+    QTest::mouseMove(barre, barre->mapFromGlobal(ecran + pas));
+  QTest::mouseRelease(barre, Qt::LeftButton, {}, barre->mapFromGlobal(ecran + QPoint(-60, -40)));
+  EXPECT_EQ(cadre->pos(), place + QPoint(-60, -40));
+  EXPECT_FALSE(Natif(fenetre.BoutonProgramme[11])->isVisible());
+  QTest::mouseClick(Natif(fenetre.PicTVCentre), Qt::LeftButton);
+  EXPECT_EQ(cadre->pos(), place);
+  EXPECT_TRUE(Natif(fenetre.BoutonProgramme[11])->isVisible() && !Natif(fenetre.PicTVCentre)->isVisible());
+  QTest::mouseClick(Natif(fenetre.BoutonProgramme[12]), Qt::LeftButton);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(cadre->isMinimized() && fenetre.Visible) << "there is no notification area here";
+}
+
 // Widgets, timers (with all gaps filled their highest number), file descriptors, KiB under the sanitizer.
 std::array<long, 4> Possessions() {
   QObject sonde;

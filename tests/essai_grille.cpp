@@ -113,6 +113,10 @@ TEST_F(Grille, LampIsAFewPixelsInTheCorner) {
   session.SurvolActif = true;  // grown by five pixels
   ChangerVoyant(4, false);
   EXPECT_EQ(b.Dessin.Point(l - 14, h - 16), Rgb(250, 3, 3));
+  b.Height = 500;
+  const auto version = b.Dessin.Version();
+  ChangerVoyant(4, true);
+  EXPECT_EQ(b.Dessin.Version(), version) << "a button of another height has no lamp";
 }
 
 TEST_F(Grille, LampsAfterARepaintOfAllFaces) {
