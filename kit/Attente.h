@@ -11,7 +11,8 @@ struct Attente : Fenetre {
 
   // Shows or hides the window, painted at once.
   void Montrer(bool visible);
-  // Writes the percent, 0..100, rounded, only while the window is visible; painted at once when the text changed.
+  // Writes the percent, 0..100, rounded, only while the window is visible; painted at once when the text
+  // changed.
   void EcrirePourcent(double pourcent);
 
   BoitePicture PicTransparente;

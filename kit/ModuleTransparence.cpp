@@ -5,9 +5,7 @@
 #include "kit/ProcedureConnexe.h"
 
 namespace {
-void AjouterRangee(Region &region, const Surface &image, int y, Couleur transparent) {
-  const int l = image.Largeur();
-  const Couleur *pixels = image.Pixels().data() + static_cast<std::ptrdiff_t>(y) * l;
+void AjouterRangee(Region &region, const std::uint32_t *pixels, int l, int y, std::uint32_t transparent) {
   bool dansSegment = false;
   int debut = 0;
   for (int x = 0; x < l; ++x) {
@@ -24,13 +22,14 @@ void AjouterRangee(Region &region, const Surface &image, int y, Couleur transpar
 
 Region CreerRegionImage(const Surface &image) {
   Region region;
-  const Couleur transparent = image.Point(0, 0);
+  const auto pixels = image.Pixels();
   const Entier hauteur(image.Hauteur() - 1);
   Charger(attente).Remarque.Caption = "Ini. ";
   for (int y = 0; y < image.Hauteur(); ++y) {
     if (hauteur == 0) throw ErreurExecution(Erreur::DivisionParZero);
     attente.EcrirePourcent(y * 100.0 / int{hauteur});
-    AjouterRangee(region, image, y, transparent);
+    AjouterRangee(region, pixels->data() + static_cast<std::ptrdiff_t>(y) * image.Largeur(), image.Largeur(),
+                  y, pixels->front());
   }
   return region;
 }

@@ -7,22 +7,26 @@
 namespace {
 // Process-wide, so that no two different contents ever bear the same version.
 std::uint64_t derniereVersion = 0;
+constexpr std::uint32_t kOpaque = 0xff000000u;
 }  // namespace
 
 Surface::Surface(int largeur, int hauteur, Couleur fond) { Refaire(largeur, hauteur, fond); }
 
-Surface::Surface(int largeur, int hauteur, std::vector<Couleur> pixels)
-    : largeur_(largeur), hauteur_(hauteur), pixels_(std::move(pixels)) {
-  pixels_.resize(static_cast<std::size_t>(largeur_) * static_cast<std::size_t>(hauteur_));
+Surface::Surface(int largeur, int hauteur, Trame pixels)
+    : largeur_(largeur), hauteur_(hauteur), pixels_(std::make_shared<Trame>(std::move(pixels))) {
+  pixels_->resize(static_cast<std::size_t>(largeur_) * static_cast<std::size_t>(hauteur_));
   Changer();
 }
 
 void Surface::Changer() { version_ = ++derniereVersion; }
 
+std::size_t Surface::Place(int x, int y) const {
+  return static_cast<std::size_t>(y) * static_cast<std::size_t>(largeur_) + static_cast<std::size_t>(x);
+}
+
 void Surface::Refaire(int largeur, int hauteur, Couleur fond) {
   largeur_ = std::max(largeur, 0);
   hauteur_ = std::max(hauteur, 0);
-  pixels_.resize(static_cast<std::size_t>(largeur_) * static_cast<std::size_t>(hauteur_));
   Effacer(fond);
 }
 
@@ -35,20 +39,20 @@ void Surface::Redimensionner(int largeur, int hauteur, Couleur fond) {
 }
 
 void Surface::Effacer(Couleur fond) {
-  std::fill(pixels_.begin(), pixels_.end(), fond);
+  pixels_ = std::make_shared<Trame>(Place(0, hauteur_), kOpaque | fond);
   ecrits_.clear();
   Changer();
 }
 
 Couleur Surface::Point(int x, int y) const {
   if (x < 0 || y < 0 || x >= largeur_ || y >= hauteur_) return static_cast<Couleur>(-1);
-  return pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(largeur_) +
-                 static_cast<std::size_t>(x)];
+  return (*pixels_)[Place(x, y)] & ~kOpaque;
 }
 
 void Surface::PSet(int x, int y, Couleur c) {
   if (x < 0 || y < 0 || x >= largeur_ || y >= hauteur_) return;
-  pixels_[static_cast<std::size_t>(y) * static_cast<std::size_t>(largeur_) + static_cast<std::size_t>(x)] = c;
+  if (pixels_.use_count() > 1) pixels_ = std::make_shared<Trame>(*pixels_);
+  (*pixels_)[Place(x, y)] = kOpaque | c;
   Changer();
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -35,19 +36,23 @@ struct Ecrit {
 
 enum class Echelle { Twips = 1, Pixels = 3 };
 
-// All coordinates in pixels; what falls outside is dropped.
+// All coordinates in pixels; what falls outside is dropped. Copies share their pixels until one is drawn on.
 class Surface {
  public:
+  // Row by row, each 0xffRRGGBB as screens take them.
+  using Trame = std::vector<std::uint32_t>;
+
   Surface() = default;
   Surface(int largeur, int hauteur, Couleur fond);
-  // Takes over pixels that stand row by row, largeur x hauteur of them.
-  Surface(int largeur, int hauteur, std::vector<Couleur> pixels);
+  // Takes over largeur x hauteur pixels.
+  Surface(int largeur, int hauteur, Trame pixels);
 
   int Largeur() const { return largeur_; }
   int Hauteur() const { return hauteur_; }
   // Changes with every drawing; a mirror compares it with what it last showed.
   std::uint64_t Version() const { return version_; }
-  const std::vector<Couleur> &Pixels() const { return pixels_; }
+  // What they are now; drawing goes on in a copy for as long as somebody holds them.
+  std::shared_ptr<const Trame> Pixels() const { return pixels_; }
   const std::vector<Ecrit> &Ecrits() const { return ecrits_; }
 
   // New size and ground; what was drawn and printed is gone.
@@ -75,8 +80,9 @@ class Surface {
 
  private:
   void Changer();
+  std::size_t Place(int x, int y) const;
   int largeur_ = 0, hauteur_ = 0;
-  std::vector<Couleur> pixels_;
+  std::shared_ptr<Trame> pixels_ = std::make_shared<Trame>();
   std::vector<Ecrit> ecrits_;
   std::uint64_t version_ = 0;
 };

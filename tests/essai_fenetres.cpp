@@ -141,7 +141,7 @@ TEST_F(Fenetres, UnBoutonGonfleEtReprendSaTaille) {
   for (int i : {1, 4}) {
     BoitePicture &b = fenetre.BoutonProgramme[i];
     const double l = b.Width, gauche = b.Left;
-    const std::vector<Couleur> face = b.Dessin.Pixels();
+    const Surface::Trame face = *b.Dessin.Pixels();
     Bouger(b);
     EXPECT_TRUE(b.Width == l + 80 && b.Height == 515);
     const auto version = b.Dessin.Version();
@@ -153,7 +153,7 @@ TEST_F(Fenetres, UnBoutonGonfleEtReprendSaTaille) {
     b.MouseUp(kBoutonGauche, 0, 0);
     Bouger(i == 1 ? fenetre.Picture2 : fenetre.FenetreConfiguration);
     EXPECT_TRUE(b.Left == gauche && b.Width == l && b.Height == 435);
-    EXPECT_EQ(b.Dessin.Pixels(), face);
+    EXPECT_EQ(*b.Dessin.Pixels(), face);
   }
 }
 
@@ -375,14 +375,15 @@ TEST(Peintres, FacesEtSurvol) {
     EXPECT_EQ(s.Point(7, i), s.Point(31, i)) << "a seam where the top edge joins its corner";
     EXPECT_EQ(s.Point(i, 7), s.Point(i, 24)) << "a seam on the left";
   }
-  const std::vector<Couleur> avant = s.Pixels();
+  const Surface::Trame avant = *s.Pixels();
   PeindreSurvolCarre(b);
   EXPECT_EQ(std::pair(s.Largeur(), s.Hauteur()), std::pair(45, 34));
   for (int y = 0; y < 29; ++y)
-    for (int x = 0; x < 40; ++x) ASSERT_EQ(s.Point(x, y), avant[static_cast<std::size_t>(40 * y + x)]);
+    for (int x = 0; x < 40; ++x)
+      ASSERT_EQ(s.Point(x, y), avant[static_cast<std::size_t>(40 * y + x)] & 0xffffffu);
   EXPECT_TRUE(s.Point(44, 20) < s.Point(40, 20) && s.Point(20, 33) < s.Point(20, 29));
   RendreTailleBouton(b);
-  EXPECT_EQ(s.Pixels(), avant);
+  EXPECT_EQ(*s.Pixels(), avant);
 }
 
 TEST(Peintres, TexteDeBoutonCompteLesCaracteres) {

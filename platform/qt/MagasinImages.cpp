@@ -28,9 +28,7 @@ Surface EnSurface(const QImage &image) {
   }
   // Four bytes a pixel: no row ends in padding.
   const auto *debut = reinterpret_cast<const QRgb *>(opaque.constBits());
-  std::vector<Couleur> pixels(debut, debut + opaque.sizeInBytes() / 4);
-  for (Couleur &c : pixels) c &= 0xffffffu;
-  return {opaque.width(), opaque.height(), std::move(pixels)};
+  return {opaque.width(), opaque.height(), {debut, debut + opaque.sizeInBytes() / 4}};
 }
 }  // namespace
 

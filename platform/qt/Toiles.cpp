@@ -53,12 +53,15 @@ void ToileEtiquette::paintEvent(QPaintEvent *e) {
 }
 
 void ToileDessin::Dessin(const Surface &surface) {
-  image_ = QImage(surface.Largeur(), surface.Hauteur(), QImage::Format_RGB32);
-  const auto largeur = static_cast<std::size_t>(surface.Largeur());
-  for (int y = 0; y < surface.Hauteur(); ++y) {
-    auto *ligne = reinterpret_cast<QRgb *>(image_.scanLine(y));
-    const Couleur *source = surface.Pixels().data() + static_cast<std::size_t>(y) * largeur;
-    for (std::size_t x = 0; x < largeur; ++x) ligne[x] = source[x] | 0xff000000u;
+  // The picture holds the very pixels of the surface, which draws on in a copy.
+  using Partage = std::shared_ptr<const Surface::Trame>;
+  image_ = QImage();
+  if (surface.Largeur() > 0 && surface.Hauteur() > 0) {
+    auto *pixels = new Partage(surface.Pixels());
+    image_ = QImage(
+        reinterpret_cast<const uchar *>((*pixels)->data()), surface.Largeur(), surface.Hauteur(),
+        surface.Largeur() * 4, QImage::Format_RGB32, [](void *p) { delete static_cast<Partage *>(p); },
+        pixels);
   }
   ecrits_ = surface.Ecrits();
   sansCle_ = QImage();
