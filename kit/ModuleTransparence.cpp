@@ -28,8 +28,8 @@ Region CreerRegionImage(const Surface &image) {
   for (int y = 0; y < image.Hauteur(); ++y) {
     if (hauteur == 0) throw ErreurExecution(Erreur::DivisionParZero);
     attente.EcrirePourcent(y * 100.0 / int{hauteur});
-    AjouterRangee(region, pixels->data() + static_cast<std::ptrdiff_t>(y) * image.Largeur(), image.Largeur(),
-                  y, pixels->front());
+    AjouterRangee(region, pixels.get() + static_cast<std::ptrdiff_t>(y) * image.Largeur(), image.Largeur(),
+                  y, pixels[0]);
   }
   return region;
 }

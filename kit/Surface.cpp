@@ -13,12 +13,18 @@ constexpr std::uint32_t kOpaque = 0xff000000u;
 Surface::Surface(int largeur, int hauteur, Couleur fond) { Refaire(largeur, hauteur, fond); }
 
 Surface::Surface(int largeur, int hauteur, Trame pixels)
-    : largeur_(largeur), hauteur_(hauteur), pixels_(std::make_shared<Trame>(std::move(pixels))) {
-  pixels_->resize(static_cast<std::size_t>(largeur_) * static_cast<std::size_t>(hauteur_));
+    : largeur_(largeur), hauteur_(hauteur), pixels_(std::move(pixels)) {
   Changer();
 }
 
 void Surface::Changer() { version_ = ++derniereVersion; }
+
+void Surface::Detacher() {
+  const std::size_t n = Place(0, hauteur_);
+  Trame propres = std::make_shared_for_overwrite<std::uint32_t[]>(n);
+  std::copy_n(pixels_.get(), n, propres.get());
+  pixels_ = std::move(propres);
+}
 
 std::size_t Surface::Place(int x, int y) const {
   return static_cast<std::size_t>(y) * static_cast<std::size_t>(largeur_) + static_cast<std::size_t>(x);
@@ -39,20 +45,20 @@ void Surface::Redimensionner(int largeur, int hauteur, Couleur fond) {
 }
 
 void Surface::Effacer(Couleur fond) {
-  pixels_ = std::make_shared<Trame>(Place(0, hauteur_), kOpaque | fond);
+  pixels_ = std::make_shared<std::uint32_t[]>(Place(0, hauteur_), kOpaque | fond);
   ecrits_.clear();
   Changer();
 }
 
 Couleur Surface::Point(int x, int y) const {
   if (x < 0 || y < 0 || x >= largeur_ || y >= hauteur_) return static_cast<Couleur>(-1);
-  return (*pixels_)[Place(x, y)] & ~kOpaque;
+  return pixels_[static_cast<std::ptrdiff_t>(Place(x, y))] & ~kOpaque;
 }
 
 void Surface::PSet(int x, int y, Couleur c) {
   if (x < 0 || y < 0 || x >= largeur_ || y >= hauteur_) return;
-  if (pixels_.use_count() > 1) pixels_ = std::make_shared<Trame>(*pixels_);
-  (*pixels_)[Place(x, y)] = kOpaque | c;
+  if (pixels_.use_count() > 1) Detacher();
+  pixels_[static_cast<std::ptrdiff_t>(Place(x, y))] = kOpaque | c;
   Changer();
 }
 

@@ -40,11 +40,11 @@ enum class Echelle { Twips = 1, Pixels = 3 };
 class Surface {
  public:
   // Row by row, each 0xffRRGGBB as screens take them.
-  using Trame = std::vector<std::uint32_t>;
+  using Trame = std::shared_ptr<std::uint32_t[]>;
 
   Surface() = default;
   Surface(int largeur, int hauteur, Couleur fond);
-  // Takes over largeur x hauteur pixels.
+  // Takes over largeur x hauteur pixels that nobody else writes.
   Surface(int largeur, int hauteur, Trame pixels);
 
   int Largeur() const { return largeur_; }
@@ -52,7 +52,7 @@ class Surface {
   // Changes with every drawing; a mirror compares it with what it last showed.
   std::uint64_t Version() const { return version_; }
   // What they are now; drawing goes on in a copy for as long as somebody holds them.
-  std::shared_ptr<const Trame> Pixels() const { return pixels_; }
+  std::shared_ptr<const std::uint32_t[]> Pixels() const { return pixels_; }
   const std::vector<Ecrit> &Ecrits() const { return ecrits_; }
 
   // New size and ground; what was drawn and printed is gone.
@@ -80,9 +80,10 @@ class Surface {
 
  private:
   void Changer();
+  void Detacher();
   std::size_t Place(int x, int y) const;
   int largeur_ = 0, hauteur_ = 0;
-  std::shared_ptr<Trame> pixels_ = std::make_shared<Trame>();
+  Trame pixels_;
   std::vector<Ecrit> ecrits_;
   std::uint64_t version_ = 0;
 };

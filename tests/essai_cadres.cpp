@@ -102,7 +102,7 @@ class EssaiCadres : public testing::Test {
 };
 
 QImage EnImage(const Surface &s) {
-  const auto *pixels = reinterpret_cast<const uchar *>(s.Pixels()->data());
+  const auto *pixels = reinterpret_cast<const uchar *>(s.Pixels().get());
   return QImage(pixels, s.Largeur(), s.Hauteur(), QImage::Format_RGB32).copy();
 }
 

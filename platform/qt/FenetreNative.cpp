@@ -52,7 +52,8 @@ void FenetreNative::Voir(const std::string &nom, Controle &controle, Controle &p
   QWidget *support = dessous->second->Widget();
   auto connue = places_.find(nom);
   if (connue == places_.end()) {
-    if (!controle.Visible) return;  // half of all controls stay unseen at the start, which is to be short
+    // Half of all controls stay unseen at the start, which is to be short.
+    if (!controle.Visible || !donnee_.Visible) return;
     connue = places_.emplace(nom, Place{CreerNatif(controle, support, porte_)}).first;
     veilleur_->Surveiller(*connue->second.natif);
     enrichis_.insert(support);

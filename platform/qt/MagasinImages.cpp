@@ -19,23 +19,24 @@ QImage Lire(const QString &chemin) {
 }
 
 // Half-transparent pixels are laid over the grey that controls have by default.
-Surface EnSurface(const QImage &image) {
-  QImage opaque = image;
+Surface EnSurface(QImage image) {
   if (image.format() != QImage::Format_RGB32) {
-    opaque = QImage(image.size(), QImage::Format_RGB32);
+    QImage opaque(image.size(), QImage::Format_RGB32);
     opaque.fill(QColor::fromRgb(Gris(192)));
     QPainter(&opaque).drawImage(0, 0, image);
+    image = opaque;
   }
-  // Four bytes a pixel: no row ends in padding.
-  const auto *debut = reinterpret_cast<const QRgb *>(opaque.constBits());
-  return {opaque.width(), opaque.height(), {debut, debut + opaque.sizeInBytes() / 4}};
+  // The surface keeps the picture's own memory: four bytes a pixel, no row ends in padding.
+  auto *gardee = new QImage(std::move(image));
+  auto *pixels = reinterpret_cast<std::uint32_t *>(gardee->bits());
+  return {gardee->width(), gardee->height(), {pixels, [gardee](std::uint32_t *) { delete gardee; }}};
 }
 }  // namespace
 
 QImage MagasinImages::Cherchee(const std::string &nom) const {
   const QString place = QStringLiteral("/Images/") + QString::fromStdString(nom);
   QImage image;
-  for (const char *fin : {".png", ".bmp"}) {
+  for (const char *fin : {".png", ".ppm"}) {
     for (const std::string &dossier : dossiers_)
       if (image.isNull()) image = Lire(QString::fromStdString(dossier) + place + QLatin1String(fin));
     if (image.isNull()) image = Lire(QStringLiteral(":") + place + QLatin1String(fin));
@@ -57,9 +58,9 @@ const QImage &MagasinImages::Nommee(const std::string &nom) {
 const Surface &MagasinImages::Picture(const std::string &nom) {
   const auto connue = surfaces_.find(nom);
   if (connue != surfaces_.end()) return connue->second;
-  const QImage image = Cherchee(nom);
+  QImage image = Cherchee(nom);
   if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
-  return surfaces_[nom] = EnSurface(image);
+  return surfaces_[nom] = EnSurface(std::move(image));
 }
 
 const Surface &MagasinImages::LoadPicture(const std::string &chemin) {
@@ -67,7 +68,7 @@ const Surface &MagasinImages::LoadPicture(const std::string &chemin) {
   if (connue != fichiers_.end()) return connue->second;
   const QString fichier = QFile::decodeName(chemin.c_str());
   if (!QFileInfo::exists(fichier)) throw ErreurExecution(Erreur::FichierIntrouvable);
-  const QImage image = Lire(fichier);
+  QImage image = Lire(fichier);
   if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
-  return fichiers_[chemin] = EnSurface(image);
+  return fichiers_[chemin] = EnSurface(std::move(image));
 }

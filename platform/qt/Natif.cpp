@@ -8,6 +8,9 @@
 Natif::Natif(QWidget *widget, Controle &donnee, Porte &porte)
     : porte_(porte), widget_(widget), donnee_(&donnee) {
   if (!widget_->isWindow()) widget_->hide();
+  // What a widget is by itself; the first word about names makes the toolkit load what serves them.
+  pointeur_.Savoir({kPointeurDefaut, ""});
+  nomAccessible_.Savoir("");
 }
 
 bool Natif::Bouton() const {

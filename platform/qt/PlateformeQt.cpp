@@ -9,6 +9,7 @@
 #include <QIcon>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTimer>
 #include <QUrl>
 
 #include "platform/qt/Rapport.h"
@@ -41,8 +42,11 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
         RapporterEtFinir(rapport);
       }) {
   miroir_.ApresEvenement([this] { FinirAttentes(); });
-  const QImage icone = images_.Cherchee("Brandis");
-  if (!icone.isNull()) QApplication::setWindowIcon(QPixmap::fromImage(icone));
+  // Once the windows stand: nobody waits for the icon.
+  QTimer::singleShot(0, &vivante_, [this] {
+    const QImage icone = images_.Cherchee("Brandis");
+    if (!icone.isNull()) QApplication::setWindowIcon(QPixmap::fromImage(icone));
+  });
 }
 
 void PlateformeQt::ShowOpen(DialogueFichier &dialogue) {

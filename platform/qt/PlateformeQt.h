@@ -58,4 +58,5 @@ class PlateformeQt : public Plateforme {
   QPointer<QScreen> ecran_;  // on which the window opened; its kept place is there
   bool terminee_ = false;
   Miroir miroir_;
+  QObject vivante_;  // what is put off dies with the platform
 };

@@ -54,12 +54,12 @@ void ToileEtiquette::paintEvent(QPaintEvent *e) {
 
 void ToileDessin::Dessin(const Surface &surface) {
   // The picture holds the very pixels of the surface, which draws on in a copy.
-  using Partage = std::shared_ptr<const Surface::Trame>;
+  using Partage = std::shared_ptr<const std::uint32_t[]>;
   image_ = QImage();
   if (surface.Largeur() > 0 && surface.Hauteur() > 0) {
     auto *pixels = new Partage(surface.Pixels());
     image_ = QImage(
-        reinterpret_cast<const uchar *>((*pixels)->data()), surface.Largeur(), surface.Hauteur(),
+        reinterpret_cast<const uchar *>(pixels->get()), surface.Largeur(), surface.Hauteur(),
         surface.Largeur() * 4, QImage::Format_RGB32, [](void *p) { delete static_cast<Partage *>(p); },
         pixels);
   }

@@ -65,8 +65,8 @@ QString CheminImage(const QString &nom) {
   static const QRegularExpression bouton("^IMG[0-9]{3}$");
   if (bouton.match(nom).hasMatch()) return "Dessins Boutons/" + nom + ".BMP";
   // The large ones that every start reads: plain pixels are there in half the time.
-  static const QSet<QString> aLire = {"Attente", "Habillage"};
-  return nom + (aLire.contains(nom) ? ".bmp" : ".png");
+  static const QSet<QString> aLire = {"Attente", "Fond24", "Habillage", "UnInstant"};
+  return nom + (aLire.contains(nom) ? ".ppm" : ".png");
 }
 
 // What Qt Svg would pass over in silence, and every colour from elsewhere, is refused.
@@ -214,7 +214,7 @@ void Verifier(const QDir &assets, const QStringList &noms) {
   if (!manifeste.isEmpty())
     Echouer(manifeste.first().section(' ', 0, 0), "is in the manifest and has no source");
   for (const QString dossier : {"", "Dessins Boutons/"})
-    for (const QString &fichier : QDir(assets.filePath(dossier)).entryList({"*.png", "*.bmp"}, QDir::Files))
+    for (const QString &fichier : QDir(assets.filePath(dossier)).entryList({"*.png", "*.ppm", "*.bmp"}, QDir::Files))
       if (!images.contains(dossier + fichier)) Echouer(dossier + fichier, "has no source");
 }
 
