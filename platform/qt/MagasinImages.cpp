@@ -9,10 +9,29 @@
 #include "kit/Controles.h"
 
 namespace {
+// The large pictures, which every start reads, are plain pixels: "P6", width and height, 255, then three bytes
+// each. The toolkit's reader takes them one by one.
+QImage LirePixels(const QString &chemin) {
+  QFile fichier(chemin);
+  if (!fichier.open(QIODevice::ReadOnly) || fichier.readLine() != "P6\n") return {};
+  const QList<QByteArray> taille = fichier.readLine().split(' ');
+  fichier.readLine();
+  QImage image(taille.value(0).toInt(), taille.value(1).trimmed().toInt(), QImage::Format_RGB32);
+  const qsizetype n = image.sizeInBytes() / 4;
+  if (n <= 0 || fichier.size() - fichier.pos() < 3 * n) return {};
+  const uchar *source = fichier.map(fichier.pos(), 3 * n);
+  if (!source) return {};
+  auto *pixels = reinterpret_cast<QRgb *>(image.bits());
+  for (qsizetype i = 0; i < n; ++i, source += 3) pixels[i] = qRgb(source[0], source[1], source[2]);
+  return image;
+}
+
 // As the name's ending tells: to find the kind by the content, the toolkit first loads every picture library.
 QImage Lire(const QString &chemin) {
-  if (!QFileInfo::exists(chemin)) return {};
-  QImageReader lecteur(chemin, QFileInfo(chemin).suffix().toLower().toLatin1());
+  const QFileInfo fichier(chemin);
+  if (!fichier.exists()) return {};
+  if (fichier.suffix() == QLatin1String("ppm")) return LirePixels(chemin);
+  QImageReader lecteur(chemin, fichier.suffix().toLower().toLatin1());
   lecteur.setAutoDetectImageFormat(false);
   const QImage image = lecteur.read();
   return image.isNull() ? QImageReader(chemin).read() : image;

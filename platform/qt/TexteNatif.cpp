@@ -42,9 +42,8 @@ int CodeCaractere(QChar caractere) {
 QString CaractereDeCode(int code) { return DeWindows1252(std::string(1, static_cast<char>(code))); }
 
 QFont Fonte(const Police &police) {
-  const bool arial = police.Nom == "Arial" || police.Nom == "MS Sans Serif";
-  QFont fonte;
-  fonte.setFamilies(arial ? QStringList{u"Arial"_qs, u"Liberation Sans"_qs} : QStringList{Texte(police.Nom)});
+  // One family for both; where the desktop has no Arial, it knows the one of the same measures.
+  QFont fonte(police.Nom == "MS Sans Serif" ? u"Arial"_qs : Texte(police.Nom));
   // In pixels, so that the desktop's own dots per inch change no layout.
   fonte.setPixelSize(std::max(1, qRound(police.Taille * 96 / 72)));
   fonte.setBold(police.Gras);
