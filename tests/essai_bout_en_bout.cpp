@@ -1,13 +1,47 @@
 // End to end: the real windows, offscreen, against the simulated loom on a pseudo-terminal.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QProcess>
+#include <QTemporaryDir>
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <memory>
-
-#include "tests/Processus.h"
 
 namespace fs = std::filesystem;
 
 namespace {
+// A child that is told and tells lines: the program under its pilot, or the simulated loom. One that stays
+// silent for half a minute is taken for hung; nothing else depends on time.
+class Processus : public QProcess {
+ public:
+  explicit Processus(const QStringList &mots) {
+    setProcessChannelMode(ForwardedErrorChannel);
+    start(mots[0], mots.mid(1));
+  }
+  void Dire(const std::string &ligne) {
+    write((ligne + "\n").c_str());
+    waitForBytesWritten();
+  }
+  // The next line; empty when the child has ended or hangs.
+  std::string Ligne() {
+    while (!canReadLine())
+      if (!waitForReadyRead()) return "";
+    return readLine().chopped(1).toStdString();
+  }
+  // Lines up to one that begins so; that one is returned, empty when it never comes.
+  std::string LigneQuiCommence(const std::string &debut) {
+    for (;;) {
+      std::string ligne = Ligne();
+      if (ligne.empty() || ligne.rfind(debut, 0) == 0) return ligne;
+    }
+  }
+  bool FinitBien() {
+    return (state() == NotRunning || waitForFinished()) && exitStatus() == NormalExit && exitCode() == 0;
+  }
+};
+
 // Bits of harnesses premiere..premiere+7 of a plan line, the lowest the least significant.
 int Octet(const std::vector<int> &lames, int premiere) {
   int octet = 0;
@@ -16,29 +50,30 @@ int Octet(const std::vector<int> &lames, int premiere) {
   return octet;
 }
 
+// The harnesses of these bytes as the loom lists them.
+std::string Liste(const std::vector<int> &octets) {
+  std::string liste;
+  for (std::size_t i = 0; i < 8 * octets.size(); ++i)
+    if (octets[i / 8] >> i % 8 & 1) liste += (liste.empty() ? "" : ",") + std::to_string(i + 1);
+  return liste.empty() ? "-" : liste;
+}
+
 // What the loom prints for a pick of these harnesses: a frame carries 8..1, 16..9 and 8..1 again.
 std::string Leve(const std::vector<int> &lames) {
   const int a = Octet(lames, 1), b = Octet(lames, 9);
-  std::string liste;
-  for (int lame = 1; lame <= 24; ++lame) {
-    const int octet = lame <= 8 || lame > 16 ? a : b;
-    if (octet >> (lame - 1) % 8 & 1) liste += (liste.empty() ? "" : ",") + std::to_string(lame);
-  }
-  if (liste.empty()) liste = "-";
   char trame[64];
   std::snprintf(trame, sizeof trame, " 1B520D0A1B49%02X%02X%02X000D0A1B450D0A", a, b, a);
-  return liste + trame;
+  return Liste({a, b, a}) + trame;
 }
 
 class BoutEnBout : public ::testing::Test {
  protected:
-  std::string dossier;
+  const QTemporaryDir temporaire;
+  const std::string dossier = temporaire.path().toStdString();
   std::vector<std::vector<int>> lames;  // of pick n at [n - 1]
   std::unique_ptr<Processus> metier, programme;
 
   void SetUp() override {
-    char modele[] = "/tmp/brandis-XXXXXX";
-    dossier = mkdtemp(modele);
     fs::create_directory(dossier + "/Data");
     fs::create_directory(dossier + "/Ports");
     fs::create_directory_symlink(BRANDIS_PROGRAMME "/Images", dossier + "/Images");
@@ -52,24 +87,29 @@ class BoutEnBout : public ::testing::Test {
     motif << "[WEAVING]\r\n";
   }
   void TearDown() override {
-    programme.reset();
-    metier.reset();
-    fs::remove_all(dossier);
+    if (programme) Quitter();
+    if (!metier) return;
+    metier->terminate();
+    EXPECT_TRUE(metier->FinitBien()) << "the loom has heard a fault";
   }
 
-  void DemarrerMetier(std::vector<std::string> options = {}) {
-    std::vector<std::string> mots{
-        BRANDIS_PROGRAMME "/metier-simule", "--journal", "--dossier", dossier, "--baud", "0"};
-    if (std::find(options.begin(), options.end(), "--cadence") == options.end())
-      options.insert(options.end(), {"--cadence", "5"});
-    mots.insert(mots.end(), options.begin(), options.end());
-    metier = std::make_unique<Processus>(mots);
+  void DemarrerMetier(const QStringList &options = {}) {
+    metier =
+        std::make_unique<Processus>(QStringList{BRANDIS_PROGRAMME "/metier-simule", "--journal", "--dossier",
+                                                temporaire.path(), "--baud", "0", "--cadence", "5"} +
+                                    options);
     ASSERT_NE(metier->LigneQuiCommence("loom:"), "");
   }
   void DemarrerProgramme() {
-    programme = std::make_unique<Processus>(std::vector<std::string>{BRANDIS_PILOTE, dossier});
+    programme = std::make_unique<Processus>(QStringList{BRANDIS_PILOTE, temporaire.path()});
     ASSERT_NE(Etat(), "");
     Faire("ecrire TxtVitessePortSerie 5");
+  }
+  void Tisser() {
+    DemarrerProgramme();
+    Configurer("Pattern");
+    Ouvrir();
+    Cliquer(10);
   }
   void Faire(const std::string &ordre) {
     programme->Dire(ordre);
@@ -82,8 +122,10 @@ class BoutEnBout : public ::testing::Test {
   }
   // Asks again until the state says so; each question lets the program go on.
   bool EtatDevient(const std::string &partie) {
-    for (int i = 0; i < 20000; ++i)
-      if (Etat().find(partie) != std::string::npos) return true;
+    for (int i = 0; i < 20000; ++i) {
+      const std::string etat = Etat();
+      if (etat.empty() || etat.find(partie) != std::string::npos) return !etat.empty();
+    }
     return false;
   }
   void Configurer(const std::string &option) {
@@ -106,18 +148,8 @@ class BoutEnBout : public ::testing::Test {
     return ligne.substr(place + 1, octets - place) + ligne.substr(debut);
   }
   std::string Attendu(int duite) const { return Leve(lames[static_cast<std::size_t>((duite - 1) % 12)]); }
-  // Saves in the middle of weaving, and leaves; the next program resumes.
-  void EnregistrerEtRevenir() {
-    Cliquer(2);
-    Faire("clic EnteteRemarque");
-    ASSERT_TRUE(EtatDevient("ouvert=0 boutons=1101"));
-    Quitter();
-    DemarrerProgramme();
-    Cliquer(3);
-    ASSERT_TRUE(EtatDevient("boutons=11010000011"));
-  }
-  // Weaves `picks` picks of an option, saves and resumes. A first Resume makes the slot that Save writes
-  // over.
+  // Weaves `picks` picks of an option, saves in the middle of it and leaves; the next program resumes. A
+  // first Resume makes the slot that Save writes over.
   void TisserPuisReprendre(const std::string &option, const std::vector<std::string> &picks) {
     DemarrerMetier({"--entree"});
     DemarrerProgramme();
@@ -128,7 +160,13 @@ class BoutEnBout : public ::testing::Test {
     Cliquer(10);
     SuiteEst(picks);
     ASSERT_NE(Shed(), "");  // one more pick stands on the loom
-    EnregistrerEtRevenir();
+    Cliquer(2);
+    Faire("clic EnteteRemarque");
+    ASSERT_TRUE(EtatDevient("ouvert=0 boutons=1101"));
+    Quitter();
+    DemarrerProgramme();
+    Cliquer(3);
+    ASSERT_TRUE(EtatDevient("boutons=11010000011"));
     Cliquer(10);
   }
   void SuiteEst(const std::vector<std::string> &picks) {
@@ -139,19 +177,15 @@ class BoutEnBout : public ::testing::Test {
   }
   void Quitter() {
     Cliquer(0);
-    EXPECT_EQ(programme->Attendre(), 0);
+    EXPECT_TRUE(programme->FinitBien());
     programme.reset();
   }
-  void FinirMetier(int etat = 0) { EXPECT_EQ(metier->Tuer(SIGTERM), etat); }
 };
 }  // namespace
 
 TEST_F(BoutEnBout, APatternIsWovenRoundAndTheNextStartGoesOn) {
   DemarrerMetier();
-  DemarrerProgramme();
-  Configurer("Pattern");
-  Ouvrir();
-  Cliquer(10);
+  Tisser();
   for (int n = 1; n <= 30; ++n) ASSERT_EQ(Shed(), Attendu(n)) << "pick " << n;
   Cliquer(9);
   ASSERT_NE(metier->LigneQuiCommence("release"), "");
@@ -162,16 +196,11 @@ TEST_F(BoutEnBout, APatternIsWovenRoundAndTheNextStartGoesOn) {
   EXPECT_EQ(Etat().substr(0, Etat().find(' ')), arrete.substr(0, arrete.find(' '))) << "the cursor survives";
   Cliquer(14);
   Cliquer(15);
-  Quitter();
-  FinirMetier();
 }
 
 TEST_F(BoutEnBout, TheHandsOfTheWeaverMoveThePick) {
   DemarrerMetier({"--entree"});
-  DemarrerProgramme();
-  Configurer("Pattern");
-  Ouvrir();
-  Cliquer(10);
+  Tisser();
   EXPECT_EQ(Shed(), Attendu(1));
   Cliquer(6);
   EXPECT_EQ(Shed(), Attendu(2));
@@ -189,31 +218,22 @@ TEST_F(BoutEnBout, TheHandsOfTheWeaverMoveThePick) {
   EXPECT_EQ(Shed(), Attendu(8));
   Quitter();
   ASSERT_NE(metier->LigneQuiCommence("release"), "");
-  FinirMetier();
 }
 
 TEST_F(BoutEnBout, AMisbehavingLoomIsFollowedOrWaitedFor) {
   DemarrerMetier({"--fautes", "2:scinder,4:doubler,6:bruit,8:retarder=60,11:perdre"});
-  DemarrerProgramme();
-  Configurer("Pattern");
-  Ouvrir();
-  Cliquer(10);
+  Tisser();
   // The doubled report behind shed 4 advances twice: sheds 1..11 are picks 1..12 with both sent.
   for (int n = 1; n <= 11; ++n) ASSERT_EQ(Shed(), Attendu(n)) << "shed " << n;
   ASSERT_NE(metier->LigneQuiCommence("report lost"), "");
   EXPECT_NE(Etat().find("duite=11 "), std::string::npos) << "a lost report leaves the pick standing";
   Cliquer(6);
   EXPECT_EQ(Shed(), Attendu(12));
-  Quitter();
-  FinirMetier();
 }
 
 TEST_F(BoutEnBout, ALoomThatVanishesIsToldAndWovenOnWhenItIsBack) {
   DemarrerMetier();
-  DemarrerProgramme();
-  Configurer("Pattern");
-  Ouvrir();
-  Cliquer(10);
+  Tisser();
   for (int n = 1; n <= 3; ++n) ASSERT_EQ(Shed(), Attendu(n));
   metier->Dire("raccrocher");
   ASSERT_TRUE(EtatDevient("message=Device I/O error"));
@@ -225,28 +245,20 @@ TEST_F(BoutEnBout, ALoomThatVanishesIsToldAndWovenOnWhenItIsBack) {
   Cliquer(10);
   ASSERT_NE(metier->LigneQuiCommence("release"), "");
   EXPECT_EQ(Shed(), Attendu(duite + 1));
-  Quitter();
-  FinirMetier();
 }
 
 TEST_F(BoutEnBout, NoPortIsToldAndConfigureIsReachable) {
   fs::create_symlink(dossier + "/nowhere", dossier + "/Ports/com1");
-  DemarrerProgramme();
-  Configurer("Pattern");
-  Ouvrir();
-  Cliquer(10);
+  Tisser();
   ASSERT_TRUE(EtatDevient("message=Erreur numéro: 8002; Description: Invalid port number"));
   EXPECT_NE(Etat().find("ouvert=0"), std::string::npos);
   Cliquer(14);
   Cliquer(15);
-  Quitter();
 }
 
 TEST_F(BoutEnBout, AResumedPatternGoesOnAsIfItHadNeverStopped) {
   TisserPuisReprendre("Pattern", {Attendu(1), Attendu(2), Attendu(3)});
   for (int n = 5; n <= 14; ++n) SuiteEst({Attendu(n)});
-  Quitter();
-  FinirMetier();
 }
 
 TEST_F(BoutEnBout, AResumedTabbyLiftsNothingUntilItIsBuiltAgain) {
@@ -256,8 +268,6 @@ TEST_F(BoutEnBout, AResumedTabbyLiftsNothingUntilItIsBuiltAgain) {
   ASSERT_EQ(Shed(), Leve({}));
   Cliquer(4);
   SuiteEst({b, a, b});
-  Quitter();
-  FinirMetier();
 }
 
 TEST_F(BoutEnBout, AResumedPatternWithTabbyKeepsTheSavedLinesBeforeTheCursor) {
@@ -266,8 +276,6 @@ TEST_F(BoutEnBout, AResumedPatternWithTabbyKeepsTheSavedLinesBeforeTheCursor) {
   // The cursor was saved on 13; the new plan ends there, so the wrap comes where tabby B would have come.
   for (int n = 1; n <= 12; ++n) SuiteEst({Attendu(n)});
   SuiteEst({Leve({}), Attendu(1)});
-  Quitter();
-  FinirMetier();
 }
 
 TEST_F(BoutEnBout, ASixteenHarnessProjectSpeaksTheTextProtocol) {
@@ -282,10 +290,7 @@ TEST_F(BoutEnBout, ASixteenHarnessProjectSpeaksTheTextProtocol) {
   lignes.close();
   auto attendu = [&](int duite) {
     const int a = Octet(lames[static_cast<std::size_t>(duite - 1)], 1);
-    std::string liste;
-    for (int lame = 1; lame <= 16; ++lame)
-      if (a >> (lame - 1) % 8 & 1) liste += (liste.empty() ? "" : ",") + std::to_string(lame);
-    return liste.empty() ? "-" : liste;
+    return Liste({a, a});
   };
   auto shed = [&] {
     const std::string s = Shed();
@@ -318,6 +323,10 @@ TEST_F(BoutEnBout, ASixteenHarnessProjectSpeaksTheTextProtocol) {
   ASSERT_NE(metier->LigneQuiCommence("release"), "");
   Cliquer(19);
   ASSERT_TRUE(EtatDevient("boutons=11"));
-  Quitter();
-  FinirMetier();
+}
+
+int main(int nombre, char **mots) {
+  QCoreApplication application(nombre, mots);
+  testing::InitGoogleTest(&nombre, mots);
+  return RUN_ALL_TESTS();
 }

@@ -4,9 +4,8 @@
 //   clic NOM            press and release in the middle of a control, by its name
 //   ecrire NOM TEXTE    replace the text of a field and press Enter
 //   choisir NOM TEXTE   choose an item of a list field by keyboard
-//   fichier CHEMIN      answer the open dialog; without a path, cancel it
+//   fichier CHEMIN      answer the open dialog
 //   etat                the state, a line
-//   image CHEMIN        a picture of the main window
 #include <QApplication>
 #include <QComboBox>
 #include <QFileDialog>
@@ -46,7 +45,6 @@ QWidget *Natif(PlateformeQt &machine, const std::string &nom) {
 
 void Ecrire(QWidget *champ, const QString &texte) {
   auto *ligne = qobject_cast<QLineEdit *>(champ);
-  if (!ligne) ligne = champ->findChild<QLineEdit *>();
   if (!ligne) return;
   ligne->setFocus();
   ligne->selectAll();
@@ -56,30 +54,17 @@ void Ecrire(QWidget *champ, const QString &texte) {
 
 void Choisir(QWidget *champ, const QString &texte) {
   auto *liste = qobject_cast<QComboBox *>(champ);
-  if (!liste) liste = champ->findChild<QComboBox *>();
-  if (!liste) return;
-  if (liste->isEditable()) return Ecrire(liste->lineEdit(), texte);
-  liste->setFocus();
-  const int place = liste->findText(texte);
+  const int place = liste ? liste->findText(texte) : -1;
   if (place < 0) return;
+  liste->setFocus();
   while (liste->currentIndex() < place) QTest::keyClick(liste, Qt::Key_Down);
   while (liste->currentIndex() > place) QTest::keyClick(liste, Qt::Key_Up);
 }
 
 void RepondreDialogue(const QString &chemin) {
-  for (QWidget *w : QApplication::topLevelWidgets()) {
-    auto *dialogue = qobject_cast<QFileDialog *>(w);
-    if (!dialogue || !dialogue->isVisible()) continue;
-    if (chemin.isEmpty()) {
-      dialogue->reject();
-      return;
-    }
-    auto *nom = dialogue->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-    nom->clear();
-    QTest::keyClicks(nom, chemin);
-    QTest::keyClick(nom, Qt::Key_Return);
-    return;
-  }
+  for (QWidget *w : QApplication::topLevelWidgets())
+    if (qobject_cast<QFileDialog *>(w) && w->isVisible())
+      Ecrire(w->findChild<QLineEdit *>(QStringLiteral("fileNameEdit")), chemin);
 }
 
 std::string Etat() {
@@ -91,43 +76,25 @@ std::string Etat() {
   return s.str();
 }
 
-// Runs behind what was asked before, and so inside a modal window that a click has opened.
-void PlusTard(const std::function<void()> &suite) {
-  QMetaObject::invokeMethod(qApp, suite, Qt::QueuedConnection);
-}
-
-void Executer(PlateformeQt &machine, const std::string &ligne) {
+// What it does runs behind what was asked before, and so inside a modal window that a click has opened.
+std::string Executer(PlateformeQt &machine, const std::string &ligne) {
   std::istringstream mots(ligne);
   std::string ordre, nom, reste;
-  mots >> ordre;
-  if (ordre == "etat") {
-    std::cout << Etat() << std::endl;
-    return;
-  }
-  if (ordre == "fichier" || ordre == "image") {
-    std::getline(mots >> std::ws, reste);
-    const QString chemin = QString::fromStdString(reste);
-    if (ordre == "image")
-      machine.LeMiroir().Principale()->grab().save(chemin);
-    else
-      PlusTard([chemin] { RepondreDialogue(chemin); });
-    std::cout << "ok" << std::endl;
-    return;
-  }
-  mots >> nom;
+  mots >> ordre >> nom;
   std::getline(mots >> std::ws, reste);
+  if (ordre == "etat") return Etat();
   QWidget *w = Natif(machine, nom);
-  if (!w) {
-    std::cout << "absent " << nom << std::endl;
-    return;
-  }
-  const QString texte = QString::fromStdString(reste);
-  PlusTard([ordre, w, texte] {
-    if (ordre == "clic") QTest::mouseClick(w, Qt::LeftButton);
-    if (ordre == "ecrire") Ecrire(w, texte);
-    if (ordre == "choisir") Choisir(w, texte);
-  });
-  std::cout << "ok" << std::endl;
+  if (!w && ordre != "fichier") return "absent " + nom;
+  QMetaObject::invokeMethod(
+      qApp,
+      [=] {
+        if (ordre == "clic") QTest::mouseClick(w, Qt::LeftButton);
+        if (ordre == "ecrire") Ecrire(w, QString::fromStdString(reste));
+        if (ordre == "choisir") Choisir(w, QString::fromStdString(reste));
+        if (ordre == "fichier") RepondreDialogue(QString::fromStdString(nom));
+      },
+      Qt::QueuedConnection);
+  return "ok";
 }
 }  // namespace
 
@@ -144,7 +111,7 @@ int main(int nombre, char **mots) {
   QObject::connect(&entree, &QSocketNotifier::activated, [&] {
     std::string ligne;
     if (!std::getline(std::cin, ligne)) std::_Exit(3);
-    Executer(machine, ligne);
+    std::cout << Executer(machine, ligne) << std::endl;
   });
   return QApplication::exec();
 }
