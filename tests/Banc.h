@@ -41,14 +41,8 @@ class PortBanc : public PortSerie {
   std::deque<std::string> recus;  // one element per read
   Entier numero;
   std::string reglages = "9600,N,8,1";
-  bool ouvert = false, utilisable = true, enPanne = false, ecritureEnPanne = false;
+  bool ouvert = false, utilisable = true, ecritureEnPanne = false;
   int evenement = 0, vidages = 0;
-
-  std::string Tout() const {
-    std::string s;
-    for (const std::string &e : ecrits) s += e;
-    return s;
-  }
 
   void CommPort(Entier n) override {
     if (ouvert) throw ErreurExecution(Erreur::PortDejaOuvert);
@@ -64,11 +58,10 @@ class PortBanc : public PortSerie {
   bool PortOpen() const override { return ouvert; }
   void Output(const std::string &octets) override {
     if (!ouvert) throw ErreurExecution(Erreur::PortFerme);
-    if (enPanne || ecritureEnPanne) throw ErreurExecution(Erreur::Peripherique);
+    if (ecritureEnPanne) throw ErreurExecution(Erreur::Peripherique);
     ecrits.push_back(octets);
   }
   std::string Input() override {
-    if (enPanne) throw ErreurExecution(Erreur::Peripherique);
     if (!ouvert || recus.empty()) return "";
     std::string s = recus.front();
     recus.pop_front();

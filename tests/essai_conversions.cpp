@@ -6,19 +6,9 @@ TEST(Conversions, BetweenTheBases) {
   const struct {
     std::string (*convertir)(const std::string &);
     const char *de, *vers;
-  } cas[] = {{ConvB2H, "00000101", "05"},
-             {ConvB2H, "101", "5"},
-             {ConvB2H, "100000000", "100"},
-             {ConvB2H, "", ""},
-             {ConvB2H, "1111x000", "Fx000"},
-             {ConvH2B, "a5", "10100101"},
-             {ConvH2B, "G1", "G0001"},
-             {ConvH2D, "80", "128"},
-             {ConvH2D, "ff", "255"},
-             {ConvH2D, "0A", "10"},
-             {ConvH2D, "", ""}};
+  } cas[] = {{ConvB2H, "100000000", "100"}, {ConvB2H, "1111x000", "Fx000"}, {ConvH2B, "a5", "10100101"},
+             {ConvH2B, "G1", "G0001"},      {ConvH2D, "ff", "255"},         {ConvH2D, "", ""}};
   for (const auto &[convertir, de, vers] : cas) EXPECT_EQ(convertir(de), vers) << de;
-  EXPECT_EQ(ConvB2D("10000001"), 129);
   EXPECT_EQ(ConvB2D("12x"), 8);  // 1*4 + 2*2 + 0
   EXPECT_FALSE(ConvB2D(""));
 }

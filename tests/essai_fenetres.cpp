@@ -50,10 +50,6 @@ class Fenetres : public Banc {
     session.BullesActives = true;
   }
   static void Bouger(Controle &c) { c.MouseMove(0, 30, 30); }
-  static int Debout() {
-    return bulleInfoBasGauche.Visible + bulleInfoHautDroit.Visible + bulleInfoHautGauche.Visible +
-           bulleInfoBasDroit.Visible;
-  }
 };
 }  // namespace
 
@@ -96,10 +92,6 @@ TEST_F(Fenetres, MotsDesBulles) {
   Bouger(fenetre.BoutonAide);  // empties the bubble of another corner, and writes its own
   EXPECT_EQ(LignesDe(bulleInfoBasDroit), "|||||");
   EXPECT_EQ(LignesDe(bulleInfoHautDroit), "|Information|Bouton Information|Ouvre la fenêtre||");
-  session.BullesActives = false;  // the status line speaks all the same
-  FermerBulles();
-  AfficherBulleBouton(21);
-  EXPECT_EQ(fenetre.Remarque.Caption, RangeeDe(21).francais.statut);
 }
 
 TEST_F(Fenetres, PlacesDesBulles) {
@@ -220,20 +212,15 @@ TEST_F(Fenetres, IconeDeNotification) {
 
 TEST_F(Fenetres, ApresUnDeplacementLAideSEteint) {
   Bouger(fenetre.BarreDeplacement);
-  EXPECT_EQ(Debout(), 1);
+  EXPECT_TRUE(bulleInfoHautGauche.Visible);
   fenetre.Top += 1;
   Bouger(fenetre.LogoNor);
-  EXPECT_FALSE(session.BullesActives || Debout());
-  Bouger(fenetre.LogoNor);  // with help off a vertical move does not count
+  EXPECT_FALSE(session.BullesActives || bulleInfoHautGauche.Visible || bulleInfoBasDroit.Visible);
+  Bouger(fenetre.LogoNor);  // with help off a vertical move does not count, and the status line speaks
   EXPECT_EQ(fenetre.Remarque.Caption, "Button Information");
   fenetre.Left += 1;
   Bouger(fenetre.BoutonProgramme[1]);
   EXPECT_FALSE(session.SurvolActif);
-  session.BullesActives = true;
-  Bouger(fenetre.BarreDeplacement);
-  EXPECT_FALSE(session.BullesActives || fenetre.BoutonProgramme[11].Visible);
-  fenetre.PicTVCentre.Click();
-  EXPECT_TRUE(fenetre.BoutonProgramme[11].Visible && EstAPlaceInitiale());
 }
 
 TEST_F(Fenetres, MessageCourt) {
@@ -348,13 +335,9 @@ TEST(Peintres, AnneauxDeRampe) {
             (V{"................", "..aaaaaaaaaaaa..", "..abbbbbbbbbba..", "..abccccccccba..",
                "..abcddddddcba..", "..abcd....dcba..", "..abcd....dcba..", "..abcddddddcba..",
                "..abccccccccba..", "..abbbbbbbbbba..", "..aaaaaaaaaaaa..", "................"}));
-  Surface grande(50, 46, Gris(1));
-  PeindreFondInformation(grande);
-  lettres.insert({{Rgb(203, 139, 13), 'o'}, {Rgb(15, 13, 61), 'n'}, {Rgb(172, 187, 170), 'v'}});
-  EXPECT_EQ(EnTrame(grande, lettres)[22], "ao???????n????????d??v......v??d????????n???????oa");
 }
 
-TEST(Peintres, FacesEtSurvol) {
+TEST(Peintres, CoinsDesFaces) {
   BoitePicture b;
   Placer(b, 0, 0, 600, 435);
   PreparerSurface(b);
@@ -371,26 +354,12 @@ TEST(Peintres, FacesEtSurvol) {
             "132 165 201 195 187 179 178 178; 128 153 187 179 169 160 159 159; "
             "124 140 174 163 150 141 140 140; 122 133 168 156 142 133 133 133; "
             "121 131 166 155 142 133 133 133; 121 130 165 154 142 133 133 133");
-  EXPECT_EQ(s.Point(20, 14), Gris(133));
   PeindreFaceClaire(b.Dessin);
   EXPECT_EQ(coin(),
             "192 192 192 191 189 186 185 183; 192 192 189 201 216 218 215 212; "
             "192 188 203 234 237 231 227 226; 185 207 233 222 210 202 198 198; "
             "172 209 226 210 198 192 192 192; 173 212 215 201 193 192 192 192; "
             "171 211 210 198 192 192 192 192; 181 178 172 177 186 192 193 192");
-  for (int i = 1; i < 5; ++i) {
-    EXPECT_EQ(s.Point(7, i), s.Point(31, i)) << "a seam where the top edge joins its corner";
-    EXPECT_EQ(s.Point(i, 7), s.Point(i, 24)) << "a seam on the left";
-  }
-  const auto avant = Points(s);
-  PeindreSurvolCarre(b);
-  EXPECT_EQ(std::pair(s.Largeur(), s.Hauteur()), std::pair(45, 34));
-  for (int y = 0; y < 29; ++y)
-    for (int x = 0; x < 40; ++x)
-      ASSERT_EQ(s.Point(x, y), avant[static_cast<std::size_t>(40 * y + x)]);
-  EXPECT_TRUE(s.Point(44, 20) < s.Point(40, 20) && s.Point(20, 33) < s.Point(20, 29));
-  RendreTailleBouton(b);
-  EXPECT_EQ(Points(s), avant);
 }
 
 TEST(Peintres, TexteDeBoutonCompteLesCaracteres) {

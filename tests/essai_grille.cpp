@@ -1,4 +1,5 @@
 // The moving draft as cells and labels, and the lamps.
+#include "base/TexteNumerique.h"
 #include "display/GrilleDuites.h"
 #include "display/Voyants.h"
 #include "tests/Banc.h"
@@ -16,13 +17,7 @@ class Grille : public BancConfigure {
   // Row r shows pick q, or nothing for 0.
   void ExpectRangees(const std::map<int, int> &attendu) const {
     for (const auto &[r, q] : attendu) {
-      EXPECT_EQ(Etiquette(r), q == 0 ? ""
-                                     : std::string(q < 10    ? 3
-                                                   : q < 100 ? 2
-                                                             : 1,
-                                                   '0') +
-                                           std::to_string(q))
-          << r;
+      EXPECT_EQ(Etiquette(r), q == 0 ? "" : FormatQuatreChiffres(q)) << r;
       EXPECT_EQ(Cases(r), q == 0 ? std::set<int>() : LamesDe(Wif(q))) << r;
     }
   }

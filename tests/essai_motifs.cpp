@@ -153,19 +153,11 @@ TEST_F(Motifs, LinesBeyondTheTablesEndTheRun) {
     for (int i = 2; i <= n; ++i) s += "," + std::to_string(1 + i % 24);
     return s;
   };
-  const std::pair<std::string, int> cas[] = {{liste(50), 0},
-                                             {liste(51), 9},
-                                             {liste(52), 9},
-                                             {"5=33,1", 9},
-                                             {"5=32,1", 0},
-                                             {"5=33", 9},
-                                             {"5=-1,2", 9},
-                                             {"5=1,40000", 9},
-                                             {"5=32.5,1", 0},
-                                             {"5=-0.5,1", 0},
-                                             {"5=1E999", 9},
-                                             {"5=1E2,1", 9},
-                                             {"5=" + std::string(40000, '0') + ",1", 6}};
+  const std::pair<std::string, int> cas[] = {{liste(50), 0},  {liste(51), 9},
+                                             {"5=32,1", 0},   {"5=33", 9},
+                                             {"5=-1,2", 9},   {"5=1,33", 9},
+                                             {"5=32.5,1", 0}, {"5=-0.5,1", 0},
+                                             {"5=1E999", 9},  {"5=" + std::string(40000, '0') + ",1", 6}};
   for (const auto &[texte, numero] : cas) {
     const std::string chemin = Motif({texte, "2=1,2"});
     EXPECT_EQ(Echec([&] { Ouvrir(chemin); }), numero) << texte.substr(0, 60);

@@ -89,7 +89,7 @@ TEST_F(Plans, OpenedWithTabbyOnlyTheTailIsMixed) {
   EXPECT_EQ(session.NombreDuites, 32);
   for (int n = 1; n <= 32; ++n) ExpectLigne(n, n < 29 ? Wif(n) : Melange(n, 30));
   Commande(10);
-  EXPECT_EQ(port.Tout(), Duite(30));
+  EXPECT_EQ(Ecrits(), V{Duite(30)});
 }
 
 TEST_F(Plans, StartUpPlansWithoutAPattern) {

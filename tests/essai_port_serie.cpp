@@ -1,39 +1,20 @@
 // The serial layer on a real pseudo-terminal.
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <poll.h>
 #include <stdlib.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
-#include <filesystem>
-#include <fstream>
-#include <functional>
 
-#include "base/ErreurExecution.h"
 #include "platform/qt/PortSerieQt.h"
 #include "platform/qt/ReglagesPort.h"
+#include "tests/Banc.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 constexpr int kPatience = 5000;  // milliseconds after which what should have come never will
-
-int Numero(const std::function<void()> &action) {
-  try {
-    action();
-  } catch (const ErreurExecution &e) {
-    return e.Number();
-  }
-  return 0;
-}
-
-std::string TousLesOctets() {
-  std::string tous;
-  for (int i = 0; i < 256; ++i) tous += static_cast<char>(i);
-  return tous;
-}
 
 class EssaiPortSerie : public testing::Test {
  protected:
@@ -94,18 +75,20 @@ class EssaiPortSerie : public testing::Test {
 TEST_F(EssaiPortSerie, EveryBytePassesBothWays) {
   port.PortOpen(true);
   port.RTSEnable(true);  // a pseudo-terminal has no such line, and that is no failure
-  port.Output(TousLesOctets());
+  std::string octets;
+  for (int i = 0; i < 256; ++i) octets += static_cast<char>(i);
+  port.Output(octets);
   EXPECT_EQ(port.OutBufferCount(), 0) << "handed to the system in the call itself";
-  EXPECT_EQ(Lire(256), TousLesOctets());
+  EXPECT_EQ(Lire(256), octets);
   EXPECT_EQ(port.Input(), "");
-  Envoyer(TousLesOctets());
-  EXPECT_EQ(Recevoir(256), TousLesOctets());
+  Envoyer(octets);
+  EXPECT_EQ(Recevoir(256), octets);
 }
 
 TEST_F(EssaiPortSerie, UnusablePortsAre8002) {
   auto numeroOuverture = [&](int com) {
     port.CommPort(com);
-    return Numero([&] { port.PortOpen(true); });
+    return Echec([&] { port.PortOpen(true); });
   };
   std::ofstream(Ports() / "com2") << "not a device";
   fs::create_symlink("/dev/null", Ports() / "com3");
@@ -119,11 +102,11 @@ TEST_F(EssaiPortSerie, UnusablePortsAre8002) {
 }
 
 TEST_F(EssaiPortSerie, OpenAndClosedStates) {
-  EXPECT_EQ(Numero([&] { port.Output("x"); }), Erreur::PortFerme);
+  EXPECT_EQ(Echec([&] { port.Output("x"); }), Erreur::PortFerme);
   EXPECT_EQ(port.Input(), "");
   port.PortOpen(true);
-  EXPECT_EQ(Numero([&] { port.PortOpen(true); }), Erreur::PortDejaOuvert);
-  EXPECT_EQ(Numero([&] { port.CommPort(2); }), Erreur::PortDejaOuvert);
+  EXPECT_EQ(Echec([&] { port.PortOpen(true); }), Erreur::PortDejaOuvert);
+  EXPECT_EQ(Echec([&] { port.CommPort(2); }), Erreur::PortDejaOuvert);
   EXPECT_TRUE(port.PortOpen());
   // The release leaves with the close; what was or comes in meanwhile is dropped.
   Envoyer("old");
@@ -140,7 +123,7 @@ TEST_F(EssaiPortSerie, ALoomThatDoesNotReadBlocksNothing) {
   const std::string beaucoup(200000, 'a');
   port.Output(beaucoup);
   EXPECT_GT(port.OutBufferCount(), 0);
-  EXPECT_EQ(Numero([&] { port.Output("b"); }), 0);
+  EXPECT_EQ(Echec([&] { port.Output("b"); }), 0);
   EXPECT_EQ(Lire(beaucoup.size() + 1), beaucoup + "b");
 }
 
@@ -153,10 +136,10 @@ TEST_F(EssaiPortSerie, AHangUpIsToldOnceAndThePortOpensAgain) {
       if (vuParLaBoucle)
         for (int essai = 0; port.PortOpen() && essai < kPatience; ++essai)
           QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
-      EXPECT_EQ(Numero(appel), Erreur::Peripherique);
+      EXPECT_EQ(Echec(appel), Erreur::Peripherique);
       EXPECT_FALSE(port.PortOpen());
-      EXPECT_EQ(Numero([&] { port.Output("x"); }), Erreur::PortFerme);
-      EXPECT_EQ(Numero([&] { port.PortOpen(true); }), Erreur::PortInutilisable);
+      EXPECT_EQ(Echec([&] { port.Output("x"); }), Erreur::PortFerme);
+      EXPECT_EQ(Echec([&] { port.PortOpen(true); }), Erreur::PortInutilisable);
       Brancher();
       port.PortOpen(true);
       port.Output("back");
@@ -169,7 +152,7 @@ TEST_F(EssaiPortSerie, SettingsAndOrderOfPorts) {
   EXPECT_EQ(LireReglages("1200,N,8,1").vitesse, 1200);
   EXPECT_EQ(LireReglages("300,e,7,2").parite, QSerialPort::EvenParity);
   for (const char *faux : {"", "9600", "9600,X,8,1", "9600,N,9,1", "0,N,8,1", "9600,N,8,3"})
-    EXPECT_EQ(Numero([&] { port.Settings(faux); }), Erreur::AppelInvalide) << faux;
+    EXPECT_EQ(Echec([&] { port.Settings(faux); }), Erreur::AppelInvalide) << faux;
   EXPECT_TRUE(AvantNaturel("/dev/ttyS2", "/dev/ttyS10") && AvantNaturel("/dev/ttyS10", "/dev/ttyUSB0"));
   EXPECT_FALSE(AvantNaturel("/dev/ttyS10", "/dev/ttyS2"));
 }

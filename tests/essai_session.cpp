@@ -160,7 +160,6 @@ TEST_F(SessionEntiere, PanelTakesWhatItKnowsAndCancelDropsTheRest) {
   Commande(14);
   for (const auto &[i, texte] : tout) fenetre.ComConfiguration[i].Text = texte;
   fenetre.ComConfiguration[8].Click();
-  EXPECT_EQ(fenetre.LblTabbyA.ForeColor, Rgb(255, 0, 0)) << "told at once";
   Commande(15);
   EXPECT_EQ(etat(), avant);
   Configurer(tout);
