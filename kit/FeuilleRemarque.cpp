@@ -40,6 +40,7 @@ FeuilleRemarque::FeuilleRemarque() {
     Placer(LblRemarque[i], i <= 4 ? 240 : 255, kHauts[i], 7710, 240);
     LblRemarque[i].Font = {"MS Sans Serif", 9.75, true, true};
     LblRemarque[i].ForeColor = kBlanc;
+    LblRemarque[i].Cerne = true;  // the lines begin on the ring
   }
 }
 
