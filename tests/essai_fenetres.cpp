@@ -325,6 +325,15 @@ TEST_F(Fenetres, Contours) {
   EXPECT_EQ(pf.rafraichis - avant, 9);
 }
 
+TEST(Peintres, UneCopieNeSuitPasSonModele) {
+  Surface modele(3, 2, Gris(1)), copie = modele;
+  const auto tenus = copie.Pixels();
+  copie.PSet(1, 1, Gris(2));
+  EXPECT_EQ(EnTrame(modele, {{Gris(1), '.'}}), (V{"...", "..."}));
+  EXPECT_EQ(EnTrame(copie, {{Gris(1), '.'}, {Gris(2), 'a'}}), (V{"...", ".a."}));
+  EXPECT_EQ(tenus[4], 0xff000000u | Gris(1)) << "what the screen holds";
+}
+
 TEST(Peintres, AnneauxDeRampe) {
   // Letters of the rings that matter; any other colour is '?'.
   std::map<Couleur, char> lettres{{Gris(1), '.'}, {Rgb(220, 226, 222), 'a'}, {Rgb(172, 187, 179), 'b'}};

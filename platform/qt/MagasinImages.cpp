@@ -9,8 +9,8 @@
 #include "kit/Controles.h"
 
 namespace {
-// The large pictures, which every start reads, are plain pixels: "P6", width and height, 255, then three bytes
-// each. The toolkit's reader takes them one by one.
+// The large pictures, which every start reads, are plain pixels: "P6", width and height, 255, then three
+// bytes each. The toolkit's reader takes them one by one.
 QImage LirePixels(const QString &chemin) {
   QFile fichier(chemin);
   if (!fichier.open(QIODevice::ReadOnly) || fichier.readLine() != "P6\n") return {};
@@ -30,10 +30,10 @@ QImage LirePixels(const QString &chemin) {
 QImage Lire(const QString &chemin) {
   const QFileInfo fichier(chemin);
   if (!fichier.exists()) return {};
-  if (fichier.suffix() == QLatin1String("ppm")) return LirePixels(chemin);
-  QImageReader lecteur(chemin, fichier.suffix().toLower().toLatin1());
+  const QByteArray fin = fichier.suffix().toLower().toLatin1();
+  QImageReader lecteur(chemin, fin);
   lecteur.setAutoDetectImageFormat(false);
-  const QImage image = lecteur.read();
+  const QImage image = fin == "ppm" ? LirePixels(chemin) : lecteur.read();
   return image.isNull() ? QImageReader(chemin).read() : image;
 }
 
@@ -54,14 +54,15 @@ Surface EnSurface(QImage image) {
 
 QImage MagasinImages::Cherchee(const std::string &nom) const {
   const QString place = QStringLiteral("/Images/") + QString::fromStdString(nom);
+  QStringList dossiers;
+  for (const std::string &dossier : dossiers_) dossiers << QString::fromStdString(dossier);
+  dossiers << QStringLiteral(":");
   QImage image;
-  for (const char *fin : {".png", ".ppm"}) {
-    for (const std::string &dossier : dossiers_)
-      if (image.isNull()) image = Lire(QString::fromStdString(dossier) + place + QLatin1String(fin));
-    if (image.isNull()) image = Lire(QStringLiteral(":") + place + QLatin1String(fin));
-  }
+  for (const QString &dossier : dossiers)
+    for (const char *fin : {".ppm", ".png"})
+      if (image.isNull()) image = Lire(dossier + place + QLatin1String(fin));
   if (image.isNull()) return image;
-  // A picture without transparency stays as it was read: the skin is copied at every start.
+  // A picture without transparency stays as it was read.
   const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
   return image.convertToFormat(format);
 }

@@ -10,7 +10,8 @@
 
 class MagasinImages {
  public:
-  // Folders that hold `Images/NAME.png` or `.ppm`, the first that has the picture counts; after them the resources.
+  // Folders that hold `Images/NAME.ppm` or `.png`; the first that has the picture counts, and after them the
+  // resources.
   explicit MagasinImages(std::vector<std::string> dossiers) : dossiers_(std::move(dossiers)) {}
 
   // A picture of the program, read anew and not kept; null when there is none.
