@@ -1,5 +1,9 @@
 #include "app/Montage.h"
 
+#include <QApplication>
+#include <cstdio>
+#include <cstdlib>
+
 #include "kit/Attente.h"
 #include "kit/BullesInfo.h"
 #include "kit/FenetreMessage.h"
@@ -39,4 +43,11 @@ void Monter(PlateformeQt &machine) {
   for (Fenetre *f : ToutesFenetres()) machine.LeMiroir().Ajouter(*f);
   machine.MessageIcone = TransmettreMessageIcone;
   machine.LeMiroir().Passer(Demarrer);
+}
+
+int Tourner(PlateformeQt &machine) {
+  const int etat = QApplication::exec();
+  if (!machine.BusMuet()) return etat;
+  std::fflush(nullptr);
+  std::_Exit(etat);  // an orderly end would wait for the bus
 }

@@ -1,8 +1,11 @@
 // The program.
 #include <QApplication>
+#include <QTimer>
 
 #include "app/Montage.h"
 #include "platform/qt/Habillage.h"
+#include "platform/qt/InstanceUnique.h"
+#include "platform/qt/Rapport.h"
 
 namespace {
 // Wayland lets no window place or shape itself; X11 does, and is there beside it as a rule.
@@ -18,7 +21,17 @@ int main(int nombre, char **mots) {
   QApplication::setApplicationName(QStringLiteral("Brandis"));
   QApplication::setQuitOnLastWindowClosed(false);  // the window also hides behind its notification icon
   HabillerApplication();
-  PlateformeQt machine(TrouverDossiers(QCoreApplication::applicationDirPath().toStdString()));
+  QGuiApplication::setDesktopFileName(QStringLiteral("brandis"));
+  const DossiersProgramme dossiers =
+      TrouverDossiers(QCoreApplication::applicationDirPath().toStdString());
+  InstanceUnique instance(dossiers.programme);
+  if (!instance.Premiere()) {
+    if (!instance.AppelerPremiere()) Annoncer(TexteDejaOuvert(dossiers.programme));
+    return 0;
+  }
+  PlateformeQt machine(dossiers);
   Monter(machine);
-  return QApplication::exec();
+  // Once the window stands: nobody calls before.
+  QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });
+  return Tourner(machine);
 }

@@ -37,11 +37,15 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
     : dossiers_(dossiers),
       images_({dossiers.programme, dossiers.partage}),
       port_(dossiers.programme),
+      suivi_(port_),
       miroir_(images_, [this](const std::string &rapport) {
         miroir_.Fermer();
         RapporterEtFinir(rapport);
       }) {
-  miroir_.ApresEvenement([this] { FinirAttentes(); });
+  miroir_.ApresEvenement([this] {
+    FinirAttentes();
+    suivi_.Suivre();
+  });
   // Once the windows stand: nobody waits for the icon.
   QTimer::singleShot(0, &vivante_, [this] {
     const QImage icone = images_.Cherchee("Brandis");
@@ -99,6 +103,16 @@ void PlateformeQt::MontrerModal(Fenetre &fenetre) {
 void PlateformeQt::FinirAttentes() {
   for (const Attente &a : attentes_)
     if (!a.fenetre->Visible || !a.fenetre->Chargee) a.boucle->quit();
+}
+
+void PlateformeQt::Ramener() {
+  if (icone_ && icone_->isVisible() && MessageIcone)
+    miroir_.Passer([this] { MessageIcone(kBoutonGaucheEnfonce); });
+  QWidget *cadre = miroir_.Principale();
+  if (!cadre) return;
+  if (cadre->isMinimized()) cadre->showNormal();
+  cadre->raise();
+  cadre->activateWindow();
 }
 
 void PlateformeQt::OuvrirAdresse(const std::string &adresse) {

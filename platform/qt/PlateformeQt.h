@@ -15,6 +15,7 @@
 #include "platform/qt/MagasinImages.h"
 #include "platform/qt/Miroir.h"
 #include "platform/qt/PortSerieQt.h"
+#include "platform/qt/SuiviSession.h"
 
 class PlateformeQt : public Plateforme {
  public:
@@ -23,6 +24,10 @@ class PlateformeQt : public Plateforme {
   Miroir &LeMiroir() { return miroir_; }
   // Receives the message number of a press on the notification icon.
   std::function<void(int message)> MessageIcone;
+  // Brings the main window before the others, out of the notification area or the task bar too.
+  void Ramener();
+  // The system bus holds up an orderly end of the process.
+  bool BusMuet() const { return suivi_.BusMuet(); }
 
   PortSerie &MSComm1() override { return port_; }
   void ShowOpen(DialogueFichier &dialogue) override;
@@ -57,6 +62,7 @@ class PlateformeQt : public Plateforme {
   std::unique_ptr<QSystemTrayIcon> icone_;
   QPointer<QScreen> ecran_;  // on which the window opened; its kept place is there
   bool terminee_ = false;
+  SuiviSession suivi_;
   Miroir miroir_;
   QObject vivante_;  // what is put off dies with the platform
 };

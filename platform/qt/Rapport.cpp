@@ -13,11 +13,17 @@ bool EcranOccupe() {
   const QString nom = QGuiApplication::platformName();
   return nom != u"offscreen" && nom != u"minimal" && !qEnvironmentVariableIsSet("CI");
 }
+
+void Dire(const std::string &texte, QMessageBox::Icon icone) {
+  std::fprintf(stderr, "%s\n", texte.c_str());
+  std::fflush(nullptr);
+  if (EcranOccupe()) QMessageBox(icone, QStringLiteral("Brandis"), Texte(texte)).exec();
+}
 }  // namespace
 
+void Annoncer(const std::string &texte) { Dire(texte, QMessageBox::Information); }
+
 void RapporterEtFinir(const std::string &rapport) {
-  std::fprintf(stderr, "%s\n", rapport.c_str());
-  std::fflush(nullptr);
-  if (EcranOccupe()) QMessageBox::critical(nullptr, QStringLiteral("Brandis"), Texte(rapport));
+  Dire(rapport, QMessageBox::Critical);
   std::_Exit(1);
 }

@@ -1,8 +1,10 @@
-// The end of the process after a failure that nobody caught.
+// What is told when no window of the system can tell it.
 #pragma once
 
 #include <string>
 
-// Tells the report on the error stream and, where somebody sits before a screen, in a window; then ends the
-// process with status 1.
+// Tells the text on the error stream and, where somebody sits before a screen, in a window.
+void Annoncer(const std::string &texte);
+
+// After a failure that nobody caught: tells the report, then ends the process with status 1.
 [[noreturn]] void RapporterEtFinir(const std::string &rapport);

@@ -1,0 +1,9 @@
+#include "platform/qt/SuiviSession.h"
+
+#include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/ModuleTissage.h"
+
+void SuiviSession::Suivre() {
+  catalogue_.Suivre(session.LangueFrancaise);
+  veille_.Empecher(fenetre.TissageEnCours && port_.PortOpen(), Selon("Tissage en cours", "Weaving"));
+}

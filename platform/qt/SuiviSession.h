@@ -1,0 +1,20 @@
+// What hangs on the state of the session and on no event of its own: the toolkit's words follow the language in
+// force, the machine stays awake while the loom is at work.
+#pragma once
+
+#include "loom/PortSerie.h"
+#include "platform/qt/Catalogue.h"
+#include "platform/qt/Veille.h"
+
+class SuiviSession {
+ public:
+  explicit SuiviSession(const PortSerie &port) : port_(port) {}
+  // After every event; reads LangueFrancaise, TissageEnCours and the port.
+  void Suivre();
+  bool BusMuet() const { return veille_.BusMuet(); }
+
+ private:
+  const PortSerie &port_;
+  Catalogue catalogue_;
+  Veille veille_;
+};

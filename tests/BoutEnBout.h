@@ -1,0 +1,183 @@
+// The program under its pilot and the simulated loom, as children of a test.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QProcess>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+
+namespace fs = std::filesystem;
+
+// A child that is told and tells lines: the program under its pilot, or the simulated loom. One that stays
+// silent for half a minute is taken for hung; nothing else depends on time.
+class Processus : public QProcess {
+ public:
+  explicit Processus(const QStringList &mots) {
+    setProcessChannelMode(ForwardedErrorChannel);
+    start(mots[0], mots.mid(1));
+  }
+  void Dire(const std::string &ligne) {
+    write((ligne + "\n").c_str());
+    waitForBytesWritten();
+  }
+  // The next line; empty when the child has ended or hangs.
+  std::string Ligne() {
+    while (!canReadLine())
+      if (!waitForReadyRead()) return "";
+    return readLine().chopped(1).toStdString();
+  }
+  // Lines up to one that begins so; that one is returned, empty when it never comes.
+  std::string LigneQuiCommence(const std::string &debut) {
+    for (;;) {
+      std::string ligne = Ligne();
+      if (ligne.empty() || ligne.rfind(debut, 0) == 0) return ligne;
+    }
+  }
+  bool FinitBien() {
+    return (state() == NotRunning || waitForFinished()) && exitStatus() == NormalExit && exitCode() == 0;
+  }
+};
+
+// Bits of harnesses premiere..premiere+7 of a plan line, the lowest the least significant.
+inline int Octet(const std::vector<int> &lames, int premiere) {
+  int octet = 0;
+  for (int lame : lames)
+    if (lame >= premiere && lame < premiere + 8) octet |= 1 << (lame - premiere);
+  return octet;
+}
+
+// The harnesses of these bytes as the loom lists them.
+inline std::string Liste(const std::vector<int> &octets) {
+  std::string liste;
+  for (std::size_t i = 0; i < 8 * octets.size(); ++i)
+    if (octets[i / 8] >> i % 8 & 1) liste += (liste.empty() ? "" : ",") + std::to_string(i + 1);
+  return liste.empty() ? "-" : liste;
+}
+
+// What the loom prints for a pick of these harnesses: a frame carries 8..1, 16..9 and 8..1 again.
+inline std::string Leve(const std::vector<int> &lames) {
+  const int a = Octet(lames, 1), b = Octet(lames, 9);
+  char trame[64];
+  std::snprintf(trame, sizeof trame, " 1B520D0A1B49%02X%02X%02X000D0A1B450D0A", a, b, a);
+  return Liste({a, b, a}) + trame;
+}
+
+class BoutEnBout : public ::testing::Test {
+ protected:
+  const QTemporaryDir temporaire;
+  const std::string dossier = temporaire.path().toStdString();
+  std::vector<std::vector<int>> lames;  // of pick n at [n - 1]
+  std::unique_ptr<Processus> metier, programme;
+
+  void SetUp() override {
+    fs::create_directory(dossier + "/Data");
+    fs::create_directory(dossier + "/Ports");
+    fs::create_directory_symlink(BRANDIS_PROGRAMME "/Images", dossier + "/Images");
+    fs::create_directory_symlink(BRANDIS_PROGRAMME "/Dessins Boutons", dossier + "/Dessins Boutons");
+    std::ofstream motif(dossier + "/Data/motif.wif");
+    motif << "[WIF]\r\nVersion=1.1\r\n[LIFTPLAN]\r\n";
+    for (int n = 1; n <= 12; ++n) {
+      lames.push_back({n, n + 5, 18 + n % 3});
+      motif << n << '=' << n << ',' << n + 5 << ',' << 18 + n % 3 << "\r\n";
+    }
+    motif << "[WEAVING]\r\n";
+  }
+  void TearDown() override {
+    if (programme) Quitter();
+    if (!metier) return;
+    metier->terminate();
+    EXPECT_TRUE(metier->FinitBien()) << "the loom has heard a fault";
+  }
+
+  void DemarrerMetier(const QStringList &options = {}) {
+    metier =
+        std::make_unique<Processus>(QStringList{BRANDIS_PROGRAMME "/metier-simule", "--journal", "--dossier",
+                                                temporaire.path(), "--baud", "0", "--cadence", "5"} +
+                                    options);
+    ASSERT_NE(metier->LigneQuiCommence("loom:"), "");
+  }
+  void DemarrerProgramme() {
+    programme = std::make_unique<Processus>(QStringList{BRANDIS_PILOTE, temporaire.path()});
+    ASSERT_NE(Etat(), "");
+    Faire("ecrire TxtVitessePortSerie 5");
+  }
+  void Tisser() {
+    DemarrerProgramme();
+    Configurer("Pattern");
+    Ouvrir();
+    Cliquer(10);
+  }
+  void Faire(const std::string &ordre) {
+    programme->Dire(ordre);
+    ASSERT_EQ(programme->Ligne(), "ok") << ordre;
+  }
+  void Cliquer(int bouton) { Faire("clic BoutonProgramme(" + std::to_string(bouton) + ")"); }
+  std::string Etat() {
+    programme->Dire("etat");
+    return programme->LigneQuiCommence("duite=");
+  }
+  // Asks again until the state says so; each question lets the program go on.
+  bool EtatDevient(const std::string &partie) {
+    for (int i = 0; i < 20000; ++i) {
+      const std::string etat = Etat();
+      if (etat.empty() || etat.find(partie) != std::string::npos) return !etat.empty();
+    }
+    return false;
+  }
+  void Configurer(const std::string &option) {
+    Cliquer(14);
+    Faire("choisir ComConfiguration(1) COM 1");
+    Faire("choisir ComConfiguration(5) " + option);
+    Cliquer(13);
+  }
+  void Ouvrir() {
+    Cliquer(1);
+    Faire("fichier " + dossier + "/Data/motif.wif");
+    ASSERT_TRUE(EtatDevient("boutons=11010000011"));  // Start and Stop stand
+  }
+  // The next shed: its harnesses and the bytes of its frame, without a release that was left from a stop.
+  std::string Shed() {
+    const std::string ligne = metier->LigneQuiCommence("shed ");
+    const auto place = ligne.find(' ', 5), octets = ligne.rfind(' ');
+    if (place == std::string::npos) return "";
+    const auto debut = std::max(octets + 1, ligne.size() - std::min<std::size_t>(ligne.size(), 32));
+    return ligne.substr(place + 1, octets - place) + ligne.substr(debut);
+  }
+  std::string Attendu(int duite) const { return Leve(lames[static_cast<std::size_t>((duite - 1) % 12)]); }
+  // Weaves `picks` picks of an option, saves in the middle of it and leaves; the next program resumes. A
+  // first Resume makes the slot that Save writes over.
+  void TisserPuisReprendre(const std::string &option, const std::vector<std::string> &picks) {
+    DemarrerMetier({"--entree"});
+    DemarrerProgramme();
+    Cliquer(3);
+    Configurer("Pattern");
+    Ouvrir();
+    if (option != "Pattern") Configurer(option);
+    Cliquer(10);
+    SuiteEst(picks);
+    ASSERT_NE(Shed(), "");  // one more pick stands on the loom
+    Cliquer(2);
+    Faire("clic EnteteRemarque");
+    ASSERT_TRUE(EtatDevient("ouvert=0 boutons=1101"));
+    Quitter();
+    DemarrerProgramme();
+    Cliquer(3);
+    ASSERT_TRUE(EtatDevient("boutons=11010000011"));
+    Cliquer(10);
+  }
+  void SuiteEst(const std::vector<std::string> &picks) {
+    for (const std::string &pick : picks) {
+      ASSERT_EQ(Shed(), pick);
+      metier->Dire("");
+    }
+  }
+  void Quitter() {
+    Cliquer(0);
+    EXPECT_TRUE(programme->FinitBien());
+    programme.reset();
+  }
+};
