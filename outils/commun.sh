@@ -1,7 +1,8 @@
 # What ./run and ./check share: the machine made ready, and the build. Sourced from the root of the tree.
 
 PAQUETS="cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgtest-dev libbenchmark-dev fonts-liberation
-  qt6-translations-l10n dbus-daemon python3-dbusmock"
+  qt6-translations-l10n dbus-daemon python3-dbusmock
+  nlohmann-json3-dev"
 PAQUETS_ECRAN_VIRTUEL="xvfb xdotool imagemagick"
 
 # Installs the Debian packages of the list that are missing, and says so.

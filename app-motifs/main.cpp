@@ -1,0 +1,31 @@
+// The program for patterns: a command line where a verb is given, else a window.
+#include <filesystem>
+#include <iostream>
+
+#include "app-motifs/Dessinateur.h"
+#include "app-motifs/Verbes.h"
+
+namespace {
+int Lancer(const std::vector<std::string> &mots, Langue langue) {
+  const std::string dossier = std::filesystem::read_symlink("/proc/self/exe").parent_path();
+  const Demande demande = ComprendreDemande(mots);
+  if (demande.verbe == Verbe::Fenetre) return OuvrirFenetre(dossier, langue, demande.fichiers);
+  const int etat = Executer(demande, langue, dossier, std::cout, std::cerr);
+  std::cout.flush();
+  return std::cout ? etat : 2;
+}
+}  // namespace
+
+int main(int nombre, char **mots) {
+  const Langue langue = LangueDuBureau();
+  try {
+    return Lancer({mots + 1, mots + nombre}, langue);
+  } catch (const Refus &r) {
+    std::cerr << r.En(langue) << "\n";
+  } catch (const MauvaiseDemande &d) {
+    std::cerr << "brandis-motifs: " << d.texte.En(langue) << "\n";
+  } catch (const std::exception &e) {
+    std::cerr << "brandis-motifs: " << e.what() << "\n";
+  }
+  return 2;
+}
