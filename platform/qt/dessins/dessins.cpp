@@ -4,6 +4,7 @@
 //   dessins-outil <assets>              remakes every raster and the manifest
 //   dessins-outil <assets> <name>...    remakes the rasters of these names only, for a look at them
 //   dessins-outil <assets> --verifier   writes nothing; fails when a source or a raster has drifted
+//   dessins-outil --icone <source> <pixels> <raster>    one source in another size
 #include <QCryptographicHash>
 #include <QDir>
 #include <QFile>
@@ -218,6 +219,17 @@ void Verifier(const QDir &assets, const QStringList &noms) {
       if (!images.contains(dossier + fichier)) Echouer(dossier + fichier, "has no source");
 }
 
+void FaireIcone(const QStringList &arguments) {
+  if (arguments.size() != 4) Echouer("--icone", "<source> <pixels> <raster>");
+  QSvgRenderer source(arguments[1]);
+  const int cote = arguments[2].toInt();
+  QImage icone(cote, cote, QImage::Format_ARGB32);
+  icone.fill(Qt::transparent);
+  QPainter peintre(&icone);
+  source.render(&peintre);
+  peintre.end();
+  if (!source.isValid() || !icone.save(arguments[3])) Echouer(arguments[3], "cannot be drawn");
+}
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -228,6 +240,7 @@ int main(int argc, char **argv) {
   const auto journal = qInstallMessageHandler(
       [](QtMsgType, const QMessageLogContext &, const QString &texte) { AvertissementQt = texte; });
   try {
+    if (arguments[0] == "--icone") return FaireIcone(arguments), 0;
     const QDir assets(arguments.takeFirst());
     QStringList noms;
     for (const QString &fichier : QDir(assets.filePath("sources")).entryList({"*.svg"}, QDir::Files))
