@@ -3,9 +3,10 @@
 #include "base/TexteNumerique.h"
 #include "kit/Palette.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/Commandes.h"
 
 namespace {
-constexpr int kHauteurNormale = 435, kHauteurSurvol = 515;  // twips
+constexpr int kHauteurSurvol = kHauteurBouton + kGonflement;  // twips
 
 // From the bottom right corner of an inner size of l x h pixels.
 void PeindreVoyant(Surface &face, int l, int h, Couleur couleur) {
@@ -22,36 +23,35 @@ void ChangerVoyant(Entier index, bool etat) {
   fenetre.VoyantAllume = etat;
   BoitePicture &bouton = fenetre.BoutonProgramme[index];
   const Entier hauteur = Arrondir(bouton.Height);
-  if (hauteur != kHauteurNormale && hauteur != kHauteurSurvol) return;
+  if (hauteur != kHauteurBouton && hauteur != kHauteurSurvol) return;
   fenetre.Voyants[index] = etat;
-  // A hovered button has grown by five pixels; its lamp stays where it was.
-  const int gonflement = hauteur == kHauteurSurvol && session.SurvolActif ? 5 : 0;
+  // The lamp of a hovered button stays where it was.
+  const int gonflement = hauteur == kHauteurSurvol && session.SurvolActif ? kGonflement / kTwipsParPixel : 0;
   PeindreVoyant(bouton.Dessin, bouton.Dessin.Largeur() - gonflement, bouton.Dessin.Hauteur() - gonflement,
                 etat ? kVoyantVert : kVoyantRouge);
 }
 
 void EteindreVoyantsMode() {
-  ChangerVoyant(4, false);
-  ChangerVoyant(5, false);
-  ChangerVoyant(17, false);
+  for (int mode : {Commande::TisserToile, Commande::TisserPatron, Commande::TisserPatronEtToile})
+    ChangerVoyant(mode, false);
 }
 
 void VoyantsArretA() {
-  ChangerVoyant(9, true);
-  ChangerVoyant(10, false);
+  ChangerVoyant(Commande::Arreter, true);
+  ChangerVoyant(Commande::Demarrer, false);
 }
 
 void VoyantsArretB() {
-  ChangerVoyant(10, false);
-  ChangerVoyant(9, true);
+  ChangerVoyant(Commande::Demarrer, false);
+  ChangerVoyant(Commande::Arreter, true);
 }
 
 void VoyantsDepart() {
-  ChangerVoyant(10, true);
-  ChangerVoyant(9, false);
+  ChangerVoyant(Commande::Demarrer, true);
+  ChangerVoyant(Commande::Arreter, false);
 }
 
 void VoyantsArretC() {
-  ChangerVoyant(9, false);
-  ChangerVoyant(10, true);
+  ChangerVoyant(Commande::Arreter, false);
+  ChangerVoyant(Commande::Demarrer, true);
 }

@@ -7,7 +7,7 @@
 constexpr Couleur kVoyantVert = Rgb(10, 239, 123);
 constexpr Couleur kVoyantRouge = Rgb(250, 3, 3);
 
-// Sets and paints the lamp of one button, 0..21. A button that is neither 435 nor 515 twips high gets no
+// Sets and paints the lamp of one button, 0..21. A button that is neither at rest nor hovered in its height gets no
 // lamp. Fails with 9 on another index.
 void ChangerVoyant(Entier index, bool etat);
 

@@ -4,7 +4,7 @@
 #include "base/TexteNumerique.h"
 #include "kit/FondFenetre.h"
 #include "kit/Palette.h"
-#include "weaving/ModuleTissage.h"
+#include "weaving/Commandes.h"
 
 namespace {
 constexpr int kCoin = 8;
@@ -55,8 +55,6 @@ void PeindreFace(Surface &cible, const Face &face) {
     }
   cible.ScaleMode = gardee;
 }
-
-constexpr int kGonflement = 80;  // twips
 
 void Gonfler(BoitePicture &bouton, int fond) {
   session.LargeurBoutonSurvole = Arrondir(bouton.Width);

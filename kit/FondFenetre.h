@@ -63,7 +63,7 @@ void PeindreDegrade();
 // Raised button faces. The whole surface is painted anew.
 void PeindreFaceClaire(Surface &cible);
 void PeindreFaceFoncee(Surface &cible);
-// The hovered button: keeps its size in the session, adds 80 twips to its width and height and paints around
+// The hovered button: keeps its size in the session, adds kGonflement to its width and height and paints around
 // the face that stands.
 void PeindreSurvolCarre(BoitePicture &bouton);
 void PeindreSurvolRond(BoitePicture &bouton);

@@ -9,6 +9,7 @@
 #include "loom/TramesDuite.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "pattern/ConversionsBases.h"
+#include "weaving/Commandes.h"
 
 namespace {
 constexpr int kPeriodeTest = 1000;  // milliseconds
@@ -54,7 +55,7 @@ void EnvoyerMot16(const char *mot) {
 
 void CheckSelenoide_Click() {
   try {
-    ChangerVoyant(21, false);
+    ChangerVoyant(Commande::FinirTest, false);
     Tranches t;
     for (int i = 1; i <= kDerniereLame; ++i)
       if (fenetre.CheckSelenoide[i].Value) t.Lever(i);
@@ -75,7 +76,7 @@ void TestLames24() {
 
 void TestMetier16() {
   try {
-    ChangerVoyant(21, false);
+    ChangerVoyant(Commande::FinirTest, false);
     if (session.NombreLames == 16) EnvoyerMot16("TEST\r");
   } catch (const ErreurExecution &e) {
     AfficherErreurNumerotee(e);
@@ -97,8 +98,8 @@ void DebuterTest() {
     fenetre.LameTest = 1;
     TestLames24();
   }
-  ChangerVoyant(20, true);
-  ChangerVoyant(21, false);
+  ChangerVoyant(Commande::DebuterTest, true);
+  ChangerVoyant(Commande::FinirTest, false);
 }
 
 void ArreterTest() {
@@ -107,8 +108,8 @@ void ArreterTest() {
   fenetre.Timer1.Interval(0);
   fenetre.Timer3.Interval(0);
   fenetre.Timer2.Interval(0);
-  ChangerVoyant(20, false);
-  ChangerVoyant(21, true);
+  ChangerVoyant(Commande::DebuterTest, false);
+  ChangerVoyant(Commande::FinirTest, true);
   if (session.NombreLames == 16) EnvoyerMot16("RELEASE\r");
   if (session.NombreLames == 24 && MSComm1().PortOpen()) MSComm1().Output(kLiberer24);
   plateforme().DoEvents();

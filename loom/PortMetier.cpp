@@ -3,6 +3,7 @@
 #include "base/TexteNumerique.h"
 #include "kit/FenetreMessageCourt.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/Commandes.h"
 
 namespace {
 // An open port is no failure of opening; every other failure ends the procedure.
@@ -56,7 +57,7 @@ void OuvrirPort() {
     session.Etat = EtatEtape::Echec;
     AfficherErreurNumerotee(e);
     // The weaver must be able to reach the choice of the port.
-    if (e.Number() == Erreur::PortInutilisable) fenetre.BoutonProgramme[14].Visible = true;
+    if (e.Number() == Erreur::PortInutilisable) fenetre.BoutonProgramme[Commande::Configurer].Visible = true;
   }
 }
 

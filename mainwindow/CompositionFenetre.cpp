@@ -17,6 +17,7 @@
 #include "mainwindow/PanneauConfiguration.h"
 #include "mainwindow/PanneauDiagnostic.h"
 #include "saved/FichierConfiguration.h"
+#include "weaving/Commandes.h"
 #include "weaving/PlansTissage.h"
 #include "weaving/SequenceurDuites.h"
 
@@ -94,21 +95,23 @@ void Aligner(std::initializer_list<int> boutons, double gauche, double haut, dou
 }
 
 void PlacerBoutons() {
+  using namespace Commande;
   auto &b = fenetre.BoutonProgramme;
   const double droite = fenetre.Picture2.Width;
-  b[0].Top = 300;
-  b[0].Left = droite - b[0].Width - 1400;
-  b[6].Top = 6450;
-  b[7].Top = 7200;
-  b[6].Left = b[7].Left = droite - b[0].Width - 1750;
-  Aligner({10, 9, 17, 5, 4, 8}, 350, 7950, 325);
-  Aligner({1, 3, 14, 16, 18}, 1740, 8625, 250);
-  b[13].Top = b[15].Top = 300;
-  b[13].Left = fenetre.FenetreConfiguration.Width - b[13].Width - 300;
-  b[15].Left = b[13].Left - 250 - b[13].Width;
+  BoitePicture &quitter = b[Quitter], &sortir = b[SortirConfiguration], &annuler = b[AnnulerConfiguration];
+  quitter.Top = 300;
+  quitter.Left = droite - quitter.Width - 1400;
+  b[Avancer].Top = 6450;
+  b[Inverser].Top = 7200;
+  b[Avancer].Left = b[Inverser].Left = droite - quitter.Width - 1750;
+  Aligner({Demarrer, Arreter, TisserPatronEtToile, TisserPatron, TisserToile, ChoisirDuite}, 350, 7950, 325);
+  Aligner({OuvrirMotif, Reprendre, Configurer, Rafraichir, Diagnostiquer}, 1740, 8625, 250);
+  sortir.Top = annuler.Top = 300;
+  sortir.Left = fenetre.FenetreConfiguration.Width - sortir.Width - 300;
+  annuler.Left = sortir.Left - 250 - sortir.Width;
   // Save follows a button of the panel, and so stands where Resume stood.
-  b[2].Top = b[1].Top;
-  b[2].Left = Droite(b[15]) + 250;
+  b[Enregistrer].Top = b[OuvrirMotif].Top;
+  b[Enregistrer].Left = Droite(annuler) + 250;
 }
 
 void PlacerLogo() {
@@ -129,7 +132,7 @@ void PreparerTrame() {
 // What assistive tools say of each command is what the status line says.
 void NommerCommandes() {
   auto nommer = [](Controle &c, int source) { c.NomAccessible = TexteDe(source).statut; };
-  for (int i = 0; i <= 21; ++i) nommer(fenetre.BoutonProgramme[i], i);
+  for (int i = 0; i < Commande::Nombre; ++i) nommer(fenetre.BoutonProgramme[i], i);
   nommer(fenetre.BoutonAide, SourceBulle::BoutonAide);
   nommer(fenetre.Drapeau[1], SourceBulle::DrapeauFrancais);
   nommer(fenetre.Drapeau[2], SourceBulle::DrapeauAnglais);
@@ -180,7 +183,7 @@ void Form_Load() {
   CacherBoutonsTissage();
   AfficherDuites(session.DuiteCourante);
   AppliquerAuDepart();
-  fenetre.BoutonProgramme[2].Visible = false;
+  fenetre.BoutonProgramme[Commande::Enregistrer].Visible = false;
   fenetre.LblNombreLigne.Top = fenetre.LblDate.Top;
   fenetre.LblNombreLigne.Left = Droite(fenetre.LblDate) + 10;
   CacherDepartArret();
@@ -196,12 +199,7 @@ void AppliquerFormeFenetre() {
 
 void DessinerBoutons() {
   CalculerCheminApplication();
-  for (int i = 0; i <= 17; ++i) {
-    const bool mode = (i == 5 && session.OptionTissage == Option::Patron) ||
-                      (i == 4 && session.OptionTissage == Option::Toile) ||
-                      (i == 17 && session.OptionTissage == Option::PatronEtToile);
-    DessinerBouton(i, mode || (i == 10 && fenetre.TissageEnCours) || (i == 11 && session.BullesActives));
-  }
+  for (int i = 0; i < Commande::Diagnostiquer; ++i) DessinerBouton(i);
   BasculerInversion();
   DessinerConfiguration();
   DessinerDiagnostic();

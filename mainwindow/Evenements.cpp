@@ -9,13 +9,14 @@
 #include "mainwindow/EvenementsSurvol.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "mainwindow/PanneauConfiguration.h"
+#include "weaving/Commandes.h"
 #include "weaving/CommandesProgramme.h"
 #include "weaving/EcouteMetier.h"
 #include "weaving/SequenceurDuites.h"
 
 namespace {
 void LierBoutons() {
-  for (int i = 0; i <= 21; ++i) {
+  for (int i = 0; i < Commande::Nombre; ++i) {
     BoitePicture &b = fenetre.BoutonProgramme[i];
     b.Click = [i] { BoutonProgramme_Click(i); };
     b.MouseDown = [i](int, double, double) { BoutonProgramme_MouseDown(i); };
@@ -41,9 +42,9 @@ void LierChamps() {
 void Form_KeyDown(int touche) {
   if (touche != Touche::Echappement) return;
   if (fenetre.FenetreConfiguration.Visible)
-    BoutonProgramme_Click(15);
+    BoutonProgramme_Click(Commande::AnnulerConfiguration);
   else if (fenetre.PicNor.Visible)
-    BoutonProgramme_Click(19);
+    BoutonProgramme_Click(Commande::QuitterDiagnostic);
 }
 
 void LierFenetre() {

@@ -12,6 +12,7 @@
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "mainwindow/JeuxBoutons.h"
 #include "pattern/LecteurLiftplan.h"
+#include "weaving/Commandes.h"
 
 namespace {
 constexpr int kMinimisee = 1, kMaximisee = 2;
@@ -61,7 +62,7 @@ void BarreDeplacement_MouseMove(int, double x, double y) {
     fenetre.FenetreHaut0 = static_cast<float>(fenetre.Top);
   }
   if (AccepterSurvol()) return AfficherBulleBarre();
-  fenetre.BoutonProgramme[11].Visible = false;
+  fenetre.BoutonProgramme[Commande::BasculerBulles].Visible = false;
   fenetre.PicTVCentre.Visible = true;
 }
 
@@ -74,20 +75,20 @@ void BarreDeplacement_MouseUp(int bouton, double, double) {
 void PicTVCentre_Click() {
   CentrerFenetreEcran(fenetre);
   plateforme().Rafraichir();
-  fenetre.BoutonProgramme[11].Visible = true;
+  fenetre.BoutonProgramme[Commande::BasculerBulles].Visible = true;
   fenetre.PicTVCentre.Visible = false;
 }
 
 void BoutonAide_Click() {
   FermerBulles();  // the skin is to be bare
-  fenetre.BoutonProgramme[0].Visible = false;
-  const bool tissage = fenetre.BoutonProgramme[4].Visible;
+  fenetre.BoutonProgramme[Commande::Quitter].Visible = false;
+  const bool tissage = fenetre.BoutonProgramme[Commande::TisserToile].Visible;
   if (tissage) CacherBoutonsTissage();
   CacherCommandesPrincipales();
   VoirTrame(false);
   AfficherAPropos();
   if (tissage) MontrerBoutonsTissage();
-  fenetre.BoutonProgramme[0].Visible = true;
+  fenetre.BoutonProgramme[Commande::Quitter].Visible = true;
   MontrerCommandesPrincipales();
   VoirTrame(true);
 }

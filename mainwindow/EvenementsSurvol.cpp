@@ -4,27 +4,10 @@
 #include "kit/FondFenetre.h"
 #include "mainwindow/CompositionFenetre.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/Commandes.h"
 #include "weaving/CommandesProgramme.h"
 
 namespace {
-constexpr int kBoutonBulles = 11;
-
-bool EstRond(int index) {
-  switch (index) {
-    case 1:
-    case 2:
-    case 3:
-    case 11:
-    case 12:
-    case 14:
-    case 16:
-    case 18:
-      return true;
-    default:
-      return false;
-  }
-}
-
 void FinirSurvol() {
   fenetre.BarreDeplacement.Picture = "BITMAP101";
   FermerBulles();
@@ -37,7 +20,7 @@ void FinirSurvol() {
 bool AccepterSurvol() {
   if (EstAPlaceInitiale()) return true;
   FermerBulles();
-  if (session.BullesActives) BoutonProgramme_Click(kBoutonBulles);
+  if (session.BullesActives) BoutonProgramme_Click(Commande::BasculerBulles);
   return false;
 }
 
@@ -45,7 +28,7 @@ void BoutonProgramme_MouseMove(Entier index) {
   if (session.SurvolActif || !AccepterSurvol()) return;
   session.SurvolActif = true;
   session.BoutonSurvole = index;
-  if (EstRond(index))
+  if (Fiche(index).face == Face::Foncee)
     PeindreSurvolRond(fenetre.BoutonProgramme[index]);
   else
     PeindreSurvolCarre(fenetre.BoutonProgramme[index]);

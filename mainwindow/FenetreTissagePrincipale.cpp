@@ -1,15 +1,12 @@
 #include "mainwindow/FenetreTissagePrincipale.h"
 
 #include "kit/Palette.h"
+#include "weaving/Commandes.h"
 
 FenetreTissagePrincipale fenetre;
 
 namespace {
 const Police kGras{"Arial", 8.25, true, false};
-
-// Widths of the buttons in twips, by index: every caption and picture fits in both languages.
-constexpr int kLargeurs[22] = {1245, 1290, 1590, 1380, 1320, 1320, 1245, 1245, 1710, 1320, 1320,
-                               555,  555,  1245, 1830, 1245, 1380, 1320, 1590, 1275, 1575, 1995};
 
 void PlacerSurface(FenetreTissagePrincipale &f) {
   Placer(f.Picture2, 0, 0, 12120, 9570);
@@ -29,9 +26,10 @@ void PlacerSurface(FenetreTissagePrincipale &f) {
   Placer(f.txtTerm, 10935, 7800, 5790, 2115);
   Placer(f.Text1, 2280, 1890, 7320, 885);
   Placer(f.TxtVitessePortSerie, 450, 5415, 480, 330);
-  for (int i = 0; i <= 21; ++i) Placer(f.BoutonProgramme[i], 0, 0, kLargeurs[i], 435);
-  Placer(f.BoutonProgramme[11], 10905, 1830, kLargeurs[11], 435);
-  Placer(f.BoutonProgramme[12], 10905, 2400, kLargeurs[12], 435);
+  for (int i = 0; i < Commande::Nombre; ++i) {
+    const FicheCommande &c = Fiche(i);
+    Placer(f.BoutonProgramme[i], c.gauche, c.haut, c.largeur, kHauteurBouton);
+  }
 }
 
 void PlacerTrame(FenetreTissagePrincipale &f) {
@@ -74,9 +72,6 @@ void PlacerPanneaux(FenetreTissagePrincipale &f) {
   Placer(f.LblNomTest, 2550, 720, 1695, 225);
   for (int i = 1; i <= 24; ++i)
     Placer(f.CheckSelenoide[i], 210 + 240 * (i - 1) - (i >= 9 ? 15 : 0), 195, 210, 210);
-  Placer(f.BoutonProgramme[19], 5355, 480, 1275, 435);
-  Placer(f.BoutonProgramme[20], 585, 2190, 1575, 435);
-  Placer(f.BoutonProgramme[21], 2535, 2190, 1995, 435);
 }
 
 void Vetir(FenetreTissagePrincipale &f) {
@@ -147,10 +142,18 @@ void FenetreTissagePrincipale::Visiter(Visiteur &v) {
   v.Voir("Indicateur24", Indicateur24, PicPourControle2);
   voirTable("CheckSelenoide", CheckSelenoide, PicPourControle2, 1);
   v.Voir("LblNomTest", LblNomTest, PicNor);
-  // Save lies above Resume, whose place it takes.
-  for (int i : {0, 1, 3, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20, 21}) {
-    Controle &parent = i == 13 || i == 15 ? FenetreConfiguration : i >= 19 ? PicNor : Picture2;
+  const auto voirBouton = [&](int i) {
+    const JeuBoutons jeu = Fiche(i).jeu;
+    Controle &parent = jeu == JeuBoutons::Configuration ? FenetreConfiguration
+                       : jeu == JeuBoutons::Diagnostic  ? PicNor
+                                                        : Picture2;
     v.Voir("BoutonProgramme(" + std::to_string(i) + ")", BoutonProgramme[i], parent);
+  };
+  for (int i = 0; i < Commande::Nombre; ++i) {
+    if (i == Commande::Enregistrer) continue;
+    voirBouton(i);
+    if (i == Commande::Reprendre)
+      voirBouton(Commande::Enregistrer);  // Save lies above it, whose place it takes
   }
   v.Voir("PicTVCentre", PicTVCentre, Picture2);
   v.Voir("Text1", Text1, Picture2);

@@ -32,7 +32,7 @@ struct FenetreTissagePrincipale : Fenetre {
   BoitePicture Picture2;
   Image BarreDeplacement, LogoNor, BoutonAide, ImageMetier;
   BoitePicture PicTVCentre, UnInstant, Picture3;
-  Table<BoitePicture, 21> BoutonProgramme;  // 13 and 15 in FenetreConfiguration, 19 to 21 in PicNor
+  Table<BoitePicture, 21> BoutonProgramme;  // weaving/Commandes.h tells what each is and where it stands
   Table<Image, 2> Drapeau;                  // language flags 1 French, 2 English
   Forme ShDrapeau;
   Etiquette Label1, Label2, Remarque, LblCheminWif, LblDate, LblNombreLigne;

@@ -1,12 +1,12 @@
 #include "mainwindow/JeuxBoutons.h"
 
-#include <initializer_list>
-
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/Commandes.h"
 
 namespace {
-void Voir(std::initializer_list<int> boutons, bool visibles) {
-  for (int i : boutons) fenetre.BoutonProgramme[i].Visible = visibles;
+void Voir(JeuBoutons jeu, bool visibles) {
+  for (int i = 0; i < Commande::Nombre; ++i)
+    if (Fiche(i).jeu == jeu) fenetre.BoutonProgramme[i].Visible = visibles;
 }
 
 void VoirDrapeaux(bool visibles) {
@@ -15,25 +15,26 @@ void VoirDrapeaux(bool visibles) {
 }  // namespace
 
 void CacherBoutonsTissage() {
-  Voir({4, 5, 17, 6, 7, 8}, false);
-  Voir({16}, true);
+  Voir(JeuBoutons::Tissage, false);
+  fenetre.BoutonProgramme[Commande::Rafraichir].Visible = true;
 }
 
 void MontrerBoutonsTissage() {
-  Voir({16}, false);
-  Voir({4, 5, 17, 6, 7, 8}, true);
+  fenetre.BoutonProgramme[Commande::Rafraichir].Visible = false;
+  Voir(JeuBoutons::Tissage, true);
 }
 
-void MontrerDepartArret() { Voir({9, 10}, true); }
-void CacherDepartArret() { Voir({9, 10}, false); }
+void MontrerDepartArret() { Voir(JeuBoutons::DepartArret, true); }
+void CacherDepartArret() { Voir(JeuBoutons::DepartArret, false); }
 
 void CacherCommandesPrincipales() {
-  Voir({0, 1, 2, 3, 9, 10, 14, 18, 16}, false);
+  for (JeuBoutons jeu : {JeuBoutons::Principal, JeuBoutons::Projet, JeuBoutons::DepartArret})
+    Voir(jeu, false);
   VoirDrapeaux(false);
 }
 
 void MontrerCommandesPrincipales() {
-  Voir({0, 1, 3, 14, 18, 16}, true);
+  Voir(JeuBoutons::Principal, true);
   VoirDrapeaux(true);
   if (fenetre.PatronCharge) MontrerDepartArret();
 }

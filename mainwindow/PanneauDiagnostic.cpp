@@ -4,6 +4,7 @@
 #include "kit/ProcedureConnexe.h"
 #include "mainwindow/FacesCommandes.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/Commandes.h"
 
 namespace {
 void AdapterBande(bool boites17a24, int largeur, const char *indicateur) {
@@ -19,7 +20,7 @@ void AdapterBande(bool boites17a24, int largeur, const char *indicateur) {
 }  // namespace
 
 void DessinerDiagnostic() {
-  for (int i = 18; i <= 21; ++i) DessinerBouton(i, false);
+  for (int i = Commande::Diagnostiquer; i <= Commande::FinirTest; ++i) DessinerBouton(i);
   PreparerSurface(fenetre.PicNor);
   // The frame is painted twice.
   for (int passe = 0; passe < 2; ++passe)

@@ -17,6 +17,7 @@
 #include "mainwindow/TexteDate.h"
 #include "pattern/LecteurLiftplan.h"
 #include "saved/FichierConfiguration.h"
+#include "weaving/Commandes.h"
 #include "weaving/PlansTissage.h"
 
 namespace {
@@ -35,8 +36,8 @@ std::vector<Champ> LigneResume(Entier n) {
 void MontrerProjetRepris() {
   session.Etat = EtatEtape::Echec;
   fenetre.PatronCharge = true;
-  ChangerVoyant(9, true);
-  ChangerVoyant(10, false);
+  ChangerVoyant(Commande::Arreter, true);
+  ChangerVoyant(Commande::Demarrer, false);
   MontrerDepartArret();
   AfficherDuites(session.DuiteCourante);
   CacherBitsEnvoi();
@@ -144,7 +145,7 @@ void DetruireFichier(const std::string &chemin, std::string &message, Entier &re
 }
 
 void EnregistrerProjet() {
-  ChangerVoyant(2, true);
+  ChangerVoyant(Commande::Enregistrer, true);
   fenetre.TissageEnCours = false;
   CacherBitsEnvoi();
   session.DateProjet = plateforme().Aujourdhui();
@@ -153,8 +154,9 @@ void EnregistrerProjet() {
   if (session.Etat != EtatEtape::Reussi) return;
   ConfirmerSauvegarde();
   session.Etat = EtatEtape::Echec;
-  for (int i : {1, 3, 14, 18}) fenetre.BoutonProgramme[i].Visible = true;
-  fenetre.BoutonProgramme[2].Visible = false;
+  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer, Commande::Diagnostiquer})
+    fenetre.BoutonProgramme[i].Visible = true;
+  fenetre.BoutonProgramme[Commande::Enregistrer].Visible = false;
   FermerPort();
   if (session.Etat != EtatEtape::Reussi) return;
   session.Etat = EtatEtape::Echec;
@@ -165,12 +167,12 @@ void EnregistrerProjet() {
 
 void ReprendreProjet() {
   fenetre.UnInstant.Visible = true;
-  ChangerVoyant(3, false);
+  ChangerVoyant(Commande::Reprendre, false);
   plateforme().Rafraichir();
   InitialiserPatron();
   if (!LireReprise(1)) {
     fenetre.UnInstant.Visible = false;
-    ChangerVoyant(3, false);
+    ChangerVoyant(Commande::Reprendre, false);
     return;
   }
   RelireFichierWif();
@@ -179,5 +181,5 @@ void ReprendreProjet() {
   AppliquerConfiguration();
   LireLiaisons();
   if (session.Etat == EtatEtape::Reussi) MontrerProjetRepris();
-  ChangerVoyant(3, false);
+  ChangerVoyant(Commande::Reprendre, false);
 }

@@ -15,6 +15,7 @@
 #include "pattern/LecteurLiftplan.h"
 #include "saved/FichierConfiguration.h"
 #include "saved/RepriseProjet.h"
+#include "weaving/Commandes.h"
 #include "weaving/EcouteMetier.h"
 #include "weaving/PlansTissage.h"
 #include "weaving/SequenceurDuites.h"
@@ -44,9 +45,9 @@ void AppliquerMode() {
   RedessinerSelonDirection();
 }
 
-void AllumerMode(int voyant, int option) {
+void AllumerMode(Commande::Index mode) {
   EteindreVoyantsMode();
-  if (session.OptionTissage == option) ChangerVoyant(voyant, true);
+  if (session.OptionTissage == Fiche(mode).option) ChangerVoyant(mode, true);
 }
 
 void Quitter() {
@@ -59,14 +60,14 @@ void Quitter() {
 void Ouvrir() {
   MontrerUnInstant();
   InitialiserPatron();
-  ChangerVoyant(1, true);
+  ChangerVoyant(Commande::OuvrirMotif, true);
   OuvrirFichierWif();
   if (session.Etat != EtatEtape::Echec) {
     LireLiaisons();
     CacherBitsEnvoi();
   }
   if (session.Etat == EtatEtape::Echec) {
-    ChangerVoyant(1, false);
+    ChangerVoyant(Commande::OuvrirMotif, false);
     CacherUnInstant();
     return;
   }
@@ -80,7 +81,7 @@ void Ouvrir() {
   AfficherDuites(session.DuiteCourante);
   MontrerDepartArret();
   CacherUnInstant();
-  ChangerVoyant(1, false);
+  ChangerVoyant(Commande::OuvrirMotif, false);
 }
 
 void PasserEnToile() {
@@ -89,7 +90,7 @@ void PasserEnToile() {
   session.OptionTissage = Option::Toile;
   AppliquerMode();
   CacherUnInstant();
-  AllumerMode(4, Option::Toile);
+  AllumerMode(Commande::TisserToile);
 }
 
 void PasserEnPatronEtToile() {
@@ -99,7 +100,7 @@ void PasserEnPatronEtToile() {
   session.OptionTissage = Option::PatronEtToile;
   AppliquerMode();
   CacherUnInstant();
-  AllumerMode(17, Option::PatronEtToile);
+  AllumerMode(Commande::TisserPatronEtToile);
 }
 
 void PasserEnPatron() {
@@ -108,7 +109,7 @@ void PasserEnPatron() {
   session.DuiteCourante = fenetre.DuiteAvantToile + 1;
   if (session.DuiteCourante == 0) session.DuiteCourante = 1;
   AppliquerMode();
-  AllumerMode(5, Option::Patron);
+  AllumerMode(Commande::TisserPatron);
   CacherUnInstant();
 }
 
@@ -123,7 +124,7 @@ void InverserDirection() {
 }
 
 void DemanderDuite() {
-  const BoitePicture &bouton = fenetre.BoutonProgramme[8];
+  const BoitePicture &bouton = fenetre.BoutonProgramme[Commande::ChoisirDuite];
   BoitePicture &fond = fenetre.FondEntreDuite;
   PreparerSurface(fond);
   PeindreFondPanneauTitre(fond.Dessin, "Duite #: ", Palette::Lin);
@@ -131,7 +132,7 @@ void DemanderDuite() {
   fond.Left = bouton.Left;
   fond.Top = bouton.Top + bouton.Height + 120;
   fond.Visible = true;
-  ChangerVoyant(8, true);
+  ChangerVoyant(Commande::ChoisirDuite, true);
   plateforme().DonnerFocus(fenetre.TxtDuite);
 }
 
@@ -147,24 +148,25 @@ void Arreter() {
   CacherBitsEnvoi();
   ArreterEcouteMetier();
   session.Etat = EtatEtape::Echec;
-  ChangerVoyant(9, true);
-  ChangerVoyant(10, false);
+  ChangerVoyant(Commande::Arreter, true);
+  ChangerVoyant(Commande::Demarrer, false);
   if (ferme) CacherBoutonsTissage();
-  Voir(14, true);
-  Voir(18, true);
-  if (!fenetre.BoutonProgramme[1].Visible) Voir(2, true);
+  Voir(Commande::Configurer, true);
+  Voir(Commande::Diagnostiquer, true);
+  if (!fenetre.BoutonProgramme[Commande::OuvrirMotif].Visible) Voir(Commande::Enregistrer, true);
 }
 
 void Demarrer() {
   fenetre.TissageEnCours = true;
-  Voir(2, false);
+  Voir(Commande::Enregistrer, false);
   if (!fenetre.PatronCharge) return;
-  for (int i : {1, 3, 14, 18}) Voir(i, false);
+  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer, Commande::Diagnostiquer})
+    Voir(i, false);
   OuvrirPort();
   if (session.Etat == EtatEtape::Reussi) {
     session.Etat = EtatEtape::Echec;
-    ChangerVoyant(10, true);
-    ChangerVoyant(9, false);
+    ChangerVoyant(Commande::Demarrer, true);
+    ChangerVoyant(Commande::Arreter, false);
     MontrerBoutonsTissage();
   }
   ActiverEcouteMetier();
@@ -173,7 +175,7 @@ void Demarrer() {
 
 void BasculerBulles() {
   session.BullesActives = !session.BullesActives;
-  ChangerVoyant(11, session.BullesActives);
+  ChangerVoyant(Commande::BasculerBulles, session.BullesActives);
 }
 
 void Minimiser() {
@@ -188,7 +190,7 @@ void FermerConfiguration() {
 
 void ConclureConfiguration() {
   if (session.NombreDuites > 0) MontrerDepartArret();
-  ChangerVoyant(14, false);
+  ChangerVoyant(Commande::Configurer, false);
 }
 
 void SortirConfiguration() {
@@ -206,7 +208,7 @@ void OuvrirConfiguration() {
   DessinerConfiguration();
   fenetre.FenetreConfiguration.Visible = true;
   CacherDepartArret();
-  ChangerVoyant(14, true);
+  ChangerVoyant(Commande::Configurer, true);
 }
 
 void AnnulerConfiguration() {
@@ -217,15 +219,15 @@ void AnnulerConfiguration() {
 
 void RecommencerSansPatron() {
   fenetre.Visible = false;
-  fenetre.BoutonProgramme[16].Width = 1380;
-  fenetre.BoutonProgramme[16].Height = 435;
+  fenetre.BoutonProgramme[Commande::Rafraichir].Width = Fiche(Commande::Rafraichir).largeur;
+  fenetre.BoutonProgramme[Commande::Rafraichir].Height = kHauteurBouton;
   Form_Load();
   fenetre.Visible = true;
   ViderGrille();
   InitialiserPatron();
   fenetre.LblCheminWif.Caption.clear();
   fenetre.LblNombreLigne.Caption.clear();
-  for (int i : {1, 3, 14}) Voir(i, true);
+  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer}) Voir(i, true);
   CacherDepartArret();
 }
 
@@ -236,7 +238,7 @@ void OuvrirDiagnostic() {
   fenetre.PicNor.Visible = true;
   fenetre.Text1.Visible = true;
   plateforme().Rafraichir();
-  ChangerVoyant(18, true);
+  ChangerVoyant(Commande::Diagnostiquer, true);
 }
 
 void QuitterDiagnostic() {
@@ -246,59 +248,57 @@ void QuitterDiagnostic() {
   FermerPort();
   fenetre.PicNor.Visible = false;
   fenetre.Text1.Visible = false;
-  ChangerVoyant(19, false);
-  ChangerVoyant(18, false);
+  ChangerVoyant(Commande::QuitterDiagnostic, false);
+  ChangerVoyant(Commande::Diagnostiquer, false);
   MontrerCommandesPrincipales();
 }
 }  // namespace
 
 void BoutonProgramme_Click(Entier index) {
-  switch (index) {
-    case 0:
+  switch (static_cast<Commande::Index>(int{index})) {
+    case Commande::Quitter:
       return Quitter();
-    case 1:
+    case Commande::OuvrirMotif:
       return Ouvrir();
-    case 2:
+    case Commande::Enregistrer:
       return EnregistrerProjet();
-    case 3:
+    case Commande::Reprendre:
       return ReprendreProjet();
-    case 4:
+    case Commande::TisserToile:
       return PasserEnToile();
-    case 17:
+    case Commande::TisserPatronEtToile:
       return PasserEnPatronEtToile();
-    case 5:
+    case Commande::TisserPatron:
       return PasserEnPatron();
-    case 6:
+    case Commande::Avancer:
       return AvancerUneDuite();
-    case 7:
+    case Commande::Inverser:
       return InverserDirection();
-    case 8:
+    case Commande::ChoisirDuite:
       return DemanderDuite();
-    case 9:
+    case Commande::Arreter:
       return Arreter();
-    case 10:
+    case Commande::Demarrer:
       return Demarrer();
-    case 11:
+    case Commande::BasculerBulles:
       return BasculerBulles();
-    case 12:
+    case Commande::Minimiser:
       return Minimiser();
-    case 13:
+    case Commande::SortirConfiguration:
       return SortirConfiguration();
-    case 14:
+    case Commande::Configurer:
       return OuvrirConfiguration();
-    case 15:
+    case Commande::AnnulerConfiguration:
       return AnnulerConfiguration();
-    case 16:
+    case Commande::Rafraichir:
       return RecommencerSansPatron();
-    case 18:
+    case Commande::Diagnostiquer:
       return OuvrirDiagnostic();
-    case 19:
+    case Commande::QuitterDiagnostic:
       return QuitterDiagnostic();
-    case 20:
+    case Commande::DebuterTest:
       return DebuterTest();
-    case 21:
+    case Commande::FinirTest:
       return ArreterTest();
-    default:
-      return;
   }
 }

@@ -78,3 +78,13 @@ void CalculerCheminApplication();
 std::string TitreErreur();
 // One of two texts, by the language in force.
 std::string Selon(const std::string &francais, const std::string &anglais);
+
+// What differs by language, for tables. A further language is one more column here and one more argument of
+// Selon; the compiler then finds every row that lacks it.
+template <class T>
+struct EnLangues {
+  T francais, anglais;
+  // That of the language in force.
+  constexpr const T &EnVigueur() const { return session.LangueFrancaise ? francais : anglais; }
+};
+using Paire = EnLangues<const char *>;

@@ -4,6 +4,7 @@
 #include "display/GrilleDuites.h"
 #include "display/Voyants.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/Commandes.h"
 
 namespace {
 void PeindreDessin(int bouton, const std::string &fichier, int x, int y) {
@@ -21,20 +22,20 @@ void DuiteSuivante() {
   ++session.DuiteCourante;
   if (session.DuiteCourante > session.NombreDuites) session.DuiteCourante = 1;
   AfficherDuites(session.DuiteCourante);
-  if (!fenetre.BoutonProgramme[2].Visible) fenetre.BoutonProgramme[2].Visible = true;
+  if (!fenetre.BoutonProgramme[Commande::Enregistrer].Visible) fenetre.BoutonProgramme[Commande::Enregistrer].Visible = true;
 }
 
 void DuitePrecedente() {
   --session.DuiteCourante;
   if (session.DuiteCourante < 1) session.DuiteCourante = session.NombreDuites;
   AfficherDuites(session.DuiteCourante);
-  fenetre.BoutonProgramme[2].Visible = true;
+  fenetre.BoutonProgramme[Commande::Enregistrer].Visible = true;
 }
 
 void BasculerInversion() {
   const bool inverse = session.DirectionTissage;
-  PeindreDessin(7, inverse ? "IMG568.BMP" : "IMG567.BMP", 30, 95);
-  PeindreDessin(6, inverse ? "IMG052.BMP" : "IMG051.BMP", 70, 70);
+  PeindreDessin(Commande::Inverser, inverse ? "IMG568.BMP" : "IMG567.BMP", 30, 95);
+  PeindreDessin(Commande::Avancer, inverse ? "IMG052.BMP" : "IMG051.BMP", 70, 70);
 }
 
 void TxtDuite_KeyDown(int touche) {
@@ -43,9 +44,9 @@ void TxtDuite_KeyDown(int touche) {
   if (duite < 0 || duite > session.NombreDuites) return;
   session.DuiteCourante = duite;
   AfficherDuites(session.DuiteCourante);
-  fenetre.BoutonProgramme[2].Visible = true;
+  fenetre.BoutonProgramme[Commande::Enregistrer].Visible = true;
   fenetre.FondEntreDuite.Visible = false;
-  ChangerVoyant(8, false);
+  ChangerVoyant(Commande::ChoisirDuite, false);
 }
 
 int TxtDuite_KeyPress(int code) { return FiltreTouchesNumeriques(code); }
