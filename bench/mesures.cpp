@@ -7,6 +7,7 @@
 #include "pattern/MatriceLames.h"
 #include "saved/RepriseProjet.h"
 #include "tests/Banc.h"
+#include "weaving/Commandes.h"
 #include "weaving/EcouteMetier.h"
 #include "weaving/PlansTissage.h"
 
@@ -101,7 +102,7 @@ BENCHMARK(Reprise)->Unit(benchmark::kMillisecond);
 void Faces(benchmark::State &etat) {
   Atelier atelier;
   for (auto _ : etat)
-    for (int i = 0; i <= 21; ++i) DessinerBouton(i, false);
+    for (int i = 0; i < Commande::Nombre; ++i) DessinerBouton(i);
 }
 BENCHMARK(Faces)->Unit(benchmark::kMillisecond);
 }  // namespace
