@@ -14,14 +14,14 @@ void PeindreDessin(Surface &face, const FicheCommande &c) {
 }
 
 bool EstAllume(const FicheCommande &c) {
-  switch (c.temoin) {
-    case Temoin::Option:
+  switch (c.voyant) {
+    case RegleVoyant::Option:
       return session.OptionTissage == c.option;
-    case Temoin::Tissage:
+    case RegleVoyant::Tissage:
       return fenetre.TissageEnCours;
-    case Temoin::Bulles:
+    case RegleVoyant::Bulles:
       return session.BullesActives;
-    case Temoin::Rouge:
+    case RegleVoyant::Rouge:
       break;
   }
   return false;

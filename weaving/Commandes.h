@@ -53,7 +53,7 @@ enum class JeuBoutons {
 };
 
 // What a lamp shows when its button is painted anew; every other change is a command's.
-enum class Temoin { Rouge, Option, Tissage, Bulles };
+enum class RegleVoyant { Rouge, Option, Tissage, Bulles };
 
 struct FicheCommande {
   Commande::Index index;
@@ -68,7 +68,7 @@ struct FicheCommande {
   // Twips, sideways: captions stand a little aside, clear of picture and lamp.
   EnLangues<int> decalage = {0, 0};
   int decalage2 = -100;
-  Temoin temoin = Temoin::Rouge;
+  RegleVoyant voyant = RegleVoyant::Rouge;
   int option = 0;  // the weave option that lights it
   RangeeBulle bulle;
 };
