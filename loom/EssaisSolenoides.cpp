@@ -2,13 +2,11 @@
 
 #include <string>
 
-#include "base/TexteNumerique.h"
 #include "display/Voyants.h"
 #include "kit/FenetreMessageCourt.h"
 #include "loom/PortMetier.h"
-#include "loom/TramesDuite.h"
+#include "loom/Protocoles.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
-#include "pattern/ConversionsBases.h"
 #include "weaving/Commandes.h"
 
 namespace {
@@ -16,51 +14,34 @@ constexpr int kPeriodeTest = 1000;  // milliseconds
 constexpr int kDerniereLame = 24;
 
 // Eight solenoids each, the lowest the least significant. D carries none.
-struct Tranches {
-  std::string a = "00000000", b = a, c = a, d = a;
+Tranches Repos() { return {"00000000", "00000000", "00000000", "00000000"}; }
 
-  void Lever(int solenoide) {
-    if (solenoide < 1 || solenoide > kDerniereLame) return;
-    std::string &tranche = solenoide <= 8 ? a : solenoide <= 16 ? b : c;
-    tranche[static_cast<std::size_t>(7 - (solenoide - 1) % 8)] = '1';
-  }
-};
-
-int Octet(const std::string &tranche) { return Arrondir(Val(ConvH2D(ConvB2H(tranche)))); }
-
-void OuvrirAuBesoin() {
-  if (!MSComm1().PortOpen()) OuvrirPort();
+void Lever(Tranches &t, int solenoide) {
+  if (solenoide < 1 || solenoide > kDerniereLame) return;
+  std::string &tranche = solenoide <= 8 ? t.a : solenoide <= 16 ? t.b : t.c;
+  tranche[static_cast<std::size_t>(7 - (solenoide - 1) % 8)] = '1';
 }
 
-void Envoyer24(const Tranches &t) {
+void Envoyer(const Tranches &t) {
+  const Protocole &p = LeProtocole();
+  if (!p.EnvoyerCases) return;
   OuvrirAuBesoin();
-  MSComm1().Output(kLiberer24);
-  MSComm1().Output(TrameCharger24(Octet(t.a), Octet(t.b), Octet(t.c), Octet(t.d)));
-  MSComm1().Output(kExecuter24);
+  p.EnvoyerCases(t);
 }
 
-void Envoyer16(const Tranches &t) {
+void EssayerMetier() {
   OuvrirAuBesoin();
-  PreparerEnvoi16();
-  MSComm1().Output("RELEASE\n");
-  MSComm1().Output(TrameMotif16(ConvB2H(t.b), ConvB2H(t.a)));
-}
-
-void EnvoyerMot16(const char *mot) {
-  OuvrirAuBesoin();
-  MSComm1().OutBufferCount(0);
-  MSComm1().Output(mot);
+  LeProtocole().EnvoyerEssai();
 }
 }  // namespace
 
 void CheckSelenoide_Click() {
   try {
     ChangerVoyant(Commande::FinirTest, false);
-    Tranches t;
+    Tranches t = Repos();
     for (int i = 1; i <= kDerniereLame; ++i)
-      if (fenetre.CheckSelenoide[i].Value) t.Lever(i);
-    if (session.NombreLames == 16) Envoyer16(t);
-    if (session.NombreLames == 24) Envoyer24(t);
+      if (fenetre.CheckSelenoide[i].Value) Lever(t, i);
+    Envoyer(t);
   } catch (const ErreurExecution &e) {
     AfficherErreurNumerotee(e);
   }
@@ -68,16 +49,16 @@ void CheckSelenoide_Click() {
 
 void TestLames24() {
   if (fenetre.TestInterrompu) return;
-  Tranches t;
-  t.Lever(fenetre.LameTest);
-  if (session.NombreLames == 24) Envoyer24(t);
-  if (session.NombreLames == 16) EnvoyerMot16("TEST\r");
+  Tranches t = Repos();
+  Lever(t, fenetre.LameTest);
+  if (LeProtocole().essai == Essai::Marche) Envoyer(t);
+  if (LeProtocole().essai == Essai::DuMetier) EssayerMetier();
 }
 
 void TestMetier16() {
   try {
     ChangerVoyant(Commande::FinirTest, false);
-    if (session.NombreLames == 16) EnvoyerMot16("TEST\r");
+    if (LeProtocole().essai == Essai::DuMetier) EssayerMetier();
   } catch (const ErreurExecution &e) {
     AfficherErreurNumerotee(e);
   }
@@ -86,14 +67,14 @@ void TestMetier16() {
 void Timer2_Timer() {
   ++fenetre.LameTest;
   if (fenetre.LameTest > kDerniereLame) fenetre.LameTest = 1;
-  if (session.NombreLames == 24) TestLames24();
-  if (session.NombreLames == 16) TestMetier16();
+  if (LeProtocole().essai == Essai::Marche) TestLames24();
+  if (LeProtocole().essai == Essai::DuMetier) TestMetier16();
 }
 
 void DebuterTest() {
   fenetre.TestInterrompu = false;
-  if (session.NombreLames == 16) TestMetier16();
-  if (session.NombreLames == 24) {
+  if (LeProtocole().essai == Essai::DuMetier) TestMetier16();
+  if (LeProtocole().essai == Essai::Marche) {
     fenetre.Timer2.Interval(kPeriodeTest);
     fenetre.LameTest = 1;
     TestLames24();
@@ -110,7 +91,6 @@ void ArreterTest() {
   fenetre.Timer2.Interval(0);
   ChangerVoyant(Commande::DebuterTest, false);
   ChangerVoyant(Commande::FinirTest, true);
-  if (session.NombreLames == 16) EnvoyerMot16("RELEASE\r");
-  if (session.NombreLames == 24 && MSComm1().PortOpen()) MSComm1().Output(kLiberer24);
+  RelacherMetier();
   plateforme().DoEvents();
 }

@@ -2,6 +2,7 @@
 
 #include "base/TexteNumerique.h"
 #include "kit/FenetreMessageCourt.h"
+#include "loom/Protocoles.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "weaving/Commandes.h"
 
@@ -46,8 +47,7 @@ void MontrerReglages() {
 void OuvrirPort() {
   try {
     SaufDejaOuvert([] { MSComm1().CommPort(session.PortMetier); });
-    if (session.NombreLames == 24) MSComm1().Settings("1200,N,8,1");
-    if (session.NombreLames == 16) MSComm1().Settings("9600,N,8,1");
+    if (const char *reglages = LeProtocole().reglages) MSComm1().Settings(reglages);
     if (!MSComm1().PortOpen()) SaufDejaOuvert([] { MSComm1().PortOpen(true); });
     MontrerReglages();
     LireEtatLigne();
@@ -59,6 +59,16 @@ void OuvrirPort() {
     // The weaver must be able to reach the choice of the port.
     if (e.Number() == Erreur::PortInutilisable) fenetre.BoutonProgramme[Commande::Configurer].Visible = true;
   }
+}
+
+void OuvrirAuBesoin() {
+  if (!MSComm1().PortOpen()) OuvrirPort();
+}
+
+void RelacherMetier() {
+  const Protocole &p = LeProtocole();
+  if (p.rouvre) OuvrirAuBesoin();
+  if (p.Relacher) p.Relacher();
 }
 
 void FermerPort() {

@@ -7,7 +7,7 @@
 #include "kit/Palette.h"
 #include "loom/EssaisSolenoides.h"
 #include "loom/PortMetier.h"
-#include "loom/TramesDuite.h"
+#include "loom/Protocoles.h"
 #include "mainwindow/CompositionFenetre.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "mainwindow/JeuxBoutons.h"
@@ -137,11 +137,7 @@ void DemanderDuite() {
 }
 
 void Arreter() {
-  if (session.NombreLames == 16) {
-    if (!MSComm1().PortOpen()) OuvrirPort();
-    MSComm1().OutBufferCount(0);
-    MSComm1().Output("RELEASE\r");
-  }
+  if (LeProtocole().relacherAvantFermer) RelacherMetier();
   fenetre.TissageEnCours = false;
   FermerPort();
   const bool ferme = session.Etat == EtatEtape::Reussi;

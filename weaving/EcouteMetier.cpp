@@ -1,6 +1,7 @@
 #include "weaving/EcouteMetier.h"
 
 #include "kit/FenetreMessageCourt.h"
+#include "loom/Protocoles.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "weaving/SequenceurDuites.h"
 
@@ -32,15 +33,16 @@ void Timer3_Timer() {
   std::string recu;
   Etape([&recu] { recu = MSComm1().Input(); });
   if (recu.empty()) return;
-  if (session.NombreLames == 16) {
-    if (recu.find("[CC]") != std::string::npos)
+  const Protocole &p = LeProtocole();
+  if (p.rapportParLecture) {
+    if (recu.find(p.rapport) != std::string::npos)
       Avancer();
     else
       LaisserPasser();
     return;
   }
   for (char c : recu) {
-    if (c == 'C')
+    if (c == *p.rapport)
       Avancer();
     else
       LaisserPasser();
