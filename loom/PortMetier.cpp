@@ -21,7 +21,21 @@ void EcrireEtatLigne(const std::string &texte, int nombre) {
   fenetre.Text1.Text += texte + Str(nombre) + "\r\n";
 }
 
-// Asks the port for the rest of its state; a device that cannot answer has not opened.
+// Everything is read before the box is written to: a failing port leaves what the weaver has typed there.
+void MontrerReglages() {
+  (void)MSComm1().Handshaking();
+  (void)MSComm1().OutBufferSize();
+  const int restent = MSComm1().OutBufferCount();
+  (void)MSComm1().DTREnable();
+  const int evenement = MSComm1().CommEvent(), seuil = MSComm1().SThreshold();
+  fenetre.Text1.Text.clear();
+  EcrireEtatLigne("Taille Tampon Transmission% = ", 0);  // has no source, shows 0 always
+  EcrireEtatLigne("Taille Caractere dans Tampon% = ", restent);
+  EcrireEtatLigne("ErreurEvenement% = ", evenement);
+  EcrireEtatLigne("CaractereMinimumDansTampon% = ", seuil);
+}
+
+// Asks the port for the rest of its state, with which nothing is done.
 void LireEtatLigne() {
   (void)MSComm1().ParityReplace();
   (void)MSComm1().Settings();
@@ -30,17 +44,6 @@ void LireEtatLigne() {
   (void)MSComm1().InBufferCount();
   MSComm1().InputMode(0);
   (void)MSComm1().InputMode();
-}
-
-void MontrerReglages() {
-  (void)MSComm1().Handshaking();
-  (void)MSComm1().OutBufferSize();
-  (void)MSComm1().DTREnable();
-  fenetre.Text1.Text.clear();
-  EcrireEtatLigne("Taille Tampon Transmission% = ", 0);  // has no source, shows 0 always
-  EcrireEtatLigne("Taille Caractere dans Tampon% = ", MSComm1().OutBufferCount());
-  EcrireEtatLigne("ErreurEvenement% = ", MSComm1().CommEvent());
-  EcrireEtatLigne("CaractereMinimumDansTampon% = ", MSComm1().SThreshold());
 }
 }  // namespace
 

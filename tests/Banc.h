@@ -41,7 +41,7 @@ class PortBanc : public PortSerie {
   std::deque<std::string> recus;  // one element per read
   Entier numero;
   std::string reglages = "9600,N,8,1";
-  bool ouvert = false, utilisable = true, ecritureEnPanne = false;
+  bool ouvert = false, utilisable = true, ecritureEnPanne = false, etatEnPanne = false;
   int evenement = 0, vidages = 0;
 
   void CommPort(Entier n) override {
@@ -79,7 +79,10 @@ class PortBanc : public PortSerie {
   long Handshaking() const override { return 0; }
   void RTSEnable(bool) override {}
   bool DTREnable() const override { return true; }
-  Entier SThreshold() const override { return 0; }
+  Entier SThreshold() const override {
+    if (etatEnPanne) throw ErreurExecution(Erreur::Peripherique);
+    return 0;
+  }
   std::string ParityReplace() const override { return "?"; }
   Entier CommEvent() const override { return evenement; }
 };

@@ -103,6 +103,10 @@ TEST_F(Trames, ManualFrame) {
   fenetre.Text1.Text = "  0x05 ";
   fenetre.Text1.KeyDown(13, 0);
   EXPECT_EQ(Ecrits(), (V{"SET PATTERN0x05\r", "PUSH PATTERN\r"}));
+  port.ouvert = false;
+  port.etatEnPanne = true;  // a port that cannot tell its state leaves what was typed
+  fenetre.Text1.KeyDown(13, 0);
+  EXPECT_EQ(Ecrits()[0], "SET PATTERN0x05\r");
 }
 
 TEST_F(Trames, SolenoidsByHand) {
