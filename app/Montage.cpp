@@ -6,6 +6,7 @@
 
 #include "kit/Attente.h"
 #include "kit/BullesInfo.h"
+#include "kit/FenetreLigne.h"
 #include "kit/FenetreMessage.h"
 #include "kit/FenetreMessageCourt.h"
 #include "kit/FenetreMessageErreur.h"
@@ -14,6 +15,7 @@
 #include "mainwindow/CompositionFenetre.h"
 #include "mainwindow/Evenements.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "weaving/CommandesProgramme.h"
 
 namespace {
 void Demarrer() {
@@ -31,10 +33,18 @@ void TransmettreMessageIcone(int message) {
 }  // namespace
 
 const std::vector<Fenetre *> &ToutesFenetres() {
-  static const std::vector<Fenetre *> fenetres{
-      &fenetre,          &attente,        &fenetreMessageCourt, &fenetreMessage,     &fenetreMessageErreur,
-      &feuilleRemarque,  &feuilleAPropos, &bulleInfoBasGauche,  &bulleInfoHautDroit, &bulleInfoHautGauche,
-      &bulleInfoBasDroit};
+  static const std::vector<Fenetre *> fenetres{&fenetre,
+                                               &attente,
+                                               &fenetreMessageCourt,
+                                               &fenetreMessage,
+                                               &fenetreMessageErreur,
+                                               &feuilleRemarque,
+                                               &feuilleAPropos,
+                                               &fenetreLigne,
+                                               &bulleInfoBasGauche,
+                                               &bulleInfoHautDroit,
+                                               &bulleInfoHautGauche,
+                                               &bulleInfoBasDroit};
   return fenetres;
 }
 
@@ -42,6 +52,8 @@ void Monter(PlateformeQt &machine) {
   InstallerPlateforme(&machine);
   for (Fenetre *f : ToutesFenetres()) machine.LeMiroir().Ajouter(*f);
   machine.MessageIcone = TransmettreMessageIcone;
+  machine.LigneChangee = MontrerLigneCoupee;
+  machine.FinDemandee = [] { BoutonProgramme_Click(0); };
   machine.LeMiroir().Passer(Demarrer);
 }
 

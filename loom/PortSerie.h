@@ -6,8 +6,9 @@
 #include "base/Entier.h"
 
 // Failures of every implementation: 8002 the port number is not usable, 8005 the port is open already,
-// 8018 written to while closed, 57 the device failed. A device that fails or goes away is closed by the
-// layer, told once, and can be opened again when it is back. Closing drops what was received; what arrives
+// 8018 written to while closed, 57 the device went away. A device that goes away is told once, by the next
+// reading; the port stays open, what is written waits for the device or is dropped, nothing arrives, and no
+// further call fails until the device is back and all goes on. Closing drops what was received; what arrives
 // while closed is dropped too.
 class PortSerie {
  public:
@@ -18,7 +19,7 @@ class PortSerie {
   virtual std::string Settings() const = 0;
   virtual void PortOpen(bool ouvrir) = 0;  // 8002, 8005
   virtual bool PortOpen() const = 0;
-  virtual void Output(const std::string &octets) = 0;  // handed to the system in this call; 8018, 57
+  virtual void Output(const std::string &octets) = 0;  // never waits; 8018
   virtual std::string Input() = 0;                     // all that was received; never waits; 57
   virtual void InputLen(Entier longueur) = 0;
   virtual Entier InputLen() const = 0;

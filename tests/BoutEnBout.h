@@ -128,6 +128,15 @@ class BoutEnBout : public ::testing::Test {
     }
     return false;
   }
+  // Asks again until the control stands; a click on it is meant to do nothing.
+  bool Parait(const std::string &nom) {
+    for (int i = 0; i < 20000; ++i) {
+      programme->Dire("clic " + nom);
+      const std::string reponse = programme->Ligne();
+      if (reponse.empty() || reponse == "ok") return !reponse.empty();
+    }
+    return false;
+  }
   void Configurer(const std::string &option) {
     Cliquer(14);
     Faire("choisir ComConfiguration(1) COM 1");

@@ -1,4 +1,6 @@
 // End to end: the real windows, offscreen, against the simulated loom on a pseudo-terminal.
+#include <signal.h>
+
 #include <QCoreApplication>
 
 #include "tests/BoutEnBout.h"
@@ -51,20 +53,87 @@ TEST_F(BoutEnBout, AMisbehavingLoomIsFollowedOrWaitedFor) {
   EXPECT_EQ(Shed(), Attendu(12));
 }
 
-TEST_F(BoutEnBout, ALoomThatVanishesIsToldAndWovenOnWhenItIsBack) {
-  DemarrerMetier();
+TEST_F(BoutEnBout, TheCableComesOutAndWeavingGoesOn) {
+  const std::string coupee =
+      "ligne=The line to the loom is gone. Plug the cable in: weaving goes on. message=";
+  DemarrerMetier({"--entree"});
   Tisser();
-  for (int n = 1; n <= 3; ++n) ASSERT_EQ(Shed(), Attendu(n));
+  EXPECT_EQ(Shed(), Attendu(1));
   metier->Dire("raccrocher");
-  ASSERT_TRUE(EtatDevient("message=Device I/O error"));
-  Cliquer(9);
-  const std::string etat = Etat();
-  const int duite = std::stoi(etat.substr(6));
+  ASSERT_TRUE(EtatDevient(coupee + "Device I/O error"));
+  // Everything that sends goes on in silence, and the screen with it.
+  Cliquer(6);
+  Cliquer(4);
+  Cliquer(17);
+  Cliquer(5);
+  ASSERT_TRUE(EtatDevient("duite=3 "));
+  Faire("clic Drapeau(1)");
+  ASSERT_TRUE(EtatDevient("ligne=La ligne du métier est coupée. Rebranchez le câble : le tissage continue."));
+  Faire("clic Drapeau(2)");
+  Cliquer(8);
+  Faire("ecrire TxtDuite 7");
+  ASSERT_TRUE(EtatDevient("duite=7 "));
+  ASSERT_TRUE(EtatDevient(coupee));
   metier->Dire("revenir");
-  ASSERT_NE(metier->LigneQuiCommence("back"), "");
+  EXPECT_EQ(Shed(), Attendu(7)) << "the pick on the screen alone";
+  ASSERT_TRUE(EtatDevient("ligne= "));
+  metier->Dire("");
+  EXPECT_EQ(Shed(), Attendu(8));
+
+  // The note goes with Stop and comes with a Start that waits; so does the solenoid test.
+  metier->Dire("raccrocher");
+  ASSERT_TRUE(EtatDevient(coupee));
+  Cliquer(9);
+  ASSERT_TRUE(EtatDevient("ouvert=0"));
+  ASSERT_TRUE(EtatDevient("ligne= "));
   Cliquer(10);
+  ASSERT_TRUE(EtatDevient("ouvert=1"));
+  ASSERT_TRUE(EtatDevient(coupee));
+  Cliquer(9);
+  ASSERT_TRUE(EtatDevient("ouvert=0"));
+  Cliquer(18);
+  ASSERT_TRUE(EtatDevient("boutons=0000"));  // the panel stands
+  Cliquer(20);
+  ASSERT_TRUE(EtatDevient(coupee));
+  Faire("clic CheckSelenoide(3)");
+  Cliquer(21);
+  Cliquer(19);
+  ASSERT_TRUE(EtatDevient("ligne= "));
+  Cliquer(10);
+  metier->Dire("revenir");
+  EXPECT_EQ(Shed(), Attendu(10));
+}
+
+TEST_F(BoutEnBout, AnEndFromOutsideIsAQuit) {
+  const auto finir = [&](int signal) {
+    kill(static_cast<pid_t>(programme->processId()), signal);
+    EXPECT_TRUE(programme->FinitBien()) << signal;
+  };
+  DemarrerMetier({"--entree"});
+  Tisser();
+  EXPECT_EQ(Shed(), Attendu(1));
+  metier->Dire("");
+  EXPECT_EQ(Shed(), Attendu(2));
+  finir(SIGTERM);
   ASSERT_NE(metier->LigneQuiCommence("release"), "");
-  EXPECT_EQ(Shed(), Attendu(duite + 1));
+
+  DemarrerProgramme();
+  EXPECT_EQ(Etat().substr(0, 8), "duite=2 ") << "the settings are kept";
+  Faire("clic Drapeau(1)");
+  Cliquer(1);  // the dialog stands open
+  finir(SIGINT);
+
+  DemarrerProgramme();
+  std::ofstream(dossier + "/Data/motif.wif") << "[WIF]\r\n";
+  Cliquer(1);
+  Faire("fichier " + dossier + "/Data/motif.wif");
+  ASSERT_TRUE(Parait("Information"));  // the message about the missing lift plan, a modal window
+  finir(SIGHUP);
+  programme.reset();
+  DemarrerProgramme();
+  Cliquer(14);
+  Faire("choisir ComConfiguration(5) Patron");  // a French list: the language was kept
+  Cliquer(15);
 }
 
 TEST_F(BoutEnBout, NoPortIsToldAndConfigureIsReachable) {

@@ -2,10 +2,12 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <stdlib.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
+#include <QTimer>
 
 #include "platform/qt/PortSerieQt.h"
 #include "platform/qt/ReglagesPort.h"
@@ -21,6 +23,7 @@ class EssaiPortSerie : public testing::Test {
   void SetUp() override {
     fs::create_directory(Ports());
     Brancher();
+    port.Evenement = [this](EvenementLigne e) { evenements += "oacrf"[static_cast<int>(e)]; };
   }
   void TearDown() override { Debrancher(); }
   fs::path Ports() const { return fs::path(dossier.path().toStdString()) / "Ports"; }
@@ -38,17 +41,23 @@ class EssaiPortSerie : public testing::Test {
     maitre = -1;
   }
 
-  // Bytes that the loom's side receives, as many as wanted, while the event loop runs.
+  // Lets events run, and waits a millisecond for the descriptor to be readable.
+  static bool Patienter(int fd) {
+    QCoreApplication::processEvents();
+    pollfd etat{fd, POLLIN, 0};
+    return poll(&etat, 1, 1) > 0;
+  }
+
+  // Bytes that the loom's side receives, as many as wanted; fewer when no more come.
   std::string Lire(std::size_t nombre) {
     std::string recus;
-    while (recus.size() < nombre) {
-      QCoreApplication::processEvents();
-      pollfd etat{maitre, POLLIN, 0};
+    for (int essai = 0; recus.size() < nombre && essai < kPatience; ++essai) {
+      if (!Patienter(maitre)) continue;
       char tampon[4096];
-      if (poll(&etat, 1, kPatience) <= 0) break;
       const ssize_t n = read(maitre, tampon, sizeof tampon);
       if (n <= 0) break;
       recus.append(tampon, static_cast<std::size_t>(n));
+      essai = 0;
     }
     return recus;
   }
@@ -67,9 +76,16 @@ class EssaiPortSerie : public testing::Test {
     return recus;
   }
 
+  // Lets events run until it is so.
+  static bool Devient(const std::function<bool()> &condition) {
+    for (int essai = 0; !condition() && essai < kPatience; ++essai) Patienter(-1);
+    return condition();
+  }
+
   QTemporaryDir dossier;
   int maitre = -1;
-  PortSerieQt port{dossier.path().toStdString()};
+  std::string evenements;  // a letter each, as they were told
+  PortSerieQt port{dossier.path().toStdString(), 1};
 };
 
 TEST_F(EssaiPortSerie, EveryBytePassesBothWays) {
@@ -127,25 +143,160 @@ TEST_F(EssaiPortSerie, ALoomThatDoesNotReadBlocksNothing) {
   EXPECT_EQ(Lire(beaucoup.size() + 1), beaucoup + "b");
 }
 
-TEST_F(EssaiPortSerie, AHangUpIsToldOnceAndThePortOpensAgain) {
-  const std::function<void()> appels[] = {[&] { port.Input(); }, [&] { port.Output("x"); }};
-  for (const bool vuParLaBoucle : {false, true})
-    for (const auto &appel : appels) {
-      port.PortOpen(true);
-      Debrancher();
-      if (vuParLaBoucle)
-        for (int essai = 0; port.PortOpen() && essai < kPatience; ++essai)
-          QCoreApplication::processEvents(QEventLoop::AllEvents, 1);
-      EXPECT_EQ(Echec(appel), Erreur::Peripherique);
-      EXPECT_FALSE(port.PortOpen());
-      EXPECT_EQ(Echec([&] { port.Output("x"); }), Erreur::PortFerme);
-      EXPECT_EQ(Echec([&] { port.PortOpen(true); }), Erreur::PortInutilisable);
-      Brancher();
-      port.PortOpen(true);
-      port.Output("back");
-      EXPECT_EQ(Lire(4), "back");
-      port.PortOpen(false);
-    }
+TEST_F(EssaiPortSerie, ALostLineIsToldOnceByTheNextReadingAndBySilenceAfterIt) {
+  const std::function<void()> decouvertes[] = {
+      [&] { EXPECT_TRUE(Devient([&] { return port.Coupee(); })); },
+      [&] { EXPECT_EQ(Echec([&] { port.Output("x"); }), 0); },
+      [] {},
+  };
+  for (const auto &decouvrir : decouvertes) {
+    port.PortOpen(true);
+    Debrancher();
+    decouvrir();
+    EXPECT_EQ(Echec([&] { port.Input(); }), Erreur::Peripherique);
+    EXPECT_TRUE(port.PortOpen());
+    // Whatever the frames of both looms do to a port.
+    EXPECT_EQ(Echec([&] {
+                port.OutBufferCount(0);
+                port.RTSEnable(false);
+                port.Handshaking(0);
+                port.Settings("1200,N,8,1");
+                port.Output("x");
+              }),
+              0);
+    EXPECT_EQ(port.Input(), "");
+    EXPECT_EQ(port.InBufferCount(), 0);
+    port.PortOpen(false);
+    EXPECT_EQ(Echec([&] { port.Output("x"); }), Erreur::PortFerme);
+    Brancher();
+  }
+  // What was read before the loss is not lost.
+  port.PortOpen(true);
+  Envoyer(
+      "\x1B"
+      "C\r");
+  ASSERT_TRUE(Devient([&] { return port.InBufferCount() == 3; }));
+  Debrancher();
+  ASSERT_TRUE(Devient([&] { return port.Coupee(); }));
+  EXPECT_EQ(Echec([&] { port.Input(); }), Erreur::Peripherique);
+  EXPECT_EQ(port.Input(),
+            "\x1B"
+            "C\r");
+}
+
+TEST_F(EssaiPortSerie, TheLastWriteWaitsForTheDevice) {
+  const auto couper = [&] {
+    Debrancher();
+    ASSERT_TRUE(Devient([&] { return port.Coupee(); }));
+  };
+  const auto revenir = [&] {
+    Brancher();
+    ASSERT_TRUE(Devient([&] { return !port.Coupee(); }));
+  };
+  // A second of line each: none has left whole when the line is cut, and nothing is written while it is.
+  port.Settings("300,N,8,1");
+  port.PortOpen(true);
+  const std::string premier(30, 'a'), second(30, 'b');
+  port.Output(premier);
+  port.Output(second);
+  couper();
+  revenir();
+  port.Output(".");
+  EXPECT_EQ(Lire(61), premier + second + ".") << "whole again, once";
+
+  couper();
+  port.Output("old");
+  QCoreApplication::processEvents();
+  port.Output("ne");
+  port.Output("w");
+  revenir();
+  port.Output(".");
+  EXPECT_EQ(Lire(4), "new.");
+  couper();
+  port.Output("none");
+  port.OutBufferCount(0);
+  revenir();
+  port.Output("after");
+  EXPECT_EQ(Lire(5), "after");
+
+  // Closed while away, and opened while still away.
+  couper();
+  port.Output("lost");
+  port.PortOpen(false);
+  EXPECT_EQ(Echec([&] { port.PortOpen(true); }), 0);
+  EXPECT_TRUE(port.Coupee());
+  port.Output("start");
+  revenir();
+  port.Output(".");
+  EXPECT_EQ(Lire(6), "start.");
+  EXPECT_EQ(evenements, "ocrcrcrcfar");
+  // Found again, it is a device like any other: gone while closed, it cannot be opened.
+  port.PortOpen(false);
+  Debrancher();
+  EXPECT_EQ(Echec([&] { port.PortOpen(true); }), Erreur::PortInutilisable);
+}
+
+TEST_F(EssaiPortSerie, WhatIsNoSerialLineIsStillWaitedFor) {
+  port.PortOpen(true);
+  Debrancher();
+  ASSERT_TRUE(Devient([&] { return port.Coupee(); }));
+  const fs::path autre = Ports() / "autre";
+  const std::function<void()> intrus[] = {
+      [&] { mkfifo(autre.c_str(), 0600); }, [&] { fs::create_directory(autre); },
+      [&] { std::ofstream(autre) << "a file"; }, [&] { fs::create_symlink("/dev/null", autre); }};
+  for (const auto &poser : intrus) {
+    fs::remove(autre);
+    poser();
+    fs::remove(Ports() / "com1");
+    fs::create_symlink(autre, Ports() / "com1");
+    // Two looks at least; each ends at once, a pipe that nobody reads included.
+    int regards = 0;
+    QTimer compteur;
+    QObject::connect(&compteur, &QTimer::timeout, [&] { ++regards; });
+    compteur.start(2);
+    ASSERT_TRUE(Devient([&] { return regards > 2; }));
+    EXPECT_TRUE(port.Coupee());
+  }
+  Brancher();
+  EXPECT_TRUE(Devient([&] { return !port.Coupee(); }));
+}
+
+TEST_F(EssaiPortSerie, ADeviceMayComeBackAThousandTimes) {
+  const auto ouverts = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
+  port.PortOpen(true);
+  const auto avant = ouverts();
+  for (int fois = 0; fois < 1000; ++fois) {
+    Debrancher();
+    ASSERT_TRUE(Devient([&] { return port.Coupee(); })) << fois;
+    port.Output("pick");
+    Brancher();
+    ASSERT_TRUE(Devient([&] { return !port.Coupee(); })) << fois;
+    ASSERT_EQ(Lire(4), "pick") << fois;
+  }
+  EXPECT_EQ(ouverts(), avant);
+}
+
+TEST_F(EssaiPortSerie, AFloodLeavesItsFirst1024Bytes) {
+  port.PortOpen(true);
+  std::string crue;
+  for (int i = 0; i < 3000; ++i) crue += static_cast<char>('A' + i / 1000);
+  Envoyer(crue);
+  ASSERT_TRUE(Devient([&] { return port.InBufferCount() == 1024; }));
+  EXPECT_EQ(port.Input(), crue.substr(0, 1024));
+  EXPECT_EQ(port.Input(), "");
+  Envoyer("next");
+  EXPECT_EQ(Recevoir(4), "next");
+}
+
+TEST_F(EssaiPortSerie, TheReleaseIsTheLastOnALineThatDoesNotTakeIt) {
+  port.PortOpen(true);
+  port.Output(std::string(200000, 'a'));
+  port.Output("shed");
+  port.Output("\x1bR\r\n");
+  port.PortOpen(false);
+  std::string recus = Lire(200000);
+  EXPECT_LT(recus.size(), 200000U);
+  EXPECT_EQ(recus.substr(recus.size() - 5), "a\x1bR\r\n");
 }
 
 TEST_F(EssaiPortSerie, SettingsAndOrderOfPorts) {

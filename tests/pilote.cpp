@@ -17,6 +17,7 @@
 #include <sstream>
 
 #include "app/Montage.h"
+#include "kit/FenetreLigne.h"
 #include "kit/FenetreMessageCourt.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/qt/Habillage.h"
@@ -72,6 +73,7 @@ std::string Etat() {
   s << "duite=" << session.DuiteCourante << " nombre=" << session.NombreDuites
     << " lames=" << session.NombreLames << " ouvert=" << fenetre.PortOuvert << " boutons=";
   for (int i = 0; i <= 21; ++i) s << (fenetre.BoutonProgramme[i].Visible ? '1' : '0');
+  s << " ligne=" << (fenetreLigne.Visible ? fenetreLigne.NomAccessible : "");
   s << " message=" << (fenetreMessageCourt.Visible ? fenetreMessageCourt.Ligne[2].Caption : "");
   return s.str();
 }

@@ -3,6 +3,12 @@
 #include <QCoreApplication>
 #include <QEvent>
 
+namespace {
+// A tick that lets events run may meet the next one inside itself; without an end to that a loom that never
+// stops talking would fill the stack.
+constexpr int kTicsEmboites = 2;
+}  // namespace
+
 FenetreNative::FenetreNative(Fenetre &donnee, FenetreNative *principale, Porte &porte)
     : donnee_(donnee), principale_(principale), porte_(porte) {}
 
@@ -73,7 +79,10 @@ void FenetreNative::Voir(const std::string &nom, Minuterie &minuterie) {
     m.horloge.setTimerType(Qt::PreciseTimer);
     QObject::connect(&m.horloge, &QTimer::timeout, &m.horloge, [this, &m] {
       const auto tic = m.donnee->Timer;
-      if (tic) porte_.Passer(tic);
+      if (!tic || m.tics >= kTicsEmboites) return;
+      ++m.tics;
+      porte_.Passer(tic);
+      --m.tics;
     });
   }
   m.donnee = &minuterie;

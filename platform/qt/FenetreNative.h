@@ -33,6 +33,7 @@ class FenetreNative : private Visiteur {
     QTimer horloge;
     Montre<std::tuple<int, unsigned>> montree;
     unsigned passage = 0;
+    int tics = 0;  // that run, one inside the other
   };
   struct Place {
     std::unique_ptr<Natif> natif;
@@ -54,5 +55,5 @@ class FenetreNative : private Visiteur {
   std::unordered_map<const Controle *, Natif *> adresses_;
   std::unordered_map<std::string, MinuterieNative> minuteries_;
   std::unordered_set<QWidget *> enrichis_;  // got a child in the walk that runs
-  unsigned passage_ = 0;  // counts the walks, to find what a walk no longer met
+  unsigned passage_ = 0;                    // counts the walks, to find what a walk no longer met
 };

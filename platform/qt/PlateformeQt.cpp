@@ -38,10 +38,17 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
       images_({dossiers.programme, dossiers.partage}),
       port_(dossiers.programme),
       suivi_(port_),
-      miroir_(images_, [this](const std::string &rapport) {
-        miroir_.Fermer();
-        RapporterEtFinir(rapport);
-      }) {
+      miroir_(images_,
+              [this](const std::string &rapport) {
+                miroir_.Fermer();
+                RapporterEtFinir(rapport);
+              }),
+      dehors_([this] { FinirDeDehors(); }) {
+  port_.Evenement = [this](EvenementLigne evenement) {
+    if (LigneVue) LigneVue(evenement);
+    QMetaObject::invokeMethod(
+        &vivante_, [this] { AnnoncerLigne(); }, Qt::QueuedConnection);
+  };
   miroir_.ApresEvenement([this] {
     FinirAttentes();
     suivi_.Suivre();
@@ -51,6 +58,18 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
     const QImage icone = images_.Cherchee("Brandis");
     if (!icone.isNull()) QApplication::setWindowIcon(QPixmap::fromImage(icone));
   });
+}
+
+void PlateformeQt::AnnoncerLigne() {
+  if (LigneChangee) miroir_.Passer([this] { LigneChangee(port_.Coupee()); });
+}
+
+void PlateformeQt::FinirDeDehors() {
+  if (std::exchange(finDehors_, true)) return;
+  FinirAttentes();
+  if (FinDemandee) miroir_.Passer(FinDemandee);
+  QMetaObject::invokeMethod(
+      qApp, [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }
 
 void PlateformeQt::ShowOpen(DialogueFichier &dialogue) {
@@ -86,7 +105,7 @@ void PlateformeQt::Montrer(Fenetre &fenetre) {
 }
 
 void PlateformeQt::MontrerModal(Fenetre &fenetre) {
-  if (terminee_) return;
+  if (terminee_ || finDehors_) return;
   miroir_.Ajouter(fenetre);
   miroir_.Modale(fenetre, true);
   fenetre.Visible = true;
@@ -102,7 +121,7 @@ void PlateformeQt::MontrerModal(Fenetre &fenetre) {
 
 void PlateformeQt::FinirAttentes() {
   for (const Attente &a : attentes_)
-    if (!a.fenetre->Visible || !a.fenetre->Chargee) a.boucle->quit();
+    if (finDehors_ || !a.fenetre->Visible || !a.fenetre->Chargee) a.boucle->quit();
 }
 
 void PlateformeQt::Ramener() {

@@ -12,6 +12,7 @@
 
 #include "platform/Plateforme.h"
 #include "platform/qt/DossierProgramme.h"
+#include "platform/qt/FinDehors.h"
 #include "platform/qt/MagasinImages.h"
 #include "platform/qt/Miroir.h"
 #include "platform/qt/PortSerieQt.h"
@@ -28,6 +29,13 @@ class PlateformeQt : public Plateforme {
   void Ramener();
   // The system bus holds up an orderly end of the process.
   bool BusMuet() const { return suivi_.BusMuet(); }
+  // What happens to the port, told at once in the middle of whatever runs: no place to touch a window.
+  std::function<void(EvenementLigne)> LigneVue;
+  // Whether the port is open and its device away, told as an event of its own whenever that may have changed.
+  std::function<void(bool coupee)> LigneChangee;
+  // Ends the program as the weaver would: somebody outside wants the end. It comes whatever this leaves open,
+  // and no window waits for a reader any more.
+  std::function<void()> FinDemandee;
 
   PortSerie &MSComm1() override { return port_; }
   void ShowOpen(DialogueFichier &dialogue) override;
@@ -54,6 +62,8 @@ class PlateformeQt : public Plateforme {
     QEventLoop *boucle;
   };
   void FinirAttentes();
+  void AnnoncerLigne();
+  void FinirDeDehors();
 
   DossiersProgramme dossiers_;
   MagasinImages images_;
@@ -61,8 +71,9 @@ class PlateformeQt : public Plateforme {
   std::vector<Attente> attentes_;  // the modal windows, the innermost last
   std::unique_ptr<QSystemTrayIcon> icone_;
   QPointer<QScreen> ecran_;  // on which the window opened; its kept place is there
-  bool terminee_ = false;
+  bool terminee_ = false, finDehors_ = false;
   SuiviSession suivi_;
   Miroir miroir_;
   QObject vivante_;  // what is put off dies with the platform
+  FinDehors dehors_;
 };

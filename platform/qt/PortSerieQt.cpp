@@ -1,26 +1,37 @@
 #include "platform/qt/PortSerieQt.h"
 
 #include <poll.h>
-#include <sys/ioctl.h>
-#include <termios.h>
 
-#include <QSerialPortInfo>
 #include <algorithm>
-#include <chrono>
-#include <filesystem>
-#include <thread>
+#include <utility>
 
 #include "platform/qt/ReglagesPort.h"
 
-namespace fs = std::filesystem;
+namespace {
+constexpr int kTampon = 1024;    // bytes, received and not yet read
+constexpr int kReprise = 10;     // milliseconds
+constexpr int kPlafond = 32767;  // of a count
+}  // namespace
 
-PortSerieQt::PortSerieQt(std::string dossier) : dossier_(std::move(dossier)) {
-  QObject::connect(&port_, &QSerialPort::errorOccurred, &port_,
-                   [this](QSerialPort::SerialPortError erreur) { Noter(erreur); });
+PortSerieQt::PortSerieQt(std::string dossier, int ronde) : dossier_(std::move(dossier)) {
+  port_.setReadBufferSize(kTampon);
+  ronde_.setInterval(ronde);
+  reprise_.setInterval(kReprise);
+  QObject::connect(&ronde_, &QTimer::timeout, &port_, [this] { Tourner(); });
+  QObject::connect(&reprise_, &QTimer::timeout, &port_, [this] { Pousser(); });
+  QObject::connect(&port_, &QSerialPort::errorOccurred, &port_, [this](QSerialPort::SerialPortError erreur) {
+    if (erreur == QSerialPort::ResourceError || erreur == QSerialPort::ReadError ||
+        erreur == QSerialPort::WriteError)
+      Perdre();
+  });
+}
+
+void PortSerieQt::Dire(EvenementLigne evenement) const {
+  if (Evenement) Evenement(evenement);
 }
 
 void PortSerieQt::CommPort(Entier numero) {
-  if (PortOpen()) throw ErreurExecution(Erreur::PortDejaOuvert);
+  if (ouvert_) throw ErreurExecution(Erreur::PortDejaOuvert);
   numero_ = numero;
 }
 
@@ -32,6 +43,7 @@ void PortSerieQt::Settings(const std::string &reglages) {
 
 void PortSerieQt::Regler() {
   const ReglagesPort r = LireReglages(reglages_);
+  emission_.Duree(std::chrono::microseconds(r.DureeOctet()));
   port_.setBaudRate(r.vitesse);
   port_.setParity(r.parite);
   port_.setDataBits(r.bits);
@@ -41,134 +53,117 @@ void PortSerieQt::Regler() {
                                          : QSerialPort::HardwareControl);
 }
 
-std::string PortSerieQt::Peripherique() const {
-  std::error_code erreur;
-  const fs::path lien = fs::path(dossier_) / "Ports" / ("com" + std::to_string(int{numero_}));
-  // A link that leads nowhere is an unusable port, not a reason to take another device.
-  if (fs::exists(fs::symlink_status(lien, erreur))) return fs::canonical(lien, erreur);
-  std::vector<std::string> noms;
-  for (const QSerialPortInfo &info : QSerialPortInfo::availablePorts())
-    noms.push_back(info.systemLocation().toStdString());
-  std::sort(noms.begin(), noms.end(), AvantNaturel);
-  const int rang = numero_ - 1;
-  return rang >= 0 && static_cast<std::size_t>(rang) < noms.size() ? noms[static_cast<std::size_t>(rang)]
-                                                                   : "";
-}
-
 void PortSerieQt::PortOpen(bool ouvrir) {
   if (!ouvrir) return Fermer();
-  if (PortOpen()) throw ErreurExecution(Erreur::PortDejaOuvert);
-  Fermer();
+  if (ouvert_) throw ErreurExecution(Erreur::PortDejaOuvert);
   Ouvrir();
 }
 
 void PortSerieQt::Ouvrir() {
-  const std::string chemin = Peripherique();
-  if (chemin.empty()) throw ErreurExecution(Erreur::PortInutilisable);
-  port_.setPortName(QString::fromStdString(chemin));
-  Regler();
-  const bool ouvert = port_.open(QIODevice::ReadWrite);
-  enPanne_ = false;
-  if (!ouvert) throw ErreurExecution(Erreur::PortInutilisable);
-  port_.clear(QSerialPort::Input);  // what came while closed is dropped
-  if (protocole_ == 0) port_.setRequestToSend(rts_);
-}
-
-void PortSerieQt::Fermer() {
-  if (port_.isOpen()) {
-    if (!enPanne_) LaisserPartir();
-    port_.close();
-  }
-  enPanne_ = false;
+  const auto parti = partis_.find(numero_);
+  const bool attendu = parti != partis_.end();
+  nom_ = LienDuPort(dossier_, numero_);
+  if (nom_.empty()) nom_ = attendu ? parti->second : PortListe(numero_);
+  const bool present = OuvrirAppareil();
+  if (!present && !attendu) throw ErreurExecution(Erreur::PortInutilisable);
+  if (present) port_.clear(QSerialPort::Input);  // what came while closed is dropped
+  emission_.Vider();
+  ouvert_ = true;
+  absent_ = !present;
+  ronde_.start();
+  Dire(present ? EvenementLigne::Ouverte : EvenementLigne::Attendue);
 }
 
 // Closing puts back the speed that the device had before, which would garble a release that is still on its
-// way out. So the bytes that the system holds may leave first, half a second at most.
-void PortSerieQt::LaisserPartir() {
-  using namespace std::chrono;
-  const auto fin = steady_clock::now() + milliseconds(500);
-  int restent = 0;
-  while (ioctl(port_.handle(), TIOCOUTQ, &restent) == 0) {
-    if (restent == 0) {
-      tcdrain(port_.handle());
-      return;
-    }
-    if (steady_clock::now() > fin) return;
-    std::this_thread::sleep_for(milliseconds(1));
+// way out, so the bytes may leave first. Of what the line has not taken yet only the last write counts.
+void PortSerieQt::Fermer() {
+  if (!ouvert_) return;
+  if (Presente()) {
+    emission_.GarderDerniere();
+    emission_.LaisserPartir(port_.handle());
   }
-}
-
-void PortSerieQt::Noter(QSerialPort::SerialPortError erreur) {
-  if (!port_.isOpen()) return;
-  if (erreur == QSerialPort::ResourceError || erreur == QSerialPort::ReadError ||
-      erreur == QSerialPort::WriteError)
-    enPanne_ = true;
-  if (enPanne_)  // not inside the toolkit's own reading or writing
-    QMetaObject::invokeMethod(
-        &port_,
-        [this] {
-          if (enPanne_) port_.close();
-        },
-        Qt::QueuedConnection);
-}
-
-void PortSerieQt::DirePanne() {
-  if (!enPanne_) return;
+  ouvert_ = absent_ = aDire_ = false;
+  ronde_.stop();
+  reprise_.stop();
+  emission_.Vider();
+  recus_.clear();
   port_.close();
-  enPanne_ = false;
-  throw ErreurExecution(Erreur::Peripherique);
+  Dire(EvenementLigne::Fermee);
 }
 
 short PortSerieQt::Sonder(short attendu) {
   pollfd etat{port_.handle(), attendu, 0};
   if (poll(&etat, 1, 0) < 0) return 0;
-  if (etat.revents & (POLLHUP | POLLERR | POLLNVAL)) enPanne_ = true;
+  if (etat.revents & (POLLHUP | POLLERR | POLLNVAL)) Perdre();
   return etat.revents;
 }
 
 void PortSerieQt::Output(const std::string &octets) {
-  DirePanne();
-  if (!port_.isOpen()) throw ErreurExecution(Erreur::PortFerme);
-  if (port_.write(octets.data(), static_cast<qint64>(octets.size())) < 0) enPanne_ = true;
+  if (!ouvert_) throw ErreurExecution(Erreur::PortFerme);
+  emission_.Ajouter(octets, Tour());
+  if (Presente()) Sonder(0);
   Pousser();
-  DirePanne();
+  if (absent_) emission_.GarderTour(Tour());
+}
+
+unsigned PortSerieQt::Tour() {
+  if (!std::exchange(tourCompte_, true))
+    QMetaObject::invokeMethod(
+        &port_,
+        [this] {
+          ++tour_;
+          tourCompte_ = false;
+        },
+        Qt::QueuedConnection);
+  return tour_;
 }
 
 void PortSerieQt::Pousser() {
-  // What the system does not take now goes out from the event loop. A full line is asked for first, since the
-  // toolkit takes it for a failure.
-  qint64 avant = -1;
-  while (!enPanne_ && port_.bytesToWrite() > 0 && port_.bytesToWrite() != avant &&
-         (Sonder(POLLOUT) & POLLOUT)) {
-    avant = port_.bytesToWrite();
-    port_.flush();
-  }
+  if (!Presente()) return;
+  if (!emission_.Pousser(port_.handle())) return Perdre();
+  if (emission_.Vide())
+    reprise_.stop();
+  else if (!reprise_.isActive())
+    reprise_.start();
 }
 
 void PortSerieQt::Recevoir() {
-  DirePanne();
-  if (port_.isOpen() && (Sonder(POLLIN) & POLLIN)) port_.waitForReadyRead(0);
-  DirePanne();
+  if (Presente() && (Sonder(POLLIN) & POLLIN) && Presente()) port_.waitForReadyRead(0);
 }
 
 std::string PortSerieQt::Input() {
   Recevoir();
-  if (!port_.isOpen()) return {};
-  const QByteArray recus = longueurLecture_ > 0 ? port_.read(longueurLecture_) : port_.readAll();
-  return recus.toStdString();
+  if (std::exchange(aDire_, false)) throw ErreurExecution(Erreur::Peripherique);
+  Prendre();
+  const auto voulus = longueurLecture_ > 0 ? static_cast<std::size_t>(int{longueurLecture_}) : recus_.size();
+  const std::string lus = recus_.substr(0, voulus);
+  recus_.erase(0, voulus);
+  return lus;
+}
+
+// From the toolkit, which stops reading when it holds as much as there is room for. What the system took in
+// meanwhile found no room.
+void PortSerieQt::Prendre() {
+  if (!port_.isOpen()) return;
+  const bool plein = port_.bytesAvailable() >= kTampon;
+  recus_ += port_.readAll().toStdString();
+  recus_.resize(std::min<std::size_t>(recus_.size(), kTampon));
+  if (plein && Presente()) port_.clear(QSerialPort::Input);
 }
 
 Entier PortSerieQt::InBufferCount() {
   Recevoir();
-  return port_.isOpen() ? static_cast<int>(std::min<qint64>(port_.bytesAvailable(), 32767)) : 0;
+  return static_cast<int>(recus_.size()) + static_cast<int>(port_.isOpen() ? port_.bytesAvailable() : 0);
 }
 
 void PortSerieQt::OutBufferCount(Entier nombre) {
-  if (nombre == 0 && PortOpen()) port_.clear(QSerialPort::Output);
+  if (nombre != 0) return;
+  emission_.Vider();
+  if (Presente()) port_.clear(QSerialPort::Output);
 }
 
 Entier PortSerieQt::OutBufferCount() const {
-  return PortOpen() ? static_cast<int>(std::min<qint64>(port_.bytesToWrite(), 32767)) : 0;
+  return static_cast<int>(std::min<std::size_t>(emission_.Restent(), kPlafond));
 }
 
 void PortSerieQt::Handshaking(long protocole) {
@@ -178,5 +173,5 @@ void PortSerieQt::Handshaking(long protocole) {
 
 void PortSerieQt::RTSEnable(bool etat) {
   rts_ = etat;
-  if (PortOpen()) port_.setRequestToSend(etat);
+  if (Presente()) port_.setRequestToSend(etat);
 }

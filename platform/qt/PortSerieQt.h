@@ -1,22 +1,56 @@
-// The serial port over Qt.
+// The serial port over Qt. A device that goes away is for the program what a pulled cable is on a plain
+// serial line: silence. The port stays open, and the device is waited for.
+//
+//   the device goes     The next `Input` fails with 57, once. Nothing else fails for it; what had come in and
+//   was
+//                       not yet read is read behind that failure.
+//   while it is away    `PortOpen` is True, nothing arrives, and no call fails. Each `Output` takes the place
+//   of
+//                       what waited; `OutBufferCount` = 0 empties it. Closing waits for nothing.
+//   it comes back       Once a second the name under which it was opened is looked at. What opens there as a
+//                       serial line is the device: settings in force, exclusive as before. What waits goes
+//                       out once: the last write, or where none was made, those writes that had not left the
+//                       line whole when it was cut, from their first byte.
+//   opening             A port whose device went away and was not found again since opens all the same, and
+//   waits.
 #pragma once
 
 #include <QSerialPort>
+#include <QTimer>
+#include <functional>
+#include <map>
 #include <string>
 
 #include "loom/PortSerie.h"
+#include "platform/qt/Emission.h"
+
+enum class EvenementLigne {
+  Ouverte,   // the port opened
+  Attendue,  // the port opened, and waits for its device
+  Coupee,    // the device went away
+  Revenue,   // it is back
+  Fermee,    // the port closed
+};
 
 class PortSerieQt : public PortSerie {
  public:
-  // `dossier` holds the folder `Ports` with the links comN.
-  explicit PortSerieQt(std::string dossier);
+  // `dossier` holds the folder `Ports` with the links comN. `ronde`: milliseconds between two looks for a
+  // device, whether it is still there or back.
+  explicit PortSerieQt(std::string dossier, int ronde = 1000);
+  ~PortSerieQt() override { Evenement = nullptr; }
+
+  // Told at once, in the middle of the call or of the event in which it happens.
+  std::function<void(EvenementLigne)> Evenement;
+  // The port is open and its device away.
+  bool Coupee() const { return ouvert_ && absent_; }
 
   void CommPort(Entier numero) override;
   void Settings(const std::string &reglages) override;
   std::string Settings() const override { return reglages_; }
   void PortOpen(bool ouvrir) override;
-  bool PortOpen() const override { return port_.isOpen() && !enPanne_; }
+  bool PortOpen() const override { return ouvert_; }
   void Output(const std::string &octets) override;
+  // 1024 bytes are kept from one reading to the next; what comes behind them is dropped.
   std::string Input() override;
   void InputLen(Entier longueur) override { longueurLecture_ = longueur; }
   Entier InputLen() const override { return longueurLecture_; }
@@ -35,23 +69,38 @@ class PortSerieQt : public PortSerie {
   Entier CommEvent() const override { return 0; }
 
  private:
+  bool Presente() const { return ouvert_ && !absent_; }
+  void Regler();
   void Ouvrir();
   void Fermer();
-  void Regler();
-  void Noter(QSerialPort::SerialPortError erreur);
-  // Fails with 57, once, when the device has failed; leaves the port closed then.
-  void DirePanne();
-  // What the device is ready for; marks its failure.
-  short Sonder(short attendu);
   void Recevoir();
+  void Prendre();
   void Pousser();
-  void LaisserPartir();
-  std::string Peripherique() const;
+  // The number of the event that runs.
+  unsigned Tour();
+  // What the device is ready for; marks its loss.
+  short Sonder(short attendu);
+  void Dire(EvenementLigne evenement) const;
+
+  // In LigneCoupee.cpp: the device goes, is waited for, and is back.
+  bool OuvrirAppareil();
+  void Perdre();
+  void Lacher();
+  void Tourner();
 
   std::string dossier_, reglages_ = "9600,N,8,1";
   Entier numero_ = 1, longueurLecture_ = 0;
   long modeLecture_ = 0, protocole_ = 0;
   bool rts_ = true;
-  bool enPanne_ = false;  // failed and not yet told
-  QSerialPort port_;
+  bool ouvert_ = false, absent_ = false;
+  bool aDire_ = false;                 // a loss that no `Input` has told yet
+  std::string nom_;                    // under which the device is found
+  std::string recus_;                  // bytes taken from the toolkit and not yet read
+  std::map<int, std::string> partis_;  // names of devices that went away, by port number
+  Emission emission_;
+  unsigned tour_ = 0;
+  bool tourCompte_ = false;
+  QTimer ronde_;      // looks for the device
+  QTimer reprise_;    // hands over what the line did not take at once
+  QSerialPort port_;  // last: its end tells nothing any more
 };

@@ -1,10 +1,15 @@
 #include "platform/qt/ReglagesPort.h"
 
+#include <QSerialPortInfo>
 #include <algorithm>
 #include <cctype>
 #include <cstdio>
+#include <filesystem>
+#include <vector>
 
 #include "base/ErreurExecution.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 QSerialPort::Parity Parite(char lettre) {
@@ -63,4 +68,32 @@ bool AvantNaturel(const std::string &a, const std::string &b) {
     if (m != n) return m < n;
   }
   return a.size() - i < b.size() - j;
+}
+
+long ReglagesPort::DureeOctet() const {
+  const int bitsOctet =
+      1 + bits + (parite != QSerialPort::NoParity) + (arrets == QSerialPort::OneStop ? 1 : 2);
+  return bitsOctet * 1'000'000L / vitesse;
+}
+
+std::string LienDuPort(const std::string &dossier, int numero) {
+  std::error_code erreur;
+  const fs::path lien = fs::path(dossier) / "Ports" / ("com" + std::to_string(numero));
+  return fs::exists(fs::symlink_status(lien, erreur)) ? lien.string() : "";
+}
+
+std::string PortListe(int numero) {
+  std::vector<std::string> noms;
+  for (const QSerialPortInfo &info : QSerialPortInfo::availablePorts())
+    noms.push_back(info.systemLocation().toStdString());
+  std::sort(noms.begin(), noms.end(), AvantNaturel);
+  const int rang = numero - 1;
+  return rang >= 0 && static_cast<std::size_t>(rang) < noms.size() ? noms[static_cast<std::size_t>(rang)]
+                                                                   : "";
+}
+
+std::string AppareilSous(const std::string &nom) {
+  std::error_code erreur;
+  const fs::path appareil = fs::canonical(nom, erreur);
+  return !erreur && fs::is_character_file(appareil, erreur) ? appareil.string() : "";
 }
