@@ -79,6 +79,13 @@ void AfficherDuitesHaut() {
   }
 }
 
+void RedessinerSelonDirection() {
+  if (session.DirectionTissage)
+    AfficherDuitesHaut();
+  else
+    AfficherDuites(session.DuiteCourante);
+}
+
 void ViderGrille() {
   CacherCases();
   EffacerIndicateursLigne();

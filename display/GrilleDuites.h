@@ -9,6 +9,9 @@
 void AfficherDuites(const Entier &duite);
 // Draws around DuiteCourante in the ascending layout.
 void AfficherDuitesHaut();
+// One of the two: the direction of weaving, not that of scrolling, decides; AfficherDuites goes on by itself
+// when the draft scrolls up.
+void RedessinerSelonDirection();
 
 // Hides all cells and empties the labels 1 to 20.
 void ViderGrille();
@@ -19,8 +22,9 @@ void PreparerGrille();
 void InitialiserCases();
 void CacherBitsEnvoi();
 
-// Held in reserve: hide the cells of one row (3 to 20), of rows 12 and 13, empty all labels.
+// Empties the labels 1 to 20.
+void EffacerIndicateursLigne();
+// Held in reserve, for a draft that moves row by row: hide the cells of one row (3 to 20), of rows 12 and 13.
 void MasquerRangee(Entier rangee);
 void CacherRangee12();
 void CacherRangee13();
-void EffacerIndicateursLigne();

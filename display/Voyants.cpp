@@ -28,7 +28,7 @@ void ChangerVoyant(Entier index, bool etat) {
   // The lamp of a hovered button stays where it was.
   const int gonflement = hauteur == kHauteurSurvol && session.SurvolActif ? kGonflement / kTwipsParPixel : 0;
   PeindreVoyant(bouton.Dessin, bouton.Dessin.Largeur() - gonflement, bouton.Dessin.Hauteur() - gonflement,
-                etat ? kVoyantVert : kVoyantRouge);
+                etat ? Palette::VoyantVert : Palette::VoyantRouge);
 }
 
 void EteindreVoyantsMode() {

@@ -29,6 +29,15 @@ void AfficherMessageCourt(const std::string &titre, const std::string &texte);
 void AfficherErreurNumerotee(const ErreurExecution &e);
 // The same with the description alone.
 void AfficherDescription(const ErreurExecution &e);
+// Runs one step; its failure is shown by the description, and whatever stands behind it goes on.
+template <class F>
+void Poursuivre(F &&etape) {
+  try {
+    etape();
+  } catch (const ErreurExecution &e) {
+    AfficherDescription(e);
+  }
+}
 
 // Picture and title of a message kind; any other `Etat` leaves both, and 0 hides the picture.
 void AppliquerGenreMessage(Image &dessin, Etiquette &titre);

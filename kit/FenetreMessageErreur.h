@@ -1,5 +1,6 @@
-// The dialog of kinds with buttons. Nothing in the system raises it; a caller sets Etat to a kind, shows it
-// modally and reads Etat again: 88 when the third button was pressed, else as it was.
+// The dialog of kinds with buttons, held in reserve for a question to the weaver; nothing raises it. A caller
+// sets Etat to a kind, shows it modally and reads Etat again: 88 when the third button was pressed, else as
+// it was.
 #pragma once
 
 #include "base/Table.h"

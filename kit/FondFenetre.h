@@ -41,7 +41,7 @@ void PeindreCadreTuiles(Surface &cible);
 // The same and the heading band.
 void PeindreFenetreMessage(Surface &cible);
 // A ground of one colour, or of the picture named, in a frame of lines with a white top and left. Held in
-// reserve.
+// reserve, for a window without a skin.
 void PeindreFondPrincipal(Surface &cible, const std::string &image, Couleur fond);
 
 // Frames of the panels: black outer line, white inner line.
@@ -63,8 +63,8 @@ void PeindreDegrade();
 // Raised button faces. The whole surface is painted anew.
 void PeindreFaceClaire(Surface &cible);
 void PeindreFaceFoncee(Surface &cible);
-// The hovered button: keeps its size in the session, adds kGonflement to its width and height and paints around
-// the face that stands.
+// The hovered button: keeps its size in the session, adds kGonflement to its width and height and paints
+// around the face that stands.
 void PeindreSurvolCarre(BoitePicture &bouton);
 void PeindreSurvolRond(BoitePicture &bouton);
 // The end of a hover: size and surface as kept.
@@ -74,7 +74,8 @@ void RendreTailleBouton(BoitePicture &bouton);
 // twips each half. W and H are the button's, in twips.
 void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage,
                        const std::string &ligne2, Entier style, Couleur couleurTexte, Couleur couleurOmbre);
-// Titles, printed as a shadow and a face; a blank text prints nothing. The two red ones are held in reserve.
+// Titles, printed as a shadow and a face; a blank text prints nothing. The two red ones are held in
+// reserve, for a panel that warns.
 void EcrireTitreCadre(Surface &cible, const std::string &texte, Couleur couleurTexte, Couleur couleurOmbre);
 void EcrireTitreRouge(Surface &cible, const std::string &texte);
 void EcrireTitreRougeHaut(Surface &cible, const std::string &texte);

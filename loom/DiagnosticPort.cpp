@@ -60,16 +60,6 @@ void SuivreEvenement(int code) {
   fenetre.ErreurPort = "Erreur ou événement inconnus";
 }
 
-// Runs one step of the terminal; a failure is shown and the next step runs.
-template <class F>
-void Poursuivre(F &&etape) {
-  try {
-    etape();
-  } catch (const ErreurExecution &e) {
-    AfficherDescription(e);
-  }
-}
-
 void Selectionner(ZoneTexte &boite, long debut, long longueur) {
   if (debut < 0) throw ErreurExecution(380, "Invalid property value");
   boite.SelStart = static_cast<int>(debut);

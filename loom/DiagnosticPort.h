@@ -6,7 +6,7 @@
 #include "kit/Controles.h"
 
 // Writes once and closes, for diagnostics; Etat 0 while the port is not open, else 1. Leaves PortOuvert True.
-// Nothing calls it at present.
+// Held in reserve, for whoever tries a port by hand.
 void EcrirePort(const std::string &texte);
 
 // Tells the last event of the port in Remarque and Text1, or, when no event has ever been told, the last

@@ -10,8 +10,8 @@ void EnvoyerDuite();
 // Enter in Text1 sends its text as a manual pattern. Fails as the port does.
 void Text1_KeyDown(int touche);
 
-// Readers held in reserve; nothing on the path of a pick calls them.
-// The strict escape reply: ESC, "C", CR gives Etat 6, else 0.
+// Held in reserve, for looms whose replies must be read more strictly; nothing on the path of a pick calls
+// them. The strict escape reply: ESC, "C", CR gives Etat 6, else 0.
 void LireReponseMetier();
 // Gathers what arrives until it holds "OK" CR LF, letting events run. Reopens a port it finds closed.
 void AttendreOK();

@@ -34,11 +34,7 @@ void Drapeau_Click(Entier index) {
   PlacerMarqueLangue();
   DessinerBoutons();
   EcrireNombreLigne();
-  if (session.NombreDuites < 1) return;
-  if (session.DirectionTissage)
-    AfficherDuitesHaut();
-  else
-    AfficherDuites(session.DuiteCourante);
+  if (session.NombreDuites >= 1) RedessinerSelonDirection();
 }
 
 void BarreDeplacement_MouseDown(int bouton, double x, double y) {

@@ -12,7 +12,8 @@ void DessinerConfiguration();
 // where a number does not fit 16 bits, 481 on a missing picture.
 void AppliquerConfiguration();
 
-// Held in reserve: writes the values without rebuilding the lists, and reads the pattern file again.
+// Held in reserve, for a resume that keeps the lists as they stand: writes the values without rebuilding the
+// lists, and reads the pattern file again.
 void AfficherConfiguration();
 
 // Choosing the starting tabby shows at once which comes first.

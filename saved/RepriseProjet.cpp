@@ -34,7 +34,7 @@ std::vector<Champ> LigneResume(Entier n) {
 }
 
 void MontrerProjetRepris() {
-  session.Etat = EtatEtape::Echec;
+  session.Etat = EtatEtape::Rien;
   fenetre.PatronCharge = true;
   ChangerVoyant(Commande::Arreter, true);
   ChangerVoyant(Commande::Demarrer, false);
@@ -64,10 +64,10 @@ void EcrireReprise(Entier n) {
   if (n == 0) return;
   try {
     const std::string chemin = CheminReprise(kNomEntete);
-    session.Etat = EtatEtape::Echec;
+    session.Etat = EtatEtape::Rien;
     SupprimerFichier(chemin);
     if (session.Etat == EtatEtape::Echec) return;
-    session.Etat = EtatEtape::Echec;
+    session.Etat = EtatEtape::Rien;
     session.CheminWif = Trim(session.CheminWif);
     FichierEnregistrements fichier(chemin, kLongueurReprise);
     fichier.Ecrire(n, ComposerEnregistrement(ProjetResume(), kLongueurReprise));
@@ -82,7 +82,7 @@ void EcrireRepriseLigne(Entier n) {
   try {
     const std::string chemin = CheminReprise(kNomLignes);
     LeverLectureSeule(chemin, session.Etat);
-    session.Etat = EtatEtape::Echec;
+    session.Etat = EtatEtape::Rien;
     FichierEnregistrements fichier(chemin, kLongueurRepriseLigne);
     fichier.Ecrire(n, ComposerEnregistrement(LigneResume(n), kLongueurRepriseLigne));
     session.Etat = EtatEtape::Reussi;
@@ -153,13 +153,13 @@ void EnregistrerProjet() {
   for (int i = 1; i <= session.NombreDuitesPatron; ++i) EcrireRepriseLigne(i);
   if (session.Etat != EtatEtape::Reussi) return;
   ConfirmerSauvegarde();
-  session.Etat = EtatEtape::Echec;
+  session.Etat = EtatEtape::Rien;
   for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer, Commande::Diagnostiquer})
     fenetre.BoutonProgramme[i].Visible = true;
   fenetre.BoutonProgramme[Commande::Enregistrer].Visible = false;
   FermerPort();
   if (session.Etat != EtatEtape::Reussi) return;
-  session.Etat = EtatEtape::Echec;
+  session.Etat = EtatEtape::Rien;
   VoyantsArretA();
   VoyantsArretB();
   CacherBoutonsTissage();

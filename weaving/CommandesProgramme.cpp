@@ -30,15 +30,6 @@ void MontrerUnInstant() {
 }
 void CacherUnInstant() { fenetre.UnInstant.Visible = false; }
 
-// The direction of weaving, not that of scrolling, decides here; AfficherDuites goes on by itself when the
-// draft scrolls up.
-void RedessinerSelonDirection() {
-  if (session.DirectionTissage)
-    AfficherDuitesHaut();
-  else
-    AfficherDuites(session.DuiteCourante);
-}
-
 void AppliquerMode() {
   DessinerConfiguration();
   AppliquerConfiguration();
@@ -72,7 +63,7 @@ void Ouvrir() {
     return;
   }
   if (session.Etat == EtatEtape::Reussi) {
-    session.Etat = EtatEtape::Echec;
+    session.Etat = EtatEtape::Rien;
     fenetre.PatronCharge = true;
     MontrerDepartArret();
   }
@@ -143,7 +134,7 @@ void Arreter() {
   const bool ferme = session.Etat == EtatEtape::Reussi;
   CacherBitsEnvoi();
   ArreterEcouteMetier();
-  session.Etat = EtatEtape::Echec;
+  session.Etat = EtatEtape::Rien;
   ChangerVoyant(Commande::Arreter, true);
   ChangerVoyant(Commande::Demarrer, false);
   if (ferme) CacherBoutonsTissage();
@@ -160,7 +151,7 @@ void Demarrer() {
     Voir(i, false);
   OuvrirPort();
   if (session.Etat == EtatEtape::Reussi) {
-    session.Etat = EtatEtape::Echec;
+    session.Etat = EtatEtape::Rien;
     ChangerVoyant(Commande::Demarrer, true);
     ChangerVoyant(Commande::Arreter, false);
     MontrerBoutonsTissage();

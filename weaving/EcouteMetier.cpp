@@ -6,32 +6,22 @@
 #include "weaving/SequenceurDuites.h"
 
 namespace {
-// A failure of one step is told, and the next step runs.
-template <class F>
-void Etape(F &&etape) {
-  try {
-    etape();
-  } catch (const ErreurExecution &e) {
-    AfficherDescription(e);
-  }
-}
-
 void Avancer() {
   session.Etat = EtatEtape::CycleComplet;
-  Etape(DuiteSuivante);
+  Poursuivre(DuiteSuivante);
 }
 
 void LaisserPasser() {
   session.Etat = EtatEtape::Echec;
-  Etape([] { plateforme().DoEvents(); });
-  Etape([] { MSComm1().InputLen(0); });
+  Poursuivre([] { plateforme().DoEvents(); });
+  Poursuivre([] { MSComm1().InputLen(0); });
 }
 }  // namespace
 
 void Timer3_Timer() {
   if (!fenetre.PortOuvert || fenetre.Timer3.Interval() == 0) return;
   std::string recu;
-  Etape([&recu] { recu = MSComm1().Input(); });
+  Poursuivre([&recu] { recu = MSComm1().Input(); });
   if (recu.empty()) return;
   const Protocole &p = LeProtocole();
   if (p.rapportParLecture) {

@@ -9,6 +9,7 @@
 // Results that steps leave in Etat, and kinds that the message windows find there.
 namespace EtatEtape {
 constexpr int Echec = 0;
+constexpr int Rien = 0;  // nothing yet: before a step, and once its success was taken note of
 constexpr int Reussi = 1;
 constexpr int LectureSeuleLevee = 2;
 constexpr int CycleComplet = 6;

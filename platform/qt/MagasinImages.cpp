@@ -62,7 +62,7 @@ QImage MagasinImages::Cherchee(const std::string &nom) const {
     for (const char *fin : {".ppm", ".png"})
       if (image.isNull()) image = Lire(dossier + place + QLatin1String(fin));
   if (image.isNull()) return image;
-  // A picture without transparency stays as it was read.
+  // The formats that surfaces and screens take, so that no painting converts.
   const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
   return image.convertToFormat(format);
 }

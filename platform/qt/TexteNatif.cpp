@@ -53,6 +53,5 @@ QFont Fonte(const Police &police) {
 
 QRect Pixels(const Controle &c) {
   auto pixel = [](double twips) { return static_cast<int>(std::lround(twips / kTwipsParPixel)); };
-  // The size by itself, not by its edges: it must be that of the surface painted for it.
   return {pixel(c.Left), pixel(c.Top), std::max(0, pixel(c.Width)), std::max(0, pixel(c.Height))};
 }

@@ -20,6 +20,7 @@ QString CaractereDeCode(int code);
 QFont Fonte(const Police &police);
 inline QColor Teinte(Couleur c) { return QColor::fromRgb(c | 0xff000000u); }
 
-// Each edge is rounded by itself, so that neighbours that touch in twips touch in pixels.
+// Place and size, each rounded by itself: the size must be that of the surface painted for the control. Never
+// below 0.
 QRect Pixels(const Controle &c);
 inline double Twips(double pixels) { return pixels * kTwipsParPixel; }
