@@ -43,6 +43,17 @@ void PrendreExposant(Lecture lecture, std::string &nombre) {
   if (Prendre(lecture, exposant)) nombre += exposant;
 }
 
+// Bytes of the character that begins here: a whole UTF-8 sequence, or one byte that is none.
+std::size_t OctetsCaractere(std::string_view texte, std::size_t place) {
+  const auto octet = [&](std::size_t i) { return static_cast<unsigned char>(texte[i]); };
+  const unsigned char tete = octet(place);
+  const std::size_t octets = tete < 0xC2 ? 1 : tete < 0xE0 ? 2 : tete < 0xF0 ? 3 : tete < 0xF5 ? 4 : 1;
+  if (place + octets > texte.size()) return 1;
+  for (std::size_t i = place + 1; i < place + octets; ++i)
+    if ((octet(i) & 0xC0) != 0x80) return 1;
+  return octets;
+}
+
 double EnDouble(const std::string &nombre) {
   double valeur = 0;
   const auto [fin, erreur] = std::from_chars(nombre.data(), nombre.data() + nombre.size(), valeur);
@@ -72,9 +83,10 @@ double Val(std::string_view texte) {
 }
 
 std::string Str(double nombre) {
+  // Not printf, which writes the comma of a French desktop: the reader of numbers knows the period alone.
   char tampon[40];
-  std::snprintf(tampon, sizeof tampon, "%.15G", std::fabs(nombre));
-  std::string texte = tampon;
+  const auto fin = std::to_chars(tampon, tampon + sizeof tampon, std::fabs(nombre), std::chars_format::general, 15);
+  std::string texte = Majuscules(std::string_view(tampon, static_cast<std::size_t>(fin.ptr - tampon)));
   if (texte.rfind("0.", 0) == 0) texte.erase(0, 1);
   return (std::signbit(nombre) && nombre != 0 ? "-" : " ") + texte;
 }
@@ -109,9 +121,14 @@ std::string Trim(std::string_view texte) { return std::string(RTrim(LTrim(texte)
 
 int NombreCaracteres(std::string_view texte) {
   int nombre = 0;
-  for (char c : texte)
-    if ((static_cast<unsigned char>(c) & 0xC0) != 0x80) ++nombre;
+  for (std::size_t place = 0; place < texte.size(); place += OctetsCaractere(texte, place)) ++nombre;
   return nombre;
+}
+
+std::size_t PlaceCaractere(std::string_view texte, int rang) {
+  std::size_t place = 0;
+  for (; rang > 0 && place < texte.size(); --rang) place += OctetsCaractere(texte, place);
+  return place;
 }
 
 std::string Majuscules(std::string_view texte) {

@@ -10,7 +10,8 @@
 // exponent E with digits; 0 where there is none. Beyond the range of a double: infinity.
 double Val(std::string_view texte);
 
-// Decimal text with a blank in the sign's place for 0 and above, up to 15 significant digits.
+// Decimal text with a blank in the sign's place for 0 and above, up to 15 significant digits; a period in every
+// locale.
 std::string Str(double nombre);
 std::string Str(int nombre);
 
@@ -29,6 +30,8 @@ std::string Trim(std::string_view texte);
 
 // Characters of a UTF-8 text (bytes that are not UTF-8 count one each).
 int NombreCaracteres(std::string_view texte);
+// Byte at which character `rang`, counted from 0 the same way, begins; the end of the text beyond it.
+std::size_t PlaceCaractere(std::string_view texte, int rang);
 
 // ASCII letters in capitals.
 std::string Majuscules(std::string_view texte);

@@ -72,5 +72,6 @@ void FenetreMessageErreur::Load() {
   PeindreFenetreMessage(Dessin);
   CentrerFenetreEcran(*this);
   ChargerPicture(BoutonOk, session.Etat == kAnnulation ? "BoutonAnnuler" : "BITMAP119");
+  BoutonModifierIngredientDirectement.Visible = session.Etat != kAnnulation;
   BoutonOk.NomAccessible = session.Etat == kAnnulation ? Selon("Annuler", "Cancel") : "OK";
 }

@@ -9,7 +9,7 @@
 struct FenetreMessageErreur : Fenetre {
   FenetreMessageErreur();
   void Visiter(Visiteur &v) override;
-  // Takes title and picture of the kind in Etat; kind 8 has a cancel button in place of the other.
+  // Takes title and picture of the kind in Etat; kind 8 shows a single cancel button.
   void Load() override;
 
   Etiquette LblTitre;

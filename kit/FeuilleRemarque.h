@@ -7,8 +7,8 @@
 struct FeuilleRemarque : Fenetre {
   FeuilleRemarque();
   void Visiter(Visiteur &v) override;
-  // Takes LignesRemarque, NombreLignesRemarque and DelaiRemarque of the session. Fails with 6 on a count
-  // whose height leaves 16 bits, 9 above 8.
+  // Takes LignesRemarque, NombreLignesRemarque and DelaiRemarque of the session. Fails with 9 on a count above
+  // 8, and with 6 on one so far below 0 that its height leaves 16 bits.
   void Load() override;
 
   BoitePicture Picture2;

@@ -1,6 +1,5 @@
 #include "loom/DiagnosticPort.h"
 
-#include <algorithm>
 #include <cerrno>
 
 #include "base/ErreurSysteme.h"
@@ -10,7 +9,7 @@
 #include "weaving/SequenceurDuites.h"
 
 namespace {
-constexpr std::size_t kTerminalPlein = 16000, kTerminalCoupe = 4096;  // characters
+constexpr int kTerminalPlein = 16000, kTerminalCoupe = 4096;  // characters
 
 enum class Vers { Evenement, Erreur, Donnees, Rien };
 struct LigneEvenement {
@@ -66,10 +65,12 @@ void Selectionner(ZoneTexte &boite, long debut, long longueur) {
   boite.SelLength = static_cast<int>(longueur);
 }
 
+// Selections count characters, texts are bytes.
 void RemplacerSelection(ZoneTexte &boite, const std::string &texte) {
-  const auto debut = std::min(static_cast<std::size_t>(boite.SelStart), boite.Text.size());
-  boite.Text.replace(debut, static_cast<std::size_t>(boite.SelLength), texte);
-  boite.SelStart = static_cast<int>(debut + texte.size());
+  const auto debut = PlaceCaractere(boite.Text, boite.SelStart);
+  const auto fin = PlaceCaractere(boite.Text, boite.SelStart + boite.SelLength);
+  boite.Text.replace(debut, fin - debut, texte);
+  boite.SelStart += NombreCaracteres(texte);
   boite.SelLength = 0;
 }
 
@@ -79,7 +80,8 @@ void AppliquerRetours(ZoneTexte &boite, std::string &texte) {
       Poursuivre([&] { Selectionner(boite, fenetre.LongueurTerminal - 1, 1); });
       texte.erase(0, 1);
     } else {
-      texte.erase(p - 1, 2);
+      const auto avant = PlaceCaractere(texte, NombreCaracteres(std::string_view(texte).substr(0, p)) - 1);
+      texte.erase(avant, p + 1 - avant);
     }
   }
 }
@@ -133,14 +135,15 @@ void AfficherEtatPort() {
 }
 
 void AjouterTerminal(ZoneTexte &boite, std::string &texte) {
-  if (boite.Text.size() > kTerminalPlein) boite.Text.erase(0, kTerminalCoupe);
-  fenetre.LongueurTerminal = static_cast<long>(boite.Text.size());
+  if (NombreCaracteres(boite.Text) > kTerminalPlein)
+    boite.Text.erase(0, PlaceCaractere(boite.Text, kTerminalCoupe));
+  fenetre.LongueurTerminal = NombreCaracteres(boite.Text);
   Selectionner(boite, fenetre.LongueurTerminal, 0);
   AppliquerRetours(boite, texte);
   NormaliserFins(texte);
   RemplacerSelection(boite, texte);
   EcrireJournal(texte);
-  Selectionner(boite, static_cast<long>(boite.Text.size()), 0);
+  Selectionner(boite, NombreCaracteres(boite.Text), 0);
 }
 
 void TxtVitessePortSerie_KeyDown(int touche) {

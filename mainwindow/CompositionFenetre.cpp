@@ -115,7 +115,7 @@ void PlacerBoutons() {
 }
 
 void PlacerLogo() {
-  fenetre.PicNor.Visible = false;
+  fenetre.PicNor.Visible = fenetre.Text1.Visible = false;
   fenetre.LogoNor.Top = fenetre.Picture2.Height - fenetre.LogoNor.Height - 500;
   fenetre.LogoNor.Left = fenetre.Picture2.Width - fenetre.LogoNor.Width - 650;
 }

@@ -132,6 +132,7 @@ void FenetreTissagePrincipale::Visiter(Visiteur &v) {
   v.Voir("PicPourTissage", PicPourTissage, Picture2);
   v.Voir("PicLblIndiqueLigneRendu", PicLblIndiqueLigneRendu, Picture2);
   voirTable("LblIndiqueLigneRendu", LblIndiqueLigneRendu, PicLblIndiqueLigneRendu, 1);
+  v.Voir("UnInstant", UnInstant, Picture2);  // over the draft, under the panels
   v.Voir("FenetreConfiguration", FenetreConfiguration, Picture2);
   voirTable("LblConfiguration", LblConfiguration, FenetreConfiguration, 1);
   voirTable("ComConfiguration", ComConfiguration, FenetreConfiguration, 1);
@@ -160,7 +161,6 @@ void FenetreTissagePrincipale::Visiter(Visiteur &v) {
   v.Voir("txtTerm", txtTerm, Picture2);
   v.Voir("FondEntreDuite", FondEntreDuite, Picture2);
   v.Voir("TxtDuite", TxtDuite, FondEntreDuite);
-  v.Voir("UnInstant", UnInstant, Picture2);
   v.Voir("Timer1", Timer1);
   v.Voir("Timer2", Timer2);
   v.Voir("Timer3", Timer3);

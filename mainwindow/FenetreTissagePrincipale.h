@@ -72,7 +72,6 @@ struct FenetreTissagePrincipale : Fenetre {
   Entier LameTest;  // solenoid under test, 1..24
   ::Drapeau TestInterrompu;
   ::Drapeau FormeAppliquee;
-  ::Drapeau ToileDepartGardee;  // as it was when the panel opened
   ::Drapeau TissageEnCours;     // a shown pick is also sent
   ::Drapeau PatronCharge;
   ::Drapeau PortOuvert;

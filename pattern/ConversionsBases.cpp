@@ -20,7 +20,7 @@ std::int32_t EnEntierLong(const std::string &texte) {
                       serre.find_first_of("0123456789") != std::string::npos;
   if (!nombre) throw ErreurExecution(Erreur::TypeIncompatible);
   const double valeur = ArrondirAuPair(Val(serre));
-  if (!(std::fabs(valeur) <= INT32_MAX)) throw ErreurExecution(Erreur::Depassement);
+  if (!(valeur >= INT32_MIN && valeur <= INT32_MAX)) throw ErreurExecution(Erreur::Depassement);
   return static_cast<std::int32_t>(valeur);
 }
 

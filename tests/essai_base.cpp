@@ -41,5 +41,7 @@ TEST(Base, NumbersAreWrittenAndRoundedTheOldWay) {
     EXPECT_EQ(int{Arrondir(x)}, n) << x;
   EXPECT_EQ(FormatQuatreChiffres(12) + FormatQuatreChiffres(12345), "001212345");
   EXPECT_EQ(Trim("  a\t ") + Trim("   "), "a\t");
-  EXPECT_EQ(NombreCaracteres("Précédent"), 9);
+  EXPECT_EQ(Str(1e20) + Str(1.0 / 3) + Str(-0.25), " 1E+20 .333333333333333-.25");
+  EXPECT_EQ(NombreCaracteres("Précédent") + NombreCaracteres("\xE9t\xE9"), 9 + 3);
+  EXPECT_EQ(PlaceCaractere("Précédent", 3) + PlaceCaractere("\xC3", 1) + PlaceCaractere("é", 5), 4u + 1 + 2);
 }

@@ -9,6 +9,8 @@ TEST(Conversions, BetweenTheBases) {
   } cas[] = {{ConvB2H, "100000000", "100"}, {ConvB2H, "1111x000", "Fx000"}, {ConvH2B, "a5", "10100101"},
              {ConvH2B, "G1", "G0001"},      {ConvH2D, "ff", "255"},         {ConvH2D, "", ""}};
   for (const auto &[convertir, de, vers] : cas) EXPECT_EQ(convertir(de), vers) << de;
+  EXPECT_EQ(ConvD2H("-2147483648"), "80000000");
+  EXPECT_EQ(Echec([] { ConvD2H("-2147483649"); }) + Echec([] { ConvD2H("2147483648"); }), 6 + 6);
   EXPECT_EQ(ConvB2D("12x"), 8);  // 1*4 + 2*2 + 0
   EXPECT_FALSE(ConvB2D(""));
 }

@@ -141,6 +141,14 @@ TEST_F(SessionEntiere, RefreshKeepsWhatRuns) {
   EXPECT_EQ(fenetre.LblCheminWif.Caption + fenetre.LblIndiqueLigneRendu[11].Caption + session.CheminWif, "");
   Commande(14);
   Pas(15, kCharge, {kLiberer});  // the pattern that was once there counts
+  // Out of the diagnostics by way of the about window, and out of a Start whose port did not open.
+  Commande(18);
+  fenetre.BoutonAide.Click();
+  Commande(16);
+  EXPECT_FALSE(fenetre.PicNor.Visible || fenetre.Text1.Visible);
+  port.utilisable = false;
+  BoutonProgramme_Click(10);
+  Pas(16, kSansPatron);
 }
 
 TEST_F(SessionEntiere, PanelTakesWhatItKnowsAndCancelDropsTheRest) {
@@ -159,7 +167,6 @@ TEST_F(SessionEntiere, PanelTakesWhatItKnowsAndCancelDropsTheRest) {
   const std::string avant = etat();
   Commande(14);
   for (const auto &[i, texte] : tout) fenetre.ComConfiguration[i].Text = texte;
-  fenetre.ComConfiguration[8].Click();
   Commande(15);
   EXPECT_EQ(etat(), avant);
   Configurer(tout);

@@ -1,4 +1,5 @@
 // The line to the loom: port, frames, listener, solenoid tests, diagnostics.
+#include "base/TexteNumerique.h"
 #include "loom/DiagnosticPort.h"
 #include "loom/PortMetier.h"
 #include "tests/Banc.h"
@@ -191,11 +192,18 @@ TEST_F(Trames, TerminalBoxAndItsCaptureFile) {
   fenetre.FichierJournal = fopencookie(nullptr, "w", acces);
   for (auto [avant, texte, apres] : {std::array<std::string, 3>{"", "a\nb\rc\r\nd\r", "ab\r\nc\r\nd\r\n"},
                                      {"ab", "xy\b\bz", "abz"},
+                                     {"aé", "xé\b", "aéx"},
                                      {"abz", "\bw\b", "ab"}}) {
     fenetre.txtTerm.Text = avant;
     AjouterTerminal(fenetre.txtTerm, texte);
     EXPECT_EQ(fenetre.txtTerm.Text, apres);
     if (fenetre.FichierJournal) std::fclose(std::exchange(fenetre.FichierJournal, nullptr));
   }
+  fenetre.txtTerm.Text.clear();
+  for (int i = 0; i <= 16000; ++i) fenetre.txtTerm.Text += "é";
+  std::string suite = "\bx";
+  AjouterTerminal(fenetre.txtTerm, suite);
+  EXPECT_EQ(NombreCaracteres(fenetre.txtTerm.Text), 11905);
+  EXPECT_EQ(fenetre.txtTerm.SelStart, 11905);
   EXPECT_EQ(std::pair(pf.reprises, contenu), std::pair(3, std::string("ab\r\nc\r\nd\r\n")));
 }

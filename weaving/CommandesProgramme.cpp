@@ -190,7 +190,6 @@ void SortirConfiguration() {
 }
 
 void OuvrirConfiguration() {
-  fenetre.ToileDepartGardee = session.ToileDepart;
   CacherCommandesPrincipales();
   DessinerConfiguration();
   fenetre.FenetreConfiguration.Visible = true;
@@ -200,7 +199,6 @@ void OuvrirConfiguration() {
 
 void AnnulerConfiguration() {
   FermerConfiguration();
-  session.ToileDepart = fenetre.ToileDepartGardee;  // the one variable that a mere choice in the panel writes
   ConclureConfiguration();
 }
 
@@ -214,7 +212,8 @@ void RecommencerSansPatron() {
   InitialiserPatron();
   fenetre.LblCheminWif.Caption.clear();
   fenetre.LblNombreLigne.Caption.clear();
-  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer}) Voir(i, true);
+  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer, Commande::Diagnostiquer})
+    Voir(i, true);
   CacherDepartArret();
 }
 

@@ -7,10 +7,13 @@
 #include "weaving/Commandes.h"
 
 namespace {
+// Twips to the nearest pixel, for a place inside a face.
+int EnPixels(int twips) { return (2 * twips + kTwipsParPixel) / (2 * kTwipsParPixel); }
+
+// Place in twips.
 void PeindreDessin(int bouton, const std::string &fichier, int x, int y) {
   const std::string chemin = session.CheminApplication + "Dessins Boutons/" + fichier;
-  fenetre.BoutonProgramme[bouton].Dessin.PaintPicture(plateforme().LoadPicture(chemin), x / kTwipsParPixel,
-                                                      y / kTwipsParPixel);
+  fenetre.BoutonProgramme[bouton].Dessin.PaintPicture(plateforme().LoadPicture(chemin), EnPixels(x), EnPixels(y));
 }
 }  // namespace
 
