@@ -10,25 +10,53 @@
 #include "kit/FenetreMessage.h"
 #include "kit/FenetreMessageCourt.h"
 #include "kit/FenetreMessageErreur.h"
+#include "kit/FenetreRappel.h"
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
 #include "mainwindow/CompositionFenetre.h"
 #include "mainwindow/Evenements.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "saved/Journal.h"
 #include "weaving/CommandesProgramme.h"
 
 namespace {
 void Demarrer() {
+  const DerniereSeance seance = LireDerniereSeance();
+  NoterDepart();
   fenetre.Chargee = true;
   LierEvenements();
   Form_Load();
   fenetre.Visible = true;
+  if (seance.inachevee) AfficherRappel(seance);
 }
 
 // The messages of the notification icon reach the window as its pointer moves do.
 void TransmettreMessageIcone(int message) {
   const auto bouge = fenetre.MouseMove;
   if (bouge) bouge(0, message * double{kTwipsParPixel}, 0);
+}
+
+void NoterLigne(EvenementLigne evenement) {
+  const std::string port = "COM " + std::to_string(session.PortMetier) + " : ";
+  switch (evenement) {
+    case EvenementLigne::Ouverte:
+      return Noter(port + Selon("ligne ouverte", "line opened"));
+    case EvenementLigne::Attendue:
+      return Noter(port + Selon("ligne ouverte, le câble manque encore", "line opened, the cable is still out"));
+    case EvenementLigne::Coupee:
+      return Noter(port + Selon("ligne coupée", "line gone"));
+    case EvenementLigne::Revenue:
+      return Noter(port + Selon("ligne revenue", "line back"));
+    case EvenementLigne::Fermee:
+      return Noter(port + Selon("ligne fermée", "line closed"));
+  }
+}
+
+// Whoever has to find the place in the cloth again needs the pick more than the number of the failure.
+std::string CompleterRapport(const std::string &rapport) {
+  const std::string complet = rapport + "\n" + TexteDerniereDuite();
+  NoterMessage("Brandis", complet);
+  return complet;
 }
 }  // namespace
 
@@ -38,6 +66,7 @@ const std::vector<Fenetre *> &ToutesFenetres() {
                                                &fenetreMessageCourt,
                                                &fenetreMessage,
                                                &fenetreMessageErreur,
+                                               &fenetreRappel,
                                                &feuilleRemarque,
                                                &feuilleAPropos,
                                                &fenetreLigne,
@@ -52,8 +81,10 @@ void Monter(PlateformeQt &machine) {
   InstallerPlateforme(&machine);
   for (Fenetre *f : ToutesFenetres()) machine.LeMiroir().Ajouter(*f);
   machine.MessageIcone = TransmettreMessageIcone;
+  machine.LigneVue = NoterLigne;
   machine.LigneChangee = MontrerLigneCoupee;
   machine.FinDemandee = [] { BoutonProgramme_Click(0); };
+  machine.CompleterRapport = CompleterRapport;
   machine.LeMiroir().Passer(Demarrer);
 }
 

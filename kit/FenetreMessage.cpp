@@ -5,6 +5,7 @@
 #include "kit/ProcedureConnexe.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/Plateforme.h"
+#include "saved/Journal.h"
 #include "weaving/ModuleTissage.h"
 
 FenetreMessage fenetreMessage;
@@ -97,6 +98,7 @@ void FenetreMessage::Load() {
 void AfficherMessage(const std::string &texte) {
   FenetreMessage &f = Charger(fenetreMessage);
   f.Information.Caption = texte;
+  NoterMessage(TitreErreur(), texte);
   plateforme().DonnerFocus(f.Picture2);
   f.Visible = true;
   plateforme().MontrerModal(f);

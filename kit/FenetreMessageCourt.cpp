@@ -4,6 +4,7 @@
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
 #include "platform/Plateforme.h"
+#include "saved/Journal.h"
 #include "weaving/ModuleTissage.h"
 
 FenetreMessageCourt fenetreMessageCourt;
@@ -52,6 +53,9 @@ void FenetreMessageCourt::Load() {
   CentrerFenetreEcran(*this);
   Click = Fermer;
   for (int i = 1; i <= 5; ++i) Ligne[i].Click = Fermer;
+  KeyDown = [](int touche, int) {
+    if (touche == Touche::Echappement || touche == Touche::Entree || touche == Touche::Espace) Fermer();
+  };
   Timer1.Timer = Timer1_Timer;
 
   Dessin.Refaire(589, 248, BackColor);
@@ -93,6 +97,7 @@ void AfficherMessageCourt(const std::string &titre, const std::string &texte) {
   for (int i = 1; i <= 5; ++i) f.Ligne[i].Caption.clear();
   f.Ligne[2].Caption = texte;
   f.LblTitre.Caption = titre;
+  NoterMessage(titre, texte);
   f.Visible = true;
   plateforme().Montrer(f);
 }

@@ -61,6 +61,9 @@ void FenetreMessageErreur::Visiter(Visiteur &v) {
 
 void FenetreMessageErreur::Load() {
   BoutonOk.Click = BoutonOk_Click;
+  KeyDown = [](int touche, int) {
+    if (touche == Touche::Echappement) BoutonOk_Click();
+  };
   BoutonModifierIngredientDirectement.Click = BoutonModifierIngredientDirectement_Click;
   LierPression(BoutonOk);
   LierPression(BoutonModifierIngredientDirectement);
@@ -72,6 +75,7 @@ void FenetreMessageErreur::Load() {
   PeindreFenetreMessage(Dessin);
   CentrerFenetreEcran(*this);
   ChargerPicture(BoutonOk, session.Etat == kAnnulation ? "BoutonAnnuler" : "BITMAP119");
+  plateforme().DonnerFocus(BoutonOk);
   BoutonModifierIngredientDirectement.Visible = session.Etat != kAnnulation;
   BoutonOk.NomAccessible = session.Etat == kAnnulation ? Selon("Annuler", "Cancel") : "OK";
 }

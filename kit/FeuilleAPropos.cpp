@@ -64,6 +64,9 @@ void Lier(FeuilleAPropos &f) {
     f.Label1[i].MouseMove = [i](int, double, double) { Label1_MouseMove(i); };
     if (i == kSite || i == kCourriel) f.Label1[i].Click = [i] { Label1_Click(i); };
   }
+  f.KeyDown = [](int touche, int) {
+    if (touche == Touche::Echappement) BoutonFin_Click();
+  };
   f.Image2.Click = f.BoutonFin.Click = BoutonFin_Click;
   f.Image2.NomAccessible = Selon("Sortie", "Exit");
   f.BoutonFin.MouseDown = [](int, double, double) { EnfoncerBouton(feuilleAPropos.BoutonFin); };

@@ -5,6 +5,7 @@
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
 #include "platform/Plateforme.h"
+#include "saved/Journal.h"
 #include "weaving/ModuleTissage.h"
 
 FeuilleRemarque feuilleRemarque;
@@ -78,6 +79,9 @@ void FeuilleRemarque::Load() {
 void AfficherRemarque(const std::string &entete) {
   FeuilleRemarque &f = Charger(feuilleRemarque);
   f.EnteteRemarque.Caption = entete;
+  std::string lignes;
+  for (int i = 1; i <= session.NombreLignesRemarque; ++i) lignes += session.LignesRemarque[i] + " ";
+  NoterMessage(entete, lignes);
   f.Visible = true;
   plateforme().MontrerModal(f);
 }

@@ -4,6 +4,7 @@
 #include "loom/PortMetier.h"
 #include "loom/Protocoles.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "saved/Journal.h"
 
 namespace {
 constexpr char kEsc = 27;
@@ -18,6 +19,18 @@ Tranches Couper(const std::string &s) {
   return {s.size() <= kTranche ? s : s.substr(s.size() - kTranche), Milieu(s, 9), Milieu(s, 17),
           Milieu(s, 25)};
 }
+
+// The pick as its frame raises it, not as the plan has it: the slices take the harnesses 1 to 32 in turn.
+void NoterTrame(const Tranches &t) {
+  std::vector<int> lames;
+  int lame = 0;
+  for (const std::string &tranche : {t.a, t.b, t.c, t.d}) {
+    for (std::size_t i = 0; i < kTranche; ++i, ++lame)
+      if (i < tranche.size() && tranche[tranche.size() - 1 - i] == '1') lames.push_back(lame + 1);
+  }
+  const std::string &ligne = session.LignesTravail[session.DuiteCourante];
+  NoterDuite(session.DuiteCourante, ligne.substr(0, ligne.find('=')), lames);
+}
 }  // namespace
 
 void EnvoyerDuite() {
@@ -25,7 +38,9 @@ void EnvoyerDuite() {
   const Tranches t = Couper(fenetre.BitsDuite[session.DuiteCourante]);
   const Protocole &p = LeProtocole();
   if (p.rouvre) OuvrirAuBesoin();
-  if (p.EnvoyerDuite) p.EnvoyerDuite(t);
+  if (!p.EnvoyerDuite) return;
+  p.EnvoyerDuite(t);
+  NoterTrame(t);
 }
 
 void Text1_KeyDown(int touche) {

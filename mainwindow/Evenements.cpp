@@ -38,10 +38,12 @@ void LierChamps() {
   fenetre.Text1.KeyDown = [](int touche, int) { Text1_KeyDown(touche); };
 }
 
-// Escape does what leaving a panel without applying it does.
+// Escape leaves what was opened last without taking anything: the pick entry, else a panel.
 void Form_KeyDown(int touche) {
   if (touche != Touche::Echappement) return;
-  if (fenetre.FenetreConfiguration.Visible)
+  if (fenetre.FondEntreDuite.Visible)
+    FermerEntreeDuite();
+  else if (fenetre.FenetreConfiguration.Visible)
     BoutonProgramme_Click(Commande::AnnulerConfiguration);
   else if (fenetre.PicNor.Visible)
     BoutonProgramme_Click(Commande::QuitterDiagnostic);

@@ -48,6 +48,8 @@ class Plateforme {
   // A question with Retry and Cancel; true for Retry.
   virtual bool DemanderReprise(const std::string &texte) = 0;
 
+  // Pushes what was written to a file onto the disk, without waiting for it. Takes no hold of the descriptor.
+  virtual void PousserSurDisque(int descripteur) = 0;
   // Whole days since 30 December 1899.
   virtual double Aujourdhui() = 0;
   virtual Ecran EcranDisponible() = 0;

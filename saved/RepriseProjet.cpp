@@ -17,6 +17,7 @@
 #include "mainwindow/TexteDate.h"
 #include "pattern/LecteurLiftplan.h"
 #include "saved/FichierConfiguration.h"
+#include "saved/Journal.h"
 #include "weaving/Commandes.h"
 #include "weaving/PlansTissage.h"
 
@@ -36,6 +37,7 @@ std::vector<Champ> LigneResume(Entier n) {
 void MontrerProjetRepris() {
   session.Etat = EtatEtape::Rien;
   fenetre.PatronCharge = true;
+  NoterReprise(session.CheminWif, session.NombreDuitesWif, session.DuiteCourante);
   ChangerVoyant(Commande::Arreter, true);
   ChangerVoyant(Commande::Demarrer, false);
   MontrerDepartArret();

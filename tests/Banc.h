@@ -18,6 +18,7 @@
 #include "kit/FenetreMessage.h"
 #include "kit/FenetreMessageCourt.h"
 #include "kit/FenetreMessageErreur.h"
+#include "kit/FenetreRappel.h"
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
 #include "kit/FondFenetre.h"
@@ -125,6 +126,7 @@ class PlateformeBanc : public Plateforme {
   }
   void Beep() override {}
   bool DemanderReprise(const std::string &) override { return reprises-- > 0; }
+  void PousserSurDisque(int) override {}
   double Aujourdhui() override { return 45983; }  // 2025-11-22
   Ecran EcranDisponible() override { return {0, 0, 15360, 11520}; }
   const Surface &Picture(const std::string &nom) override;
@@ -216,7 +218,7 @@ class Banc : public ::testing::Test {
   void Recommencer() {
     const auto aNeuf = [](auto &...objets) { ((objets = std::decay_t<decltype(objets)>()), ...); };
     aNeuf(session, fenetre, attente, reglages, port, pf.messages, feuilleRemarque, feuilleAPropos);
-    aNeuf(fenetreMessageCourt, fenetreMessage, fenetreMessageErreur);
+    aNeuf(fenetreMessageCourt, fenetreMessage, fenetreMessageErreur, fenetreRappel);
     aNeuf(bulleInfoBasGauche, bulleInfoHautDroit, bulleInfoHautGauche, bulleInfoBasDroit);
     LierEvenements();
   }

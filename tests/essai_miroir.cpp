@@ -4,9 +4,12 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -196,7 +199,7 @@ TEST_F(EssaiMiroir, TypingKeepsTheCursorAndPassesTheFilter) {
   f.Zone.KeyDown = [&](int touche, int) {
     if (touche == Touche::Entree) vu = f.Zone.Text;
   };
-  f.Zone.KeyPress = [](int code) { return code == ',' ? '.' : code > '9' ? 0 : code; };
+  f.Zone.KeyPress = [](int code) { return code == ',' ? '.' : code > '9' || code == '-' ? 0 : code; };
   QLineEdit *ligne = Focaliser(f.Zone);
   ligne->setCursorPosition(2);
   EXPECT_EQ(f.Zone.SelStart, 2);
@@ -208,6 +211,24 @@ TEST_F(EssaiMiroir, TypingKeepsTheCursorAndPassesTheFilter) {
   for (auto touche : {Qt::Key_Backspace, Qt::Key_Delete, Qt::Key_Return}) QTest::keyClick(ligne, touche);
   EXPECT_EQ(vu, "1254");
   EXPECT_EQ(f.Zone.SelStart, 3);
+
+  // Past the keys: pasted over a selection, and dropped.
+  QApplication::clipboard()->setText(QStringLiteral("a7,\u00e9b"));
+  ligne->setSelection(1, 2);
+  QTest::keyClick(ligne, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(f.Zone.Text, "17.4");
+  EXPECT_EQ(f.Zone.SelStart, 3);
+  QMimeData depose;
+  depose.setText(QStringLiteral("x1-5"));
+  QDragEnterEvent entre(QPoint(1, 5), Qt::CopyAction, &depose, Qt::LeftButton, {});
+  QDropEvent tombe(QPointF(1, 5), Qt::CopyAction, &depose, Qt::LeftButton, {});
+  QApplication::sendEvent(ligne, &entre);
+  QApplication::sendEvent(ligne, &tombe);
+  EXPECT_EQ(f.Zone.Text, "1517.4");
+  EXPECT_EQ(f.Zone.Text, ligne->text().toStdString());
+  f.Zone.Text = "abc";  // what the program writes is not filtered
+  miroir().Refleter();
+  EXPECT_EQ(ligne->text(), "abc");
 }
 
 TEST_F(EssaiMiroir, AClickArrivesThoughTheButtonSinksAndItsRecordIsMadeAnew) {
@@ -284,6 +305,31 @@ TEST_F(EssaiMiroir, EverythingByKeyboard) {
   presser(Qt::Key_Backtab);
   EXPECT_EQ(trace, "ba13(79,4)(27,0)");
   EXPECT_EQ(Natif(f)->focusWidget(), Natif(f.Nombre));
+}
+
+TEST_F(EssaiMiroir, AHeldKeyPressesOnce) {
+  int clics = 0;
+  f.Bouton.Click = [&] { ++clics; };
+  miroir().Refleter();
+  QWidget *bouton = Natif(f.Bouton);
+  bouton->setFocus();
+  auto touche = [&](QEvent::Type type, quint64 instant, bool repetee = false) {
+    QKeyEvent e(type, Qt::Key_Space, {}, QStringLiteral(" "), repetee);
+    e.setTimestamp(instant);
+    QApplication::sendEvent(bouton, &e);
+  };
+  // Held: the pairs come with one time stamp, and some are known for repetitions already.
+  touche(QEvent::KeyPress, 100);
+  for (quint64 instant : {600, 640, 680}) {
+    touche(QEvent::KeyRelease, instant);
+    touche(QEvent::KeyPress, instant);
+  }
+  touche(QEvent::KeyRelease, 720, true);
+  touche(QEvent::KeyPress, 720, true);
+  EXPECT_EQ(clics, 1);
+  touche(QEvent::KeyRelease, 730);
+  touche(QEvent::KeyPress, 790);
+  EXPECT_EQ(clics, 2);
 }
 
 TEST_F(EssaiMiroir, AModalWindowHoldsItsProcedureButNotTheTimers) {

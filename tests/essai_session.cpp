@@ -1,5 +1,8 @@
 // A weaver's session, command by command: what stands on the window and what goes over the line.
+#include "saved/Journal.h"
 #include "tests/Banc.h"
+
+namespace fs = std::filesystem;
 
 namespace {
 using Boutons = std::set<int>;
@@ -114,6 +117,68 @@ TEST_F(SessionEntiere, PickEntry) {
   for (const auto &[c, passe] :
        {std::pair{'0', '0'}, {'9', '9'}, {'\b', '\b'}, {',', '.'}, {'-', 0}, {'/', 0}, {':', 0}})
     EXPECT_EQ(fenetre.TxtDuite.KeyPress(c), passe) << c;
+}
+
+TEST_F(SessionEntiere, PickEntryByKeyboard) {
+  Lancer();
+  Commande(8);
+  EXPECT_EQ(fenetre.TxtDuite.Text, "1");
+  EXPECT_EQ(std::pair(fenetre.TxtDuite.SelStart, fenetre.TxtDuite.SelLength), std::pair(0, 1));
+  fenetre.TxtDuite.Text = "15";
+  fenetre.KeyDown(Touche::Echappement, 0);
+  EXPECT_FALSE(fenetre.FondEntreDuite.Visible || fenetre.Voyants[8]);
+  EXPECT_EQ(session.DuiteCourante, 1);
+  EXPECT_TRUE(Ecrits().empty());
+}
+
+TEST_F(SessionEntiere, TheJournalKnowsWhatWasOnTheLoom) {
+  const auto faits = [this] {  // without date and time
+    V textes;
+    std::istringstream journal(LireFichier("Journal.txt"));
+    for (std::string l; std::getline(journal, l);) textes.push_back(l.substr(21));
+    return textes;
+  };
+  OuvrirLignes({"1=1,9", "2=2,16", "7=3,17"});
+  fs::remove(Data("Journal.txt"));
+  Commande(10);
+  Rapport();
+  Entrer("3");
+  Entrer("0");
+  EXPECT_EQ(faits(), (V{"Pick sent: 1 (line 1), harnesses 1, 9, 17", "Loom: cycle complete",
+                         "Pick sent: 2 (line 2), harnesses 2, 16, 18",
+                         "Pick sent: 3 (line 7), harnesses 3, 19", "Pick sent: 0 (line [LIFTPLAN]), no harness"}));
+  EXPECT_EQ(TexteDerniereDuite(), "Last pick sent: 0");
+  Entrer("2");
+  const DerniereSeance coupee = LireDerniereSeance();
+  EXPECT_TRUE(coupee.inachevee);
+  EXPECT_EQ(coupee.duite + coupee.motif, "2");  // the line of the pattern went with the file
+  Commande(9);
+  Commande(16);
+  fenetre.Drapeau[1].Click();
+  Ouvrir(Data("motif.wif"));
+  EXPECT_EQ(LireDerniereSeance().motif, Data("motif.wif"));
+  BoutonProgramme_Click(0);
+  EXPECT_EQ(faits().back(), "Programme quitté");
+  EXPECT_FALSE(LireDerniereSeance().inachevee);
+
+  // Full: it moves on, and the start looks into both. Neither a folder nor a link in its place stops a pick.
+  EcrireFichier("Journal.txt", std::string(kTailleJournal, 'x') + "\n" +
+                                   "2026-01-02 03:04:05  Duite envoyée : 37 (ligne 37), lames 1\n");
+  Noter("full");
+  EXPECT_FALSE(fs::exists(Data("Journal.txt")));
+  const DerniereSeance ancienne = LireDerniereSeance();
+  EXPECT_EQ(ancienne.duite + " " + ancienne.jour + " " + ancienne.heure, "37 2026-01-02 03:04:05");
+  AfficherRappel(ancienne);
+  EXPECT_NE(pf.messages.back().find("|Dernière duite envoyée : 37, le 2026-01-02 à 03:04:05|"), std::string::npos);
+  fs::remove(Data("Journal.txt"));
+  fs::create_symlink(EcrireFichier("cible", ""), Data("Journal.txt"));
+  Noter("not here");
+  EXPECT_EQ(LireFichier("cible"), "");
+  fs::remove(Data("Journal.txt"));
+  fs::create_directory(Data("Journal.txt"));
+  Ecrits();
+  BoutonProgramme_Click(10);
+  EXPECT_FALSE(Ecrits().empty());
 }
 
 TEST_F(SessionEntiere, SkipAndStartOutsideWeaving) {

@@ -14,6 +14,7 @@
 #include "mainwindow/PanneauConfiguration.h"
 #include "pattern/LecteurLiftplan.h"
 #include "saved/FichierConfiguration.h"
+#include "saved/Journal.h"
 #include "saved/RepriseProjet.h"
 #include "weaving/Commandes.h"
 #include "weaving/EcouteMetier.h"
@@ -44,6 +45,7 @@ void AllumerMode(Commande::Index mode) {
 void Quitter() {
   FermerPort();
   EcrireConfiguration();
+  NoterFin();
   fenetre.Visible = false;
   plateforme().Terminer();
 }
@@ -65,6 +67,7 @@ void Ouvrir() {
   if (session.Etat == EtatEtape::Reussi) {
     session.Etat = EtatEtape::Rien;
     fenetre.PatronCharge = true;
+    NoterMotif(session.CheminWif, session.NombreDuitesWif);
     MontrerDepartArret();
   }
   DessinerConfiguration();
@@ -120,6 +123,9 @@ void DemanderDuite() {
   PreparerSurface(fond);
   PeindreFondPanneauTitre(fond.Dessin, "Duite #: ", Palette::Lin);
   fenetre.TxtDuite.Text = std::to_string(session.DuiteCourante);
+  // Selected whole: a typed number takes its place instead of growing behind it.
+  fenetre.TxtDuite.SelStart = 0;
+  fenetre.TxtDuite.SelLength = static_cast<int>(fenetre.TxtDuite.Text.size());
   fond.Left = bouton.Left;
   fond.Top = bouton.Top + bouton.Height + 120;
   fond.Visible = true;

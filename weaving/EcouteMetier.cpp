@@ -3,11 +3,13 @@
 #include "kit/FenetreMessageCourt.h"
 #include "loom/Protocoles.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
+#include "saved/Journal.h"
 #include "weaving/SequenceurDuites.h"
 
 namespace {
 void Avancer() {
   session.Etat = EtatEtape::CycleComplet;
+  NoterRapport();
   Poursuivre(DuiteSuivante);
 }
 

@@ -1,6 +1,7 @@
 // The weaving session: one process-wide record that every room reads and writes directly.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/Entier.h"
@@ -54,6 +55,7 @@ struct Session {
   Entier Etat;                    // result of the last step
   std::string CheminApplication;  // the program's folder, with its separator
   std::string MessageErreur;      // text of the last reported error
+  std::optional<Entier> DerniereDuiteEnvoyee;  // that went to the line in this process
   Entier IntervalleMessageCourt;  // milliseconds between ticks of the short message, 0 before the first
 
   // Hover of the main window's buttons.

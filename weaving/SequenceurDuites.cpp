@@ -48,6 +48,10 @@ void TxtDuite_KeyDown(int touche) {
   session.DuiteCourante = duite;
   AfficherDuites(session.DuiteCourante);
   fenetre.BoutonProgramme[Commande::Enregistrer].Visible = true;
+  FermerEntreeDuite();
+}
+
+void FermerEntreeDuite() {
   fenetre.FondEntreDuite.Visible = false;
   ChangerVoyant(Commande::ChoisirDuite, false);
 }

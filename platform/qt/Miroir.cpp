@@ -20,6 +20,7 @@ void Miroir::Refleter() {
   porte_.Ecrire([this] {
     for (const auto &f : fenetres_) f->Refleter();
   });
+  AccorderFocus();
 }
 
 void Miroir::Repeindre() {
@@ -38,10 +39,17 @@ void Miroir::Modale(Fenetre &fenetre, bool modale) {
 }
 
 void Miroir::DonnerFocus(Controle &controle) {
+  focusVoulu_ = &controle;
   Refleter();
-  if (QWidget *w = Widget(controle)) {
-    w->window()->activateWindow();
-    w->setFocus(Qt::OtherFocusReason);
+}
+
+void Miroir::AccorderFocus() {
+  for (const auto &f : fenetres_) {
+    Natif *natif = focusVoulu_ ? f->Trouver(*focusVoulu_) : nullptr;
+    if (!natif || !natif->Widget()->isVisible()) continue;
+    focusVoulu_ = nullptr;
+    natif->Widget()->window()->activateWindow();
+    natif->Widget()->setFocus(Qt::OtherFocusReason);
   }
 }
 

@@ -34,6 +34,7 @@ class Miroir {
   void ApresEvenement(std::function<void()> apres) { porte_.Apres = std::move(apres); }
 
   void Modale(Fenetre &fenetre, bool modale);
+  // Gives the keyboard to a control, at the mirroring that first shows it where it is not to be seen yet.
   void DonnerFocus(Controle &controle);
 
   // The native widget of a control or window; null while there is none.
@@ -45,6 +46,9 @@ class Miroir {
 
  private:
   FenetreNative *Trouver(const Fenetre &fenetre) const;
+  void AccorderFocus();
+
   Porte porte_;
+  const Controle *focusVoulu_ = nullptr;  // only compared, for it may lie elsewhere by then
   std::vector<std::unique_ptr<FenetreNative>> fenetres_;
 };

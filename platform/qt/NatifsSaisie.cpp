@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QValidator>
 #include <algorithm>
 
 #include "kit/Palette.h"
@@ -62,10 +63,29 @@ class NatifTexte : public Natif {
   Montre<Selection> selection_;
 };
 
+// The key filter of a field, for all that comes in past its keys: pasted, dropped, from the middle button.
+class FiltreSaisie : public QValidator {
+ public:
+  FiltreSaisie(QLineEdit *ligne, const Natif &natif, const Porte &porte)
+      : QValidator(ligne), natif_(natif), porte_(porte) {}
+  State validate(QString &texte, int &place) const override {
+    const auto filtre = natif_.Donnee().KeyPress;
+    if (!filtre || !porte_.Ouverte()) return Acceptable;  // what the program writes stands as it is
+    place = static_cast<int>(Filtre(filtre, texte.left(place)).size());
+    texte = Filtre(filtre, texte);
+    return Acceptable;
+  }
+
+ private:
+  const Natif &natif_;
+  const Porte &porte_;
+};
+
 class NatifLigne : public NatifTexte {
  public:
   NatifLigne(QLineEdit *ligne, ZoneTexte &donnee, Porte &porte)
       : NatifTexte(ligne, donnee, porte), ligne_(ligne) {
+    ligne->setValidator(new FiltreSaisie(ligne, *this, porte));
     QObject::connect(ligne, &QLineEdit::textEdited, ligne, [this] { Saisi(); });
     QObject::connect(ligne, &QLineEdit::cursorPositionChanged, ligne, [this] { Deplace(); });
     QObject::connect(ligne, &QLineEdit::selectionChanged, ligne, [this] { Deplace(); });

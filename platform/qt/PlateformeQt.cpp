@@ -12,6 +12,9 @@
 #include <QTimer>
 #include <QUrl>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "platform/qt/Rapport.h"
 #include "platform/qt/TexteNatif.h"
 
@@ -41,7 +44,7 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
       miroir_(images_,
               [this](const std::string &rapport) {
                 miroir_.Fermer();
-                RapporterEtFinir(rapport);
+                RapporterEtFinir(CompleterRapport ? CompleterRapport(rapport) : rapport);
               }),
       dehors_([this] { FinirDeDehors(); }) {
   port_.Evenement = [this](EvenementLigne evenement) {
@@ -49,6 +52,7 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
     QMetaObject::invokeMethod(
         &vivante_, [this] { AnnoncerLigne(); }, Qt::QueuedConnection);
   };
+  disque_.setMaxThreadCount(1);
   miroir_.ApresEvenement([this] {
     FinirAttentes();
     suivi_.Suivre();
@@ -164,6 +168,15 @@ bool PlateformeQt::DemanderReprise(const std::string &texte) {
   miroir_.Refleter();
   return QMessageBox::critical(miroir_.Principale(), QStringLiteral("Brandis"), Texte(texte),
                                QMessageBox::Retry | QMessageBox::Cancel) == QMessageBox::Retry;
+}
+
+void PlateformeQt::PousserSurDisque(int descripteur) {
+  const int copie = fcntl(descripteur, F_DUPFD_CLOEXEC, 0);
+  if (copie < 0) return;
+  disque_.start([copie] {
+    fdatasync(copie);
+    close(copie);
+  });
 }
 
 double PlateformeQt::Aujourdhui() {

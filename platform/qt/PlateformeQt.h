@@ -5,6 +5,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QSystemTrayIcon>
+#include <QThreadPool>
 #include <functional>
 #include <memory>
 #include <string>
@@ -36,6 +37,8 @@ class PlateformeQt : public Plateforme {
   // Ends the program as the weaver would: somebody outside wants the end. It comes whatever this leaves open,
   // and no window waits for a reader any more.
   std::function<void()> FinDemandee;
+  // Makes of the report of a failure that ends the process what is told of it.
+  std::function<std::string(const std::string &rapport)> CompleterRapport;
 
   PortSerie &MSComm1() override { return port_; }
   void ShowOpen(DialogueFichier &dialogue) override;
@@ -49,6 +52,7 @@ class PlateformeQt : public Plateforme {
   Entier IconeNotification(int action, const std::string &bulle) override;
   void Beep() override;
   bool DemanderReprise(const std::string &texte) override;
+  void PousserSurDisque(int descripteur) override;
   double Aujourdhui() override;
   Ecran EcranDisponible() override;
   const Surface &Picture(const std::string &nom) override { return images_.Picture(nom); }
@@ -71,6 +75,7 @@ class PlateformeQt : public Plateforme {
   std::vector<Attente> attentes_;  // the modal windows, the innermost last
   std::unique_ptr<QSystemTrayIcon> icone_;
   QPointer<QScreen> ecran_;  // on which the window opened; its kept place is there
+  QThreadPool disque_;       // one thread, which waits for the disk in the place of the events
   bool terminee_ = false, finDehors_ = false;
   SuiviSession suivi_;
   Miroir miroir_;

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/qt/MagasinImages.h"
+#include "platform/qt/TouchesTenues.h"
 
 class Porte {
  public:
@@ -26,6 +27,7 @@ class Porte {
 
   MagasinImages &Images;
   std::function<void()> Refleter, Apres;
+  const TouchesTenues Touches;
 
  private:
   std::function<void(const std::string &)> rapporter_;

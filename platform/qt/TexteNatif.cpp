@@ -41,6 +41,15 @@ int CodeCaractere(QChar caractere) {
 
 QString CaractereDeCode(int code) { return DeWindows1252(std::string(1, static_cast<char>(code))); }
 
+QString Filtre(const std::function<int(int)> &filtre, const QString &texte) {
+  QString passes;
+  for (const QChar c : texte) {
+    const int code = CodeCaractere(c), suite = filtre(code);
+    if (suite != 0) passes += suite == code ? QString(c) : CaractereDeCode(suite);
+  }
+  return passes;
+}
+
 QFont Fonte(const Police &police) {
   // One family for both; where the desktop has no Arial, it knows the one of the same measures.
   QFont fonte(police.Nom == "MS Sans Serif" ? u"Arial"_qs : Texte(police.Nom));

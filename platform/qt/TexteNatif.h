@@ -16,6 +16,9 @@ std::string Octets(const QString &texte);
 // The one-byte code of a typed character, 63 ("?") where it has none; and the character of a code.
 int CodeCaractere(QChar caractere);
 QString CaractereDeCode(int code);
+// What a key filter makes of a text, character by character: each goes on as the code it gives, or not at all
+// for 0.
+QString Filtre(const std::function<int(int)> &filtre, const QString &texte);
 
 QFont Fonte(const Police &police);
 inline QColor Teinte(Couleur c) { return QColor::fromRgb(c | 0xff000000u); }

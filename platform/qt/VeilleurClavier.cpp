@@ -44,16 +44,6 @@ int EtatMaj(const QKeyEvent &e) {
   return (m & Qt::ShiftModifier ? kMaj : 0) | (m & Qt::ControlModifier ? kControle : 0) |
          (m & Qt::AltModifier ? Touche::Alt : 0);
 }
-
-// What the filter makes of a text, character by character.
-QString Passes(const std::function<int(int)> &filtre, const QString &texte) {
-  QString passes;
-  for (const QChar c : texte) {
-    const int code = CodeCaractere(c), suite = filtre(code);
-    if (suite != 0) passes += suite == code ? QString(c) : CaractereDeCode(suite);
-  }
-  return passes;
-}
 }  // namespace
 
 bool Veilleur::Avertir(const Controle &controle, int code, int maj) {
@@ -77,7 +67,7 @@ bool Veilleur::Enfoncer(Natif &natif, QWidget &source, QKeyEvent &e) {
   const bool pourFenetre = code == Touche::Echappement || ((maj & Touche::Alt) && code >= '0' && code <= 'Z');
   if (pourFenetre && Avertir(fenetre_.Donnee(), code, maj)) return true;
   if (natif.Saisie()) return Saisir(natif, e);
-  return Commander(natif, code, maj, e.isAutoRepeat());
+  return Commander(natif, code, maj, porte_.Touches.Repetee(e));
 }
 
 bool Veilleur::Commander(Natif &natif, int code, int maj, bool repetee) {
@@ -111,7 +101,7 @@ bool Veilleur::Filtrer(Natif &natif, QKeyEvent &e) {
   const QString texte = retour ? QString(QChar(Touche::Retour)) : e.text();
   if (texte.isEmpty() || (!retour && !texte[0].isPrint())) return false;
   QString suite;
-  porte_.Passer([&] { suite = Passes(filtre, texte); });
+  porte_.Passer([&] { suite = Filtre(filtre, texte); });
   if (suite == texte) return false;
   if (!suite.isEmpty()) {
     QKeyEvent remplace(QEvent::KeyPress, 0, Qt::NoModifier, suite);
@@ -127,7 +117,7 @@ bool Veilleur::Filtrer(Natif &natif, QInputMethodEvent &e) {
   const auto filtre = natif.Donnee().KeyPress;
   if (!filtre || !natif.Ecriture() || e.commitString().isEmpty()) return false;
   QString suite;
-  porte_.Passer([&] { suite = Passes(filtre, e.commitString()); });
+  porte_.Passer([&] { suite = Filtre(filtre, e.commitString()); });
   if (suite == e.commitString()) return false;
   QInputMethodEvent remplace(e.preeditString(), e.attributes());
   remplace.setCommitString(suite, e.replacementStart(), e.replacementLength());
