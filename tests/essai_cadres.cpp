@@ -12,6 +12,7 @@
 #include "kit/FenetreMessage.h"
 #include "kit/FenetreMessageCourt.h"
 #include "kit/FenetreMessageErreur.h"
+#include "kit/FenetreRappel.h"
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
 #include "kit/FondFenetre.h"
@@ -48,6 +49,7 @@ void Court() { AfficherMessageCourt(TitreErreur(), "un"); }
 void Message() { AfficherMessage("texte"); }
 void Erreurs() { session.Etat = 8, plateforme().MontrerModal(Charger(erreur)); }
 void Note() { AfficherRemarque("titre"); }
+void Rappel() { AfficherRappel({true, "m.wif", "7", "2026-01-02", "03:04:05"}); }
 void Progres() { attente.Montrer(true); }
 const Cas kCas[] = {
     {bulleInfoHautDroit, Bulle0, {}, fenetre.Remarque.Caption, "Fermer", "End the"},
@@ -57,6 +59,7 @@ const Cas kCas[] = {
     {fenetreMessageCourt, Court, &fenetreMessageCourt, fenetreMessageCourt.LblTitre.Caption, "Erre", "Erro"},
     {message, Message, &message.Picture2, message.Picture2.NomAccessible, "Fermer", "Close"},
     {erreur, Erreurs, &erreur.BoutonOk, erreur.BoutonOk.NomAccessible, "Annuler", "Cancel"},
+    {fenetreRappel, Rappel, &fenetreRappel.BoutonOk, fenetreRappel.LblTitre.Caption, "Séance", "Session"},
     {note, Note, &note.Picture2, note.EnteteRemarque.Caption, "titre", "titre"},
     {propos, BoutonAide_Click, &propos.BoutonFin, propos.BoutonFin.NomAccessible, "Sortie", "Exit"},
     {attente, Progres, {}, attente.Remarque.Caption, "Ini. ", "Ini. "}};
