@@ -48,7 +48,8 @@ class Plateforme {
   // A question with Retry and Cancel; true for Retry.
   virtual bool DemanderReprise(const std::string &texte) = 0;
 
-  // Pushes what was written to a file onto the disk, without waiting for it. Takes no hold of the descriptor.
+  // Pushes what was written to the journal onto the disk, without waiting for it. The descriptor may be closed
+  // at once. A push that still waits for its turn takes with it what was written meanwhile.
   virtual void PousserSurDisque(int descripteur) = 0;
   // Whole days since 30 December 1899.
   virtual double Aujourdhui() = 0;

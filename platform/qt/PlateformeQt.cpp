@@ -171,9 +171,10 @@ bool PlateformeQt::DemanderReprise(const std::string &texte) {
 }
 
 void PlateformeQt::PousserSurDisque(int descripteur) {
+  if (pousseeAttendue_.exchange(true)) return;  // it will find this too
   const int copie = fcntl(descripteur, F_DUPFD_CLOEXEC, 0);
-  if (copie < 0) return;
-  disque_.start([copie] {
+  disque_.start([this, copie] {
+    pousseeAttendue_ = false;
     fdatasync(copie);
     close(copie);
   });

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QSystemTrayIcon>
 #include <QThreadPool>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <string>
@@ -75,6 +76,7 @@ class PlateformeQt : public Plateforme {
   std::vector<Attente> attentes_;  // the modal windows, the innermost last
   std::unique_ptr<QSystemTrayIcon> icone_;
   QPointer<QScreen> ecran_;  // on which the window opened; its kept place is there
+  std::atomic<bool> pousseeAttendue_ = false;
   QThreadPool disque_;       // one thread, which waits for the disk in the place of the events
   bool terminee_ = false, finDehors_ = false;
   SuiviSession suivi_;
