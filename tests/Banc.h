@@ -42,7 +42,8 @@ class PortBanc : public PortSerie {
   std::deque<std::string> recus;  // one element per read
   Entier numero;
   std::string reglages = "9600,N,8,1";
-  bool ouvert = false, utilisable = true, ecritureEnPanne = false, etatEnPanne = false;
+  bool ouvert = false, utilisable = true, ecritureEnPanne = false, etatEnPanne = false, rts = true;
+  long poignee = 1;
   int evenement = 0, vidages = 0;
 
   void CommPort(Entier n) override {
@@ -76,9 +77,9 @@ class PortBanc : public PortSerie {
   Entier OutBufferCount() const override { return 0; }
   Entier OutBufferSize() const override { return 512; }
   Entier InBufferCount() override { return 0; }
-  void Handshaking(long) override {}
-  long Handshaking() const override { return 0; }
-  void RTSEnable(bool) override {}
+  void Handshaking(long protocole) override { poignee = protocole; }
+  long Handshaking() const override { return poignee; }
+  void RTSEnable(bool etat) override { rts = etat; }
   bool DTREnable() const override { return true; }
   Entier SThreshold() const override {
     if (etatEnPanne) throw ErreurExecution(Erreur::Peripherique);
@@ -100,6 +101,7 @@ class PlateformeBanc : public Plateforme {
   std::function<void(Fenetre &)> pendantModal;
   int rafraichis = 0, reprises = 0;
   bool termine = false;
+  const Controle *focus = nullptr;
 
   PortSerie &MSComm1() override { return port; }
   void ShowOpen(DialogueFichier &d) override {
@@ -118,7 +120,7 @@ class PlateformeBanc : public Plateforme {
     if (pendantModal) pendantModal(f);
     Decharger(f);
   }
-  void DonnerFocus(Controle &) override {}
+  void DonnerFocus(Controle &c) override { focus = &c; }
   void OuvrirAdresse(const std::string &a) override { adresses.push_back(a); }
   Entier IconeNotification(int action, const std::string &bulle) override {
     icones.emplace_back(action, bulle);

@@ -1,9 +1,11 @@
 // The windows that speak, the help, outlines and painters.
 #include "Banc.h"
+#include "display/Voyants.h"
 #include "kit/BullesInfo.h"
 #include "kit/Fabricant.h"
 #include "kit/ModuleTransparence.h"
 #include "mainwindow/EvenementsSurvol.h"
+#include "mainwindow/PanneauDiagnostic.h"
 
 namespace {
 std::string LignesDe(const BulleInfo &b) {
@@ -117,6 +119,72 @@ TEST_F(Fenetres, PlacesDesBulles) {
     c.afficher();
     EXPECT_EQ(std::pair(c.bulle.Top, c.bulle.Left), std::pair(c.haut, c.gauche)) << &c - cas;
   }
+}
+
+TEST_F(Fenetres, ToutCeQuiAgitAUnNomDansLesDeuxLangues) {
+  struct : Visiteur {
+    std::map<std::string, std::string> noms;
+    void Voir(const std::string &nom, Controle &c, Controle &) override {
+      const bool agit = c.Click || c.genre() == Genre::Texte || c.genre() == Genre::Case;
+      if (agit || c.genre() == Genre::Liste) noms[nom] = c.NomAccessible;
+    }
+    void Voir(const std::string &, Minuterie &) override {}
+  } anglais, francais;
+  fenetre.Visiter(anglais);
+  fenetre.Drapeau[1].Click();
+  fenetre.Visiter(francais);
+  for (const auto &[nom, texte] : francais.noms) {
+    EXPECT_NE(texte, "") << nom;
+    const bool neutre = nom == "txtTerm" || nom == "TxtDuite";
+    EXPECT_EQ(texte == anglais.noms[nom], neutre) << nom;
+  }
+  EXPECT_EQ(francais.noms["BoutonProgramme(10)"] + anglais.noms["BoutonProgramme(10)"],
+            "Début du tissageStart weaving");
+  EXPECT_EQ(francais.noms["ComConfiguration(7)"] + anglais.noms["CheckSelenoide(24)"],
+            "Départ Patron:Harness 24");
+  EXPECT_EQ(anglais.noms["Drapeau(1)"] + anglais.noms["Drapeau(2)"],
+            "Button Language FrenchButton Language English");
+}
+
+TEST_F(Fenetres, LaBandeDesSolenoides) {
+  const auto bande = [](int lames) {
+    session.NombreLames = lames;
+    AdapterNombreLames();
+    return std::tuple(fenetre.PicPourControle2.Width, fenetre.PicPourControle2.Left,
+                      fenetre.Indicateur24.Width, fenetre.CheckSelenoide[16].Visible,
+                      fenetre.CheckSelenoide[17].Visible, fenetre.CheckSelenoide[24].Visible);
+  };
+  const auto large = std::tuple(6205.0, (7065 - 6205) / 2.0, 387 * 15.0, true, true, true);
+  const auto etroite = std::tuple(4250.0, (7065 - 4250) / 2.0, 259 * 15.0, true, false, false);
+  EXPECT_EQ(bande(16), etroite);
+  for (int autre : {8, 12, 32}) EXPECT_EQ(bande(autre), etroite) << autre;
+  EXPECT_EQ(bande(24), large);
+  EXPECT_EQ(bande(12), large);
+}
+
+TEST_F(Fenetres, UnVoyantQuiChangeSeVoit) {
+  BoitePicture &b = fenetre.BoutonProgramme[5];
+  for (bool survole : {false, true}) {
+    if (survole) Bouger(b);
+    // A lamp stays where it was when the button grows.
+    const int x = 1320 / kTwipsParPixel - 8, y = kHauteurBouton / kTwipsParPixel - 9;
+    for (bool etat : {true, false}) {
+      const auto version = b.Dessin.Version();
+      ChangerVoyant(5, etat);
+      EXPECT_NE(b.Dessin.Version(), version) << "what the screen goes by";
+      EXPECT_EQ(b.Dessin.Point(x, y), etat ? Rgb(10, 239, 123) : Rgb(250, 3, 3));
+      EXPECT_EQ(fenetre.Voyants[5], etat);
+    }
+  }
+  b.Height = 500;
+  const auto version = b.Dessin.Version();
+  ChangerVoyant(5, true);
+  EXPECT_TRUE(b.Dessin.Version() == version && !fenetre.Voyants[5]);
+}
+
+TEST_F(Fenetres, LaProgressionSEnVaAvecLeDepart) {
+  EXPECT_EQ(session.OptionTissage, 0) << "no plan is built, whose end would hide it too";
+  EXPECT_TRUE(attente.Chargee && !attente.Visible);
 }
 
 TEST_F(Fenetres, VieDesBulles) {
@@ -254,6 +322,7 @@ TEST_F(Fenetres, MessageModal) {
   };
   AfficherMessage("texte");
   EXPECT_EQ(pf.messages, (V{"texte", "Error|dessous"}));
+  EXPECT_EQ(pf.focus, &f.Picture2) << "Enter and Space close it";
   EXPECT_EQ(Charger(f).ImageMessage.Picture, "ImageMessageAnglais");
 }
 

@@ -53,6 +53,26 @@ TEST_F(Plans, PatternAndTabbyAtEveryKindOfCursor) {
   }
 }
 
+TEST_F(Plans, ASecondPatternHasNothingOfTheFirst) {
+  OuvrirLignes(Lignes(30));
+  Configurer({{5, "Pattern and Tabby"}});
+  V autres = Lignes(40);
+  autres.erase(autres.begin(), autres.begin() + 10);
+  for (std::size_t i = 0; i < autres.size(); ++i)
+    autres[i] = std::to_string(i + 1) + autres[i].substr(autres[i].find('='));
+  OuvrirLignes(autres);  // built from its last pick on; the lines before stand as they were read
+  ASSERT_EQ(session.NombreDuites, 32);
+  for (int n = 1; n <= 32; ++n) ExpectLigne(n, n <= 28 ? Wif(n) : Melange(n, 30));
+}
+
+TEST_F(Plans, APlanOfOnePick) {
+  OuvrirLignes({"1=2,5"});
+  EXPECT_EQ(session.ToileA + session.ToileB, kA + kB);
+  ExpectLigne(1, "1=2,5");
+  Choisir("Tabby", 1);
+  ExpectLigne(40, kB);
+}
+
 TEST_F(Plans, WhatWasWovenBeforeStands) {
   OuvrirLignes(Lignes(60));
   Choisir("Tabby", 10);

@@ -105,10 +105,13 @@ TEST_F(SessionEntiere, PickEntry) {
   Lancer();
   for (const char *texte : {"21", "-1", "20.6"}) {
     Entrer(texte);
+    EXPECT_EQ(pf.focus, &fenetre.TxtDuite);
     EXPECT_TRUE(fenetre.FondEntreDuite.Visible && fenetre.Voyants[8]) << texte;
   }
   EXPECT_TRUE(Ecrits().empty());
+  fenetre.BoutonProgramme[2].Visible = false;
   for (const char *texte : {"7.5", "6.5x", "20"}) Entrer(texte);
+  EXPECT_TRUE(fenetre.BoutonProgramme[2].Visible) << "a chosen pick can be saved";
   EXPECT_FALSE(fenetre.FondEntreDuite.Visible || fenetre.Voyants[8]);
   Entrer("");  // 0 stands for the unused row, and the next advance goes to 1
   Rapport();
@@ -201,6 +204,7 @@ TEST_F(SessionEntiere, RefreshKeepsWhatRuns) {
   OuvrirLignes(lignes);
   Commande(16);  // the stored configuration is read again
   EXPECT_EQ(Visibles(), kSansPatron);
+  EXPECT_TRUE(fenetre.Visible);
   EXPECT_EQ(session.DuiteCourante, 9);
   EXPECT_EQ(session.NombreDuites, 0);
   EXPECT_EQ(fenetre.LblCheminWif.Caption + fenetre.LblIndiqueLigneRendu[11].Caption + session.CheminWif, "");
@@ -248,6 +252,24 @@ TEST_F(SessionEntiere, PanelTakesWhatItKnowsAndCancelDropsTheRest) {
   Configurer({{1, "COM 5"}, {3, "x"}, {4, "up"}, {5, "Liaison"}, {6, "Précédent"}, {8, "A"}, {7, "1"}});
   EXPECT_EQ(etat(), "3 24 3 1 0 down forward B");
   EXPECT_EQ(Echec([] { Configurer({{7, ""}}); }), 9);
+}
+
+TEST_F(SessionEntiere, EscapeLeavesThePanelThatStandsAndNothingElse) {
+  const auto echapper = [] { fenetre.KeyDown(Touche::Echappement, 0); };
+  Commande(14);
+  fenetre.ComConfiguration[1].Text = "COM 4";
+  echapper();
+  EXPECT_EQ(Visibles(), kSansPatron);
+  EXPECT_EQ(session.PortMetier, 1);
+  Commande(18);
+  fenetre.KeyDown(Touche::Entree, 0);
+  EXPECT_EQ(Visibles(), kDiagnostic);
+  echapper();
+  EXPECT_EQ(Visibles(), kSansPatron);
+  Lancer();
+  echapper();
+  EXPECT_EQ(Visibles(), kTissage);
+  EXPECT_TRUE(fenetre.TissageEnCours && Ecrits().empty());
 }
 
 TEST_F(SessionEntiere, LanguageBothWays) {

@@ -40,6 +40,7 @@ TEST_F(Trames, TextFramesByteForByte) {
   Commande(10);
   EXPECT_EQ(port.reglages, "9600,N,8,1");
   EXPECT_EQ(port.vidages, 1);
+  EXPECT_FALSE(port.rts || port.poignee);
   Rapport("noise[CC][CC]");                                    // once, however often the mark stands
   for (const char *r : {"[cc]", "C", "[C", "C]"}) Rapport(r);  // a split mark is lost
   EXPECT_EQ(session.DuiteCourante, 2);
