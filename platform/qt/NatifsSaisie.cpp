@@ -5,6 +5,8 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QScrollBar>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QValidator>
 #include <algorithm>
 
@@ -141,6 +143,31 @@ class NatifBloc : public NatifTexte {
 
  private:
   QPlainTextEdit *bloc_;
+};
+
+// A list whose text stands whole between the frame and the arrow, narrower where it must be.
+class ListeNative : public QComboBox {
+ public:
+  using QComboBox::QComboBox;
+
+ protected:
+  void paintEvent(QPaintEvent *e) override {
+    if (isEditable()) return QComboBox::paintEvent(e);
+    constexpr int kMarge = 5, kFleche = 17;  // pixels
+    QStylePainter p(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QString texte = option.currentText.isEmpty() ? placeholderText() : option.currentText;
+    option.currentText.clear();
+    p.drawComplexControl(QStyle::CC_ComboBox, option);
+    const QRect place = rect().adjusted(kMarge, 0, -kFleche, 0);
+    QFont fonte = font();
+    const int largeur = QFontMetrics(fonte).horizontalAdvance(texte);
+    if (largeur > place.width()) fonte.setStretch(std::max(60, 100 * place.width() / largeur));
+    p.setFont(fonte);
+    p.setPen(palette().color(QPalette::ButtonText));
+    p.drawText(place, Qt::AlignVCenter | Qt::AlignLeft, texte);
+  }
 };
 
 class NatifListe : public Natif {
@@ -289,7 +316,7 @@ W *Champ(QWidget *parent) {
 
 std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Porte &porte) {
   if (donnee.genre() == Genre::Liste)
-    return std::make_unique<NatifListe>(Champ<QComboBox>(parent), static_cast<ListeChoix &>(donnee), porte);
+    return std::make_unique<NatifListe>(Champ<ListeNative>(parent), static_cast<ListeChoix &>(donnee), porte);
   if (donnee.genre() == Genre::Case)
     return std::make_unique<NatifCase>(Champ<CaseNative>(parent), static_cast<CaseCochee &>(donnee), porte);
   auto &zone = static_cast<ZoneTexte &>(donnee);
