@@ -17,6 +17,7 @@
 #include "mainwindow/Evenements.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "saved/Journal.h"
+#include "saved/RepriseProjet.h"
 #include "weaving/CommandesProgramme.h"
 
 namespace {
@@ -26,6 +27,7 @@ void Demarrer() {
   fenetre.Chargee = true;
   LierEvenements();
   Form_Load();
+  RetablirProjet();
   fenetre.Visible = true;
   if (seance.inachevee) AfficherRappel(seance);
 }

@@ -17,7 +17,9 @@ void LeverErreurSysteme(int errnoValeur) {
     case EPERM:
     case EROFS:
       throw ErreurExecution(Erreur::PermissionRefusee);
+    case EEXIST:
     case EISDIR:
+    case ELOOP:
     case EMFILE:
     case ENFILE:
       throw ErreurExecution(Erreur::AccesChemin);

@@ -1,5 +1,7 @@
 #include "kit/FenetreMessageCourt.h"
 
+#include <utility>
+
 #include "base/TexteNumerique.h"
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
@@ -100,6 +102,15 @@ void AfficherMessageCourt(const std::string &titre, const std::string &texte) {
   NoterMessage(titre, texte);
   f.Visible = true;
   plateforme().Montrer(f);
+}
+
+void AttendreLecture() {
+  FenetreMessageCourt &f = fenetreMessageCourt;
+  if (!f.Visible) return;
+  if (std::exchange(f.EnLecture, true)) return Decharger(f);
+  f.Timer1.Interval(0);
+  f.KeyDown = [](int, int) { Fermer(); };
+  plateforme().MontrerModal(f);
 }
 
 void AfficherErreurNumerotee(const ErreurExecution &e) {

@@ -16,6 +16,7 @@ struct FenetreMessageCourt : Fenetre {
   Image DessinMessage;
   Table<Etiquette, 5> Ligne;  // 1..5
   Entier CompteurFermeture;   // ticks; the fifth closes the window
+  bool EnLecture = false;     // it stays until it is read
 };
 
 extern FenetreMessageCourt fenetreMessageCourt;
@@ -23,6 +24,10 @@ extern FenetreMessageCourt fenetreMessageCourt;
 // Raises the message: title, and the text on the second line; lines 1, 3, 4 and 5 stay empty. A message that
 // stands already is overwritten and lives no longer for it.
 void AfficherMessageCourt(const std::string &titre, const std::string &texte);
+
+// Keeps the message that stands until it is clicked away or a key is pressed, and waits for that. A second
+// call meanwhile ends the waiting of the first.
+void AttendreLecture();
 
 // Title "Erreur" or "Error", and "Erreur numéro:", the number, "; Description: ", the description, which also
 // go to MessageErreur.

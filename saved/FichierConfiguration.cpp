@@ -50,8 +50,12 @@ void EcrireConfiguration() {
     LeverLectureSeule(chemin, session.Etat);
     session.Etat = EtatEtape::Echec;
     session.NombreLames = 24;
-    FichierEnregistrements fichier(chemin, kLongueurConfiguration);
-    fichier.Ecrire(1, ComposerEnregistrement(ConfigurationMetier(), kLongueurConfiguration));
+    FichierEnregistrements(chemin, kLongueurConfiguration).Fermer();
+    std::string contenu = LireContenu(chemin).value_or("");
+    if (contenu.size() < kLongueurConfiguration) contenu.resize(kLongueurConfiguration);
+    contenu.replace(0, kLongueurConfiguration,
+                    ComposerEnregistrement(ConfigurationMetier(), kLongueurConfiguration));
+    RemplacerContenu(chemin, contenu);
     session.Etat = EtatEtape::Reussi;
   } catch (const ErreurExecution &e) {
     SignalerErreurFichier(e);

@@ -15,7 +15,8 @@ std::vector<Champ> ConfigurationMetier();
 // Reads the record into the session; a missing file is made empty and gives zeros. NombreLames is 24
 // afterwards whatever the file says. Etat 1, or 0 after a failure that it has shown.
 void LireConfiguration();
-// Writes the record. NombreLames is 24 from here on, in the file and in the running session. Etat as above.
+// Writes the record; the file is the old one or the new one at every moment. NombreLames is 24 from here on,
+// in the file and in the running session. Etat as above.
 void EcrireConfiguration();
 
 // Makes sure that a file can be written: `resultat` 2 when a read-only mark was taken off, else 1. A failing

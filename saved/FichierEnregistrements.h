@@ -2,12 +2,12 @@
 // (n - 1) x length. Integers are 16-bit little-endian, dates 8-byte doubles, strings padded with spaces.
 #pragma once
 
-#include <cstdio>
 #include <functional>
 #include <span>
 #include <string>
 
 #include "base/Entier.h"
+#include "saved/FichierOuvert.h"
 
 // One field: where it stands, how long it is, and how the session gives and takes it.
 struct Champ {
@@ -29,26 +29,21 @@ Champ ChampTexte(int position, int taille, const char *nom, std::string &variabl
 std::string ComposerEnregistrement(std::span<const Champ> champs, int longueur);
 void RepartirEnregistrement(std::span<const Champ> champs, const std::string &enregistrement);
 
-// Open for reading and writing; a file that is not there is made empty. Closed with the object. All fail with
-// 53, 57, 61, 70, 75 or 76.
+// Open for reading and writing; a file that is not there is made empty. All fail with 53, 57, 61, 70, 75
+// or 76.
 class FichierEnregistrements {
  public:
   FichierEnregistrements(const std::string &chemin, int longueur);
-  ~FichierEnregistrements();
-  FichierEnregistrements(const FichierEnregistrements &) = delete;
-  FichierEnregistrements &operator=(const FichierEnregistrements &) = delete;
 
   // Whole records in the file.
   long Nombre() const;
   // What the file holds of record n, zeros behind it.
   std::string Lire(long n) const;
   void Ecrire(long n, const std::string &enregistrement);
+  // What was written counts only when this has not failed; without it the file is closed with the object.
+  void Fermer() { fichier_.Fermer(); }
 
  private:
-  int descripteur_;
-  int longueur_;
+  FichierOuvert fichier_;
+  int longueur_;  // bytes
 };
-
-// The owner's write bit. Attributes 0 sets it; both fail with 53, 70 or 76.
-bool EstLectureSeule(const std::string &chemin);
-void OterLectureSeule(const std::string &chemin);

@@ -22,9 +22,6 @@
 #include "weaving/PlansTissage.h"
 
 namespace {
-constexpr const char *kNomEntete = "Resume.Trm";
-constexpr const char *kNomLignes = "Resume2.Trm";
-
 std::string CheminReprise(const char *nom) {
   session.NomFichierReprise = nom;
   return CheminData(nom);
@@ -32,6 +29,73 @@ std::string CheminReprise(const char *nom) {
 
 std::vector<Champ> LigneResume(Entier n) {
   return {ChampTexte(0, kLongueurRepriseLigne, "LigneResume", session.LignesTravail[n])};
+}
+
+// Says what the project slot holds, behind a word about the save. The last failure stands below.
+void DireProjetEnregistre(const std::string &debut, bool present, const std::string &raison = "") {
+  session.MessageErreur = debut + (present ? Selon("la précédente demeure.", "the save before stands.")
+                                           : Selon("aucun projet n'est enregistré.", "no project is saved."));
+  if (!raison.empty()) session.MessageErreur += "\r" + raison;
+  AfficherMessageCourt(TitreErreur(), session.MessageErreur);
+}
+
+// One step of a save after the other; a failed one leaves its message.
+struct Sauvegarde {
+  bool reussie = true;
+  std::string raison;
+
+  template <class F>
+  void Etape(F &&etape) {
+    etape();
+    if (session.Etat == EtatEtape::Reussi) return;
+    reussie = false;
+    raison = session.MessageErreur;
+  }
+};
+
+// What stands around the steps fails as they do.
+void AutourDesEtapes(void (*travail)()) {
+  try {
+    travail();
+    session.Etat = EtatEtape::Reussi;
+  } catch (const ErreurExecution &e) {
+    SignalerErreurFichier(e);
+  }
+}
+
+// Etat is that of the last step.
+Sauvegarde EcrireProjet() {
+  Sauvegarde s;
+  s.Etape([] { AutourDesEtapes(MettreDeCote); });
+  if (!s.reussie) return s;
+  s.Etape([] { EcrireReprise(1); });
+  for (int i = 1; i <= session.NombreDuitesPatron; ++i) s.Etape([i] { EcrireRepriseLigne(i); });
+  if (s.reussie) s.Etape([] { AutourDesEtapes(AcheverSauvegarde); });
+  return s;
+}
+
+void ConclureSauvegarde() {
+  ConfirmerSauvegarde();
+  session.Etat = EtatEtape::Rien;
+  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer, Commande::Diagnostiquer})
+    fenetre.BoutonProgramme[i].Visible = true;
+  fenetre.BoutonProgramme[Commande::Enregistrer].Visible = false;
+  FermerPort();
+  if (session.Etat != EtatEtape::Reussi) return;
+  session.Etat = EtatEtape::Rien;
+  VoyantsArretA();
+  VoyantsArretB();
+  CacherBoutonsTissage();
+}
+
+// Where the copy cannot be put back it stands, and the next start or Resume tries again.
+void RevenirAuProjetPrecedent(const std::string &raison) {
+  const bool present = ProjetEnregistre();
+  try {
+    RemettreProjet();
+  } catch (const ErreurExecution &) {
+  }
+  DireProjetEnregistre(Selon("La sauvegarde a échoué: ", "The save failed: "), present, raison);
 }
 
 void MontrerProjetRepris() {
@@ -73,6 +137,7 @@ void EcrireReprise(Entier n) {
     session.CheminWif = Trim(session.CheminWif);
     FichierEnregistrements fichier(chemin, kLongueurReprise);
     fichier.Ecrire(n, ComposerEnregistrement(ProjetResume(), kLongueurReprise));
+    fichier.Fermer();
     session.Etat = EtatEtape::Reussi;
   } catch (const ErreurExecution &e) {
     SignalerErreurFichier(e);
@@ -87,6 +152,7 @@ void EcrireRepriseLigne(Entier n) {
     session.Etat = EtatEtape::Rien;
     FichierEnregistrements fichier(chemin, kLongueurRepriseLigne);
     fichier.Ecrire(n, ComposerEnregistrement(LigneResume(n), kLongueurRepriseLigne));
+    fichier.Fermer();
     session.Etat = EtatEtape::Reussi;
   } catch (const ErreurExecution &e) {
     SignalerErreurFichier(e);
@@ -151,23 +217,31 @@ void EnregistrerProjet() {
   fenetre.TissageEnCours = false;
   CacherBitsEnvoi();
   session.DateProjet = plateforme().Aujourdhui();
-  EcrireReprise(1);
-  for (int i = 1; i <= session.NombreDuitesPatron; ++i) EcrireRepriseLigne(i);
-  if (session.Etat != EtatEtape::Reussi) return;
-  ConfirmerSauvegarde();
-  session.Etat = EtatEtape::Rien;
-  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer, Commande::Diagnostiquer})
-    fenetre.BoutonProgramme[i].Visible = true;
-  fenetre.BoutonProgramme[Commande::Enregistrer].Visible = false;
-  FermerPort();
-  if (session.Etat != EtatEtape::Reussi) return;
-  session.Etat = EtatEtape::Rien;
-  VoyantsArretA();
-  VoyantsArretB();
-  CacherBoutonsTissage();
+  const Sauvegarde s = EcrireProjet();
+  if (session.Etat == EtatEtape::Reussi) ConclureSauvegarde();
+  if (!s.reussie) RevenirAuProjetPrecedent(s.raison);
+}
+
+bool RetablirProjet() {
+  try {
+    const EtatCopie etat = RemettreProjet();
+    if (etat == EtatCopie::Remise)
+      DireProjetEnregistre(Selon("La dernière sauvegarde a été coupée: ", "The last save was cut off: "),
+                           ProjetEnregistre());
+    if (etat == EtatCopie::Abimee) {
+      session.MessageErreur = Selon("La copie de la sauvegarde précédente est abîmée: elle est ignorée.",
+                                    "The copy of the save before is damaged: it is left out.");
+      AfficherMessageCourt(TitreErreur(), session.MessageErreur);
+    }
+    return true;
+  } catch (const ErreurExecution &e) {
+    SignalerErreurFichier(e);
+    return false;
+  }
 }
 
 void ReprendreProjet() {
+  if (!RetablirProjet()) return;
   fenetre.UnInstant.Visible = true;
   ChangerVoyant(Commande::Reprendre, false);
   plateforme().Rafraichir();

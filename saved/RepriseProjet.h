@@ -5,10 +5,8 @@
 #include <vector>
 
 #include "base/Entier.h"
+#include "saved/CopieReprise.h"
 #include "saved/FichierEnregistrements.h"
-
-constexpr int kLongueurReprise = 281;      // bytes
-constexpr int kLongueurRepriseLigne = 70;  // bytes
 
 // The header record, ProjetResume, over the session's variables.
 std::vector<Champ> ProjetResume();
@@ -31,6 +29,11 @@ void ConfirmerSauvegarde();
 void SupprimerFichier(const std::string &nom);
 void DetruireFichier(const std::string &chemin, std::string &message, Entier &resultat);
 
-// The commands Save and Resume.
+// Puts back what a save that was cut off has left aside, and says so. False after a failure that it has
+// shown: the files are not to be read then.
+bool RetablirProjet();
+
+// The commands Save and Resume. A save counts only when every step has worked; else the project before it is
+// put back once all messages are told, and that is the last of them.
 void EnregistrerProjet();
 void ReprendreProjet();

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <bit>
+#include <chrono>
 #include <random>
 
 #include "saved/FichierConfiguration.h"
@@ -151,18 +152,103 @@ TEST_F(Sauvegarde, SaveThatCannotWrite) {
   Commande(10);
   EcrireFichier("Resume2.Trm", "");
   Commande(2);  // no header to delete: none is written, and the confirmation comes all the same
-  EXPECT_EQ(Messages().at(0), "Error");
+  V messages = Messages();
+  ASSERT_EQ(messages.size(), 3u);
+  EXPECT_EQ(messages[0], "Error");
+  EXPECT_EQ(messages[1].rfind("Enregistrer le projet", 0), 0u);
+  EXPECT_EQ(messages[2], "Error|The save failed: no project is saved.");
   EXPECT_FALSE(std::filesystem::exists(Data("Resume.Trm")) || fenetre.BoutonProgramme[2].Visible);
+  EXPECT_EQ(LireFichier("Resume2.Trm"), "");
 
-  Commande(10);
-  std::filesystem::remove(Data("Resume2.Trm"));
-  std::filesystem::create_symlink("/dev/full", Data("Resume2.Trm"));
-  EcrireFichier("Resume.Trm", "");
-  Commande(2);
-  EXPECT_EQ(Messages(), V(30, "Error|L'erreur # 61 a été générée par Brandis\rDisk full"));
-  EXPECT_EQ(std::filesystem::file_size(Data("Resume.Trm")), 281u);
-  EXPECT_FALSE(fenetre.TissageEnCours);
-  EXPECT_TRUE(fenetre.PortOuvert && fenetre.BoutonProgramme[2].Visible && fenetre.BoutonProgramme[4].Visible);
+  // Neither a link nor a folder is written to, and nothing else is either.
+  const std::string ailleurs = EcrireFichier("elsewhere", "precious"), entete = Entete(chemin, {30, 1});
+  for (const std::string nom : {"Resume.Trm", "Resume2.Trm"}) {
+    Commande(10);
+    EcrireFichier("Resume.Trm", entete);
+    std::filesystem::remove(Data(nom));
+    if (nom == "Resume.Trm") std::filesystem::create_symlink(ailleurs, Data(nom));
+    if (nom == "Resume2.Trm") std::filesystem::create_directory(Data(nom));
+    Messages();
+    Commande(2);
+    const std::string erreur = "L'erreur # 75 a été générée par Brandis\rPath/File access error";
+    EXPECT_EQ(Messages(),
+              (V{"Error|" + erreur, "Error|The save failed: the save before stands.\r" + erreur}));
+    EXPECT_TRUE(std::filesystem::is_symlink(Data(nom)) || LireFichier("Resume.Trm") == entete);
+    EXPECT_FALSE(fenetre.TissageEnCours);
+    EXPECT_TRUE(fenetre.PortOuvert && fenetre.BoutonProgramme[2].Visible &&
+                fenetre.BoutonProgramme[4].Visible);
+    std::filesystem::remove(Data("Resume.Trm"));
+  }
+  EXPECT_EQ(LireFichier("elsewhere"), "precious");
+}
+
+TEST_F(Sauvegarde, ACopyThatIsFoundCountsWhenItIsWhole) {
+  const std::string entete = Entete(chemin, {30, 1, 24, 11, 1, 0, 0, 5, 0}), restes = Enregistrements(lignes);
+  EcrireFichier("Resume.Trm", entete);
+  EcrireFichier("Resume2.Trm", restes);
+  MettreDeCote();
+  const std::string copie = LireFichier("Reprise.Avant");
+  const auto chercher = [&](const std::string &contenu) {
+    EcrireFichier("Resume.Trm", std::string(281, 'x'));
+    EcrireFichier("Resume2.Trm", "torn");
+    const std::string nom = EcrireFichier("Reprise.Avant", contenu);
+    const auto age = std::chrono::hours(contenu.size() % 2 ? 100 : -100);  // whatever its date says
+    std::filesystem::last_write_time(nom, std::filesystem::file_time_type::clock::now() + age);
+    EXPECT_EQ(chmod(nom.c_str(), 0400), 0);
+    Demarrer();
+    EXPECT_TRUE(RetablirProjet());
+    EXPECT_FALSE(std::filesystem::exists(nom));
+    return Messages();
+  };
+  EXPECT_EQ(chercher(copie), V{"Error|The last save was cut off: the save before stands."});
+  EXPECT_EQ(LireFichier("Resume.Trm"), entete);
+  EXPECT_EQ(LireFichier("Resume2.Trm"), restes);
+
+  std::string change = copie;
+  change.back() ^= 1;
+  for (const std::string &abimee : {std::string(), copie.substr(0, 20), copie.substr(0, copie.size() - 1),
+                                    copie + "x", change, "brandis-reprise-1 99999999999 -7 0\n" + copie}) {
+    EXPECT_EQ(chercher(abimee), V{"Error|The copy of the save before is damaged: it is left out."});
+    EXPECT_EQ(LireFichier("Resume2.Trm"), "torn");
+    EXPECT_EQ(LireFichier("Reprise.Ecartee"), abimee);
+  }
+
+  // Resume puts back first; where it cannot, it reads nothing.
+  for (bool possible : {true, false}) {
+    EcrireFichier("Resume.Trm", "");
+    EcrireFichier("Reprise.Avant", copie);
+    std::filesystem::remove(Data("Resume2.Trm"));
+    if (!possible) std::filesystem::create_directory(Data("Resume2.Trm"));
+    Demarrer();
+    Commande(3);
+    EXPECT_EQ(Messages().back(),
+              possible ? "Error|The last save was cut off: the save before stands."
+                       : "Error|L'erreur # 75 a été générée par Brandis\rPath/File access error");
+    EXPECT_EQ(fenetre.PatronCharge && session.DuiteCourante == 5, possible);
+    EXPECT_EQ(std::filesystem::exists(Data("Reprise.Avant")), !possible);
+  }
+}
+
+TEST_F(Sauvegarde, QuitWaitsUntilItsFailureIsRead) {
+  const std::string ailleurs = EcrireFichier("elsewhere", "precious");
+  std::filesystem::remove(Data("Configuration.Con"));
+  std::filesystem::create_symlink(ailleurs, Data("Configuration.Con"));
+  for (bool deuxFois : {false, true}) {
+    Demarrer();
+    pf.termine = false;
+    Messages();
+    pf.pendantModal = [&](Fenetre &f) {
+      EXPECT_EQ(&f, &fenetreMessageCourt);
+      EXPECT_EQ(fenetreMessageCourt.Timer1.Interval(), 0);
+      EXPECT_FALSE(pf.termine);
+      if (deuxFois) Commande(0);  // asked from outside meanwhile
+      EXPECT_EQ(pf.termine, deuxFois);
+    };
+    Commande(0);
+    EXPECT_TRUE(pf.termine);
+    EXPECT_EQ(Messages().at(0), "Error|L'erreur # 75 a été générée par Brandis\rPath/File access error");
+  }
+  EXPECT_EQ(LireFichier("elsewhere"), "precious");
 }
 
 TEST_F(Sauvegarde, ResumeWithoutARecordIsSilent) {

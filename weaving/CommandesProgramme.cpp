@@ -3,6 +3,7 @@
 #include "display/GrilleDuites.h"
 #include "display/Voyants.h"
 #include "kit/BullesInfo.h"
+#include "kit/FenetreMessageCourt.h"
 #include "kit/FondFenetre.h"
 #include "kit/Palette.h"
 #include "loom/EssaisSolenoides.h"
@@ -45,7 +46,9 @@ void AllumerMode(Commande::Index mode) {
 void Quitter() {
   FermerPort();
   EcrireConfiguration();
+  const bool gardee = session.Etat == EtatEtape::Reussi;
   NoterFin();
+  if (!gardee) AttendreLecture();
   fenetre.Visible = false;
   plateforme().Terminer();
 }
