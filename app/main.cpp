@@ -1,5 +1,6 @@
 // The program.
 #include <QApplication>
+#include <QFile>
 #include <QTimer>
 
 #include "app/Montage.h"
@@ -22,16 +23,20 @@ int main(int nombre, char **mots) {
   QApplication::setQuitOnLastWindowClosed(false);  // the window also hides behind its notification icon
   HabillerApplication();
   QGuiApplication::setDesktopFileName(QStringLiteral("brandis"));
-  const DossiersProgramme dossiers =
-      TrouverDossiers(QCoreApplication::applicationDirPath().toStdString());
-  InstanceUnique instance(dossiers.programme);
-  if (!instance.Premiere()) {
-    if (!instance.AppelerPremiere()) Annoncer(TexteDejaOuvert(dossiers.programme));
-    return 0;
+  try {
+    const DossiersProgramme dossiers =
+        TrouverDossiers(QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString());
+    InstanceUnique instance(dossiers.programme);
+    if (!instance.Premiere()) {
+      if (!instance.AppelerPremiere()) Annoncer(TexteDejaOuvert(dossiers.programme));
+      return 0;
+    }
+    PlateformeQt machine(dossiers);
+    Monter(machine);
+    // Once the window stands: nobody calls before.
+    QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });
+    return Tourner(machine);
+  } catch (const SansDossier &e) {
+    RapporterEtFinir(e.what());
   }
-  PlateformeQt machine(dossiers);
-  Monter(machine);
-  // Once the window stands: nobody calls before.
-  QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });
-  return Tourner(machine);
 }

@@ -83,7 +83,7 @@ class Metier {
 // The program as it stands in the middle of weaving, its window open offscreen.
 class Programme {
  public:
-  Programme() : machine({metier.dossier, BRANDIS_PROGRAMME}) {
+  Programme() : machine({metier.dossier, {metier.dossier, BRANDIS_PROGRAMME}}) {
     InstallerPlateforme(&machine);
     session = {};
     fenetre = FenetreTissagePrincipale();

@@ -72,11 +72,10 @@ class EssaiCadres : public testing::Test {
     dossier = std::make_unique<QTemporaryDir>();
     const std::string base = dossier->path().toStdString();
     fs::create_directory(base + "/Data");
-    fs::create_directory_symlink(BRANDIS_PROGRAMME "/Dessins Boutons", base + "/Dessins Boutons");
     for (Fenetre *f : ToutesFenetres()) Decharger(*f);
     session = {};
     fenetre = FenetreTissagePrincipale();
-    machine = std::make_unique<Machine>(DossiersProgramme{base, BRANDIS_PROGRAMME});
+    machine = std::make_unique<Machine>(DossiersProgramme{base, {base, BRANDIS_PROGRAMME}});
     Monter(*machine);
     session.BullesActives = true;
     session.IntervalleMessageCourt = 30000;  // no window closes by itself while the test looks at it

@@ -72,7 +72,7 @@ class EssaiMiroir : public testing::Test {
     for (const char *nom : {"PicNoir", "PicRouge", "PicBlanc"})
       ASSERT_TRUE(image.save(dossier.path() + "/Images/" + nom + ".png"));
     machine = std::make_unique<PlateformeQt>(
-        DossiersProgramme{dossier.path().toStdString(), dossier.path().toStdString()});
+        DossiersProgramme{dossier.path().toStdString(), {dossier.path().toStdString()}});
     InstallerPlateforme(machine.get());
     miroir().Ajouter(f);
     Charger(f).Visible = true;

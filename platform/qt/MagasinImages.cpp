@@ -83,10 +83,20 @@ const Surface &MagasinImages::Picture(const std::string &nom) {
   return surfaces_[nom] = EnSurface(std::move(image));
 }
 
+std::string MagasinImages::Trouve(const std::string &chemin) const {
+  const std::string premier = dossiers_.front() + '/';
+  if (chemin.rfind(premier, 0) != 0) return chemin;
+  for (const std::string &dossier : dossiers_) {
+    const std::string ailleurs = dossier + '/' + chemin.substr(premier.size());
+    if (QFileInfo::exists(QFile::decodeName(ailleurs.c_str()))) return ailleurs;
+  }
+  return chemin;
+}
+
 const Surface &MagasinImages::LoadPicture(const std::string &chemin) {
   const auto connue = fichiers_.find(chemin);
   if (connue != fichiers_.end()) return connue->second;
-  const QString fichier = QFile::decodeName(chemin.c_str());
+  const QString fichier = QFile::decodeName(Trouve(chemin).c_str());
   if (!QFileInfo::exists(fichier)) throw ErreurExecution(Erreur::FichierIntrouvable);
   QImage image = Lire(fichier);
   if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);

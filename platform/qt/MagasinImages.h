@@ -10,8 +10,8 @@
 
 class MagasinImages {
  public:
-  // Folders that hold `Images/NAME.ppm` or `.png`; the first that has the picture counts, and after them the
-  // resources.
+  // Folders that hold `Images/NAME.ppm` or `.png` and picture files; the first that has the picture counts,
+  // and for `Images` the resources after them.
   explicit MagasinImages(std::vector<std::string> dossiers) : dossiers_(std::move(dossiers)) {}
 
   // A picture of the program, read anew and not kept; null when there is none.
@@ -20,10 +20,14 @@ class MagasinImages {
   const QImage &Nommee(const std::string &nom);
   // The same as plain pixels.
   const Surface &Picture(const std::string &nom);
-  // A picture file; fails with 53 or 481. A file that failed is looked at again.
+  // A picture file; one that is not in the first folder is looked for at the same place of the others. Fails
+  // with 53 or 481. A file that failed is looked at again.
   const Surface &LoadPicture(const std::string &chemin);
 
  private:
+  // The file itself, or where it lies.
+  std::string Trouve(const std::string &chemin) const;
+
   std::vector<std::string> dossiers_;
   std::map<std::string, QImage> nommees_;
   std::map<std::string, Surface> surfaces_, fichiers_;

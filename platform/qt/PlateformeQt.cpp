@@ -38,7 +38,7 @@ QStringList Filtres(const std::string &filtre) {
 
 PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
     : dossiers_(dossiers),
-      images_({dossiers.programme, dossiers.partage}),
+      images_(dossiers.dessins),
       port_(dossiers.programme),
       suivi_(port_),
       miroir_(images_,
