@@ -32,3 +32,9 @@ construire() {
   cmake --build --preset "$preset" "$@" >"$journal" 2>&1 || { tail -n 60 "$journal"; exit 1; }
   rm -f "$journal"
 }
+
+# Whether a simulated loom may take this link: nothing is there, or what one that was killed has left. A link to an
+# adapter that is unplugged waits for it.
+prise_libre() {
+  [ ! -e "$1" ] && { [ ! -L "$1" ] || [[ "$(readlink "$1")" == /dev/pts/* ]]; }
+}

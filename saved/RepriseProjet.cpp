@@ -31,11 +31,13 @@ std::vector<Champ> LigneResume(Entier n) {
   return {ChampTexte(0, kLongueurRepriseLigne, "LigneResume", session.LignesTravail[n])};
 }
 
-// Says what the project slot holds, behind a word about the save. The last failure stands below.
+// Says what the project slot holds, behind a word about the save. The last failure stands below. A message
+// that stands already would take this one with it when it closes.
 void DireProjetEnregistre(const std::string &debut, bool present, const std::string &raison = "") {
   session.MessageErreur = debut + (present ? Selon("la précédente demeure.", "the save before stands.")
                                            : Selon("aucun projet n'est enregistré.", "no project is saved."));
   if (!raison.empty()) session.MessageErreur += "\r" + raison;
+  Decharger(fenetreMessageCourt);
   AfficherMessageCourt(TitreErreur(), session.MessageErreur);
 }
 

@@ -88,9 +88,10 @@ void LigneSimulee::Lier() {
   if (erreur) throw EchecLigne("cannot make " + lien.parent_path().string() + ": " + erreur.message());
   if (fs::is_symlink(fs::symlink_status(lien, erreur))) {
     // A link left behind may name the very terminal that was made just now: the
-    // system gives freed numbers again.
-    if (fs::exists(lien, erreur) && fs::read_symlink(lien, erreur) != esclaveNom_)
-      throw EchecLigne(lien_ + " is in use: it points to " + fs::read_symlink(lien, erreur).string());
+    // system gives freed numbers again. One to an adapter that is unplugged waits for it.
+    const fs::path cible = fs::read_symlink(lien, erreur);
+    if (cible != esclaveNom_ && (fs::exists(lien, erreur) || cible.parent_path() != "/dev/pts"))
+      throw EchecLigne(lien_ + " is in use: it points to " + cible.string());
     fs::remove(lien, erreur);
   } else if (fs::exists(lien, erreur)) {
     throw EchecLigne(lien_ + " is in use: it is no link");

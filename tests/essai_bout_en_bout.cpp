@@ -148,6 +148,12 @@ TEST_F(BoutEnBout, NoPortIsToldAndConfigureIsReachable) {
   Cliquer(15);
 }
 
+TEST_F(BoutEnBout, AStartLooksForASaveThatWasCutOff) {
+  std::ofstream(dossier + "/Data/Reprise.Avant") << "half a copy";
+  DemarrerProgramme();
+  EXPECT_NE(Etat().find("message=The copy of the save before is damaged"), std::string::npos);
+}
+
 TEST_F(BoutEnBout, AResumedPatternGoesOnAsIfItHadNeverStopped) {
   TisserPuisReprendre("Pattern", {Attendu(1), Attendu(2), Attendu(3)});
   for (int n = 5; n <= 14; ++n) SuiteEst({Attendu(n)});

@@ -1,0 +1,199 @@
+// Where the program's files lie: its folder, the user's, the installed share, and what the scripts lay there.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <string>
+
+#include "base/ErreurExecution.h"
+#include "platform/qt/DossierProgramme.h"
+#include "platform/qt/MagasinImages.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+std::string Lire(const fs::path &chemin) {
+  std::ifstream f(chemin, std::ios::binary);
+  return {std::istreambuf_iterator<char>(f), {}};
+}
+
+class EssaiDossiers : public testing::Test {
+ protected:
+  fs::path base, bin, maison, partage;
+
+  void SetUp() override {
+    char modele[] = "/tmp/dossiers-XXXXXX";
+    base = mkdtemp(modele);
+    fs::permissions(base, fs::perms::others_all, fs::perm_options::add);
+    bin = base / "bin";
+    maison = base / "home";
+    partage = base / "share/brandis";
+    fs::create_directories(bin);
+    fs::create_directories(maison);
+    setenv("HOME", maison.c_str(), 1);
+    unsetenv("XDG_DATA_HOME");
+  }
+  void TearDown() override { fs::remove_all(base); }
+
+  static void Ecrire(const fs::path &chemin, const std::string &contenu) {
+    fs::create_directories(chemin.parent_path());
+    std::ofstream(chemin, std::ios::binary) << contenu;
+  }
+  fs::path Data(const std::string &nom = "") const { return maison / ".local/share/brandis/Data" / nom; }
+  DossiersProgramme Trouver() const { return TrouverDossiers(bin.string()); }
+  // Every file of the user's folder with its contents.
+  std::map<std::string, std::string> Contenu() const {
+    std::map<std::string, std::string> fichiers;
+    for (const auto &e : fs::recursive_directory_iterator(Data()))
+      if (e.is_regular_file()) fichiers[e.path().lexically_relative(Data())] = Lire(e.path());
+    return fichiers;
+  }
+  // Output and status of a shell command.
+  std::pair<std::string, int> Lancer(const std::string &commande) const {
+    FILE *tube = popen(("cd " + base.string() + " && { " + commande + "; } 2>&1").c_str(), "r");
+    std::string texte;
+    char octets[512];
+    while (const std::size_t n = fread(octets, 1, sizeof octets, tube)) texte.append(octets, n);
+    const int etat = pclose(tube);
+    return {texte, WIFEXITED(etat) ? WEXITSTATUS(etat) : -1};
+  }
+};
+}  // namespace
+
+TEST_F(EssaiDossiers, TheUsersFolderIsFilledFromTheShareAndCompleted) {
+  Ecrire(partage / "Data/Serge8.Wif", "serge");
+  Ecrire(partage / "Data/mine/Other.Wif", "other");
+  Ecrire(partage / "Data/Resume.Trm", "");
+  fs::permissions(partage / "Data/Serge8.Wif", fs::perms::owner_read);
+  const std::map<std::string, std::string> rempli{
+      {"Serge8.Wif", "serge"}, {"mine/Other.Wif", "other"}, {"Resume.Trm", ""}, {"Resume2.Trm", ""}};
+  fs::create_directories(Data());  // an empty one was left
+  const DossiersProgramme d = Trouver();
+  EXPECT_EQ(d.programme, (maison / ".local/share/brandis").string());
+  EXPECT_EQ(Contenu(), rempli);
+  EXPECT_TRUE((fs::status(Data("Serge8.Wif")).permissions() & fs::perms::owner_write) != fs::perms::none);
+  EXPECT_TRUE(fs::is_directory(d.programme + "/Ports"));
+  EXPECT_FALSE(fs::exists(d.programme + "/Dessins Boutons"));
+
+  // A half-filled one is completed, and what the weaver has stays.
+  fs::remove_all(Data("mine"));
+  Ecrire(Data("Serge8.Wif"), "changed");
+  Ecrire(Data("Serge8.Wif.partiel"), "se");
+  Ecrire(Data("Resume.Trm"), "a project");
+  fs::remove(Data("Resume2.Trm"));
+  Ecrire(partage / "Data/Resume2.Trm", "not of this project");
+  Trouver();
+  EXPECT_EQ(Contenu(), (std::map<std::string, std::string>{{"Serge8.Wif", "changed"},
+                                                           {"Serge8.Wif.partiel", "se"},
+                                                           {"mine/Other.Wif", "other"},
+                                                           {"Resume.Trm", "a project"},
+                                                           {"Resume2.Trm", ""}}));
+
+  setenv("XDG_DATA_HOME", (base / "data").c_str(), 1);
+  EXPECT_EQ(Trouver().programme, (base / "data/brandis").string());
+  setenv("XDG_DATA_HOME", "relative", 1);
+  EXPECT_EQ(Trouver().programme, d.programme);
+}
+
+// By somebody who cannot write there; the rights of root know no such folder.
+TEST_F(EssaiDossiers, AProgramsFolderThatCannotBeWrittenFillsTheUsersOwn) {
+  Ecrire(bin / "Data/Serge8.Wif", "serge");
+  Ecrire(bin / "Data/Configuration.Con", "settings");
+  Ecrire(bin / "Data/Resume.Trm", "header");
+  Ecrire(bin / "Data/Resume2.Trm", "lines");
+  Ecrire(bin / "Data/Reprise.Avant", "copy");
+  Ecrire(bin / "Data/Journal.txt", "of others");
+  EXPECT_EQ(Trouver().programme, bin.string());
+  for (const fs::path &p : {bin, bin / "Data"})
+    fs::permissions(p, fs::perms::owner_write | fs::perms::group_write, fs::perm_options::remove);
+  fs::permissions(maison, fs::perms::others_all, fs::perm_options::add);
+  const pid_t enfant = fork();
+  if (enfant == 0) {
+    if (getuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) _exit(2);
+    const DossiersProgramme d = Trouver();
+    _exit(d.programme == (maison / ".local/share/brandis").string() && d.dessins.at(1) == bin.string() ? 0
+                                                                                                       : 1);
+  }
+  int etat = 0;
+  waitpid(enfant, &etat, 0);
+  EXPECT_EQ(WEXITSTATUS(etat), 0);
+  EXPECT_EQ(Contenu(), (std::map<std::string, std::string>{{"Serge8.Wif", "serge"},
+                                                           {"Configuration.Con", "settings"},
+                                                           {"Resume.Trm", "header"},
+                                                           {"Resume2.Trm", "lines"},
+                                                           {"Reprise.Avant", "copy"}}));
+  for (const fs::path &p : {bin, bin / "Data"}) fs::permissions(p, fs::perms::owner_all);
+}
+
+TEST_F(EssaiDossiers, PicturesAreReadWhereTheyLie) {
+  const std::string pixel = "P6\n1 1\n255\n";
+  Ecrire(partage / "Dessins Boutons/a.ppm", pixel + "\x10\x20\x30");
+  Ecrire(partage / "Dessins Boutons/b.ppm", pixel + "\x10\x20\x30");
+  Ecrire(maison / "Dessins Boutons/b.ppm", pixel + "\x40\x50\x60");
+  MagasinImages images({maison.string(), bin.string(), partage.string()});
+  EXPECT_EQ(images.LoadPicture(maison.string() + "/Dessins Boutons/a.ppm").Point(0, 0),
+            Rgb(0x10, 0x20, 0x30));
+  EXPECT_EQ(images.LoadPicture(maison.string() + "/Dessins Boutons/b.ppm").Point(0, 0),
+            Rgb(0x40, 0x50, 0x60));
+  EXPECT_THROW(images.LoadPicture(maison.string() + "/Dessins Boutons/c.ppm"), ErreurExecution);
+}
+
+TEST_F(EssaiDossiers, WithoutAFolderTheProgramSaysWhatIsMissingAndEnds) {
+  fs::copy_file(BRANDIS_PROGRAMME "/brandis", bin / "brandis");
+  for (const auto &[langue, mots] :
+       {std::pair("fr_FR.UTF-8", "n'a pas de dossier"), {"en_US.UTF-8", "has no folder"}}) {
+    const auto [texte, etat] = Lancer("env -u HOME -u XDG_DATA_HOME LC_ALL=" + std::string(langue) +
+                                      " QT_QPA_PLATFORM=offscreen bin/brandis");
+    EXPECT_EQ(etat, 1);
+    EXPECT_NE(texte.find(mots), std::string::npos) << texte;
+    EXPECT_NE(texte.find("HOME"), std::string::npos) << texte;
+  }
+  EXPECT_FALSE(fs::exists("/tmp/.local/share/brandis"));
+}
+
+TEST_F(EssaiDossiers, AnUpgradeLeavesASavedProjectAsItIs) {
+  const std::string installer = "cmake --install " BRANDIS_BUILD " --prefix " + base.string() + "/usr";
+  const fs::path data = base / "usr/share/brandis/Data";
+  ASSERT_EQ(Lancer(installer).second, 0);
+  EXPECT_TRUE(fs::exists(data / "Resume.Trm") && Lire(data / "Resume.Trm").empty());
+  EXPECT_TRUE(fs::exists(data / "Resume2.Trm") && fs::exists(data / "Serge8.Wif"));
+  Ecrire(data / "Resume.Trm", "a project");
+  fs::remove(data / "Resume2.Trm");
+  ASSERT_EQ(Lancer(installer).second, 0);
+  EXPECT_EQ(Lire(data / "Resume.Trm"), "a project");
+  EXPECT_TRUE(fs::exists(data / "Resume2.Trm"));
+
+  // What the build runs over its own folder.
+  fs::remove(data / "Resume2.Trm");
+  fs::create_symlink("/nowhere", data / "Resume2.Trm");
+  ASSERT_EQ(Lancer("cmake -DDOSSIER=" + data.string() + " -P " BRANDIS_SOURCES "/outils/poser_reprise.cmake")
+                .second,
+            0);
+  EXPECT_EQ(Lire(data / "Resume.Trm"), "a project");
+  EXPECT_TRUE(fs::is_symlink(data / "Resume2.Trm"));
+}
+
+TEST_F(EssaiDossiers, ASimulatedLoomTakesOnlyWhatASimulatedLoomHasLeft) {
+  fs::create_directory(base / "Ports");
+  const fs::path com1 = base / "Ports/com1";
+  const auto libre = [&] {
+    return Lancer("bash -c '. " BRANDIS_SOURCES "/outils/commun.sh && prise_libre " + com1.string() + "'")
+        .second;
+  };
+  EXPECT_EQ(libre(), 0);
+  for (const auto &[cible, attendu] : {std::pair("/dev/pts/99999", 0),
+                                       {"/dev/serial/by-id/usb-unplugged", 1},
+                                       {"/dev/null", 1},
+                                       {"/dev/ptsd", 1}}) {
+    fs::create_symlink(cible, com1);
+    EXPECT_EQ(libre(), attendu) << cible;
+    const std::string texte = Lancer("echo quitter | " BRANDIS_PROGRAMME "/metier-simule --dossier .").first;
+    EXPECT_EQ(texte.find("in use") != std::string::npos, attendu == 1) << cible << ": " << texte;
+    EXPECT_EQ(fs::remove(com1), attendu == 1) << "a loom that ends takes its own link away";
+  }
+}
