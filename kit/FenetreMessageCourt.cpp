@@ -109,7 +109,6 @@ void AttendreLecture() {
   if (!f.Visible) return;
   if (std::exchange(f.EnLecture, true)) return Decharger(f);
   f.Timer1.Interval(0);
-  f.KeyDown = [](int, int) { Fermer(); };
   plateforme().MontrerModal(f);
 }
 
