@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
@@ -32,10 +33,15 @@ bool PoserSignaux() {
   return true;
 }
 
-std::string DossierExecutable(const char *nom) {
+// The program's folder: the one of this executable, or the user's where the programs are installed.
+std::string DossierProgramme(const char *nom) {
   std::error_code erreur;
   const std::filesystem::path soi = std::filesystem::read_symlink("/proc/self/exe", erreur);
-  return (erreur ? std::filesystem::absolute(nom) : soi).parent_path().string();
+  const std::filesystem::path dossier = (erreur ? std::filesystem::absolute(nom) : soi).parent_path();
+  const char *xdg = std::getenv("XDG_DATA_HOME"), *maison = std::getenv("HOME");
+  if (std::filesystem::is_directory(dossier / "Data", erreur)) return dossier.string();
+  if (xdg && *xdg == '/') return std::string(xdg) + "/brandis";
+  return maison ? std::string(maison) + "/.local/share/brandis" : dossier.string();
 }
 
 }  // namespace
@@ -43,7 +49,7 @@ std::string DossierExecutable(const char *nom) {
 int main(int nombre, char **arguments) {
   try {
     const simulateur::Reglages reglages =
-        simulateur::LireReglages({arguments + 1, arguments + nombre}, DossierExecutable(arguments[0]));
+        simulateur::LireReglages({arguments + 1, arguments + nombre}, DossierProgramme(arguments[0]));
     if (reglages.aide) {
       std::cout << simulateur::TexteAide;
       return 0;
