@@ -61,6 +61,7 @@ class Bureau : public BoutEnBout {
       tableau.endStructure();
       liste << QStringList{quoi, qui, pourquoi, mode}.join(' ');
     }
+    tableau.endArray();
     return liste;
   }
   std::unique_ptr<Processus> demon;
