@@ -59,8 +59,10 @@ void OuvrirPort() {
   } catch (const ErreurExecution &e) {
     session.Etat = EtatEtape::Echec;
     AfficherErreurNumerotee(e);
+    if (e.Number() != Erreur::PortInutilisable) return;
+    fenetreMessageCourt.Ligne[3].Caption = MSComm1().RaisonRefus();
     // The weaver must be able to reach the choice of the port.
-    if (e.Number() == Erreur::PortInutilisable) fenetre.BoutonProgramme[Commande::Configurer].Visible = true;
+    fenetre.BoutonProgramme[Commande::Configurer].Visible = true;
   }
 }
 

@@ -19,6 +19,7 @@ class PortSerie {
   virtual std::string Settings() const = 0;
   virtual void PortOpen(bool ouvrir) = 0;  // 8002, 8005
   virtual bool PortOpen() const = 0;
+  virtual std::string RaisonRefus() const = 0;  // of the last 8002: a sentence in the language in force
   virtual void Output(const std::string &octets) = 0;  // never waits; 8018
   virtual std::string Input() = 0;                     // all that was received; never waits; 57
   virtual void InputLen(Entier longueur) = 0;

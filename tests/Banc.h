@@ -58,6 +58,7 @@ class PortBanc : public PortSerie {
     if (!ouvrir) recus.clear();
   }
   bool PortOpen() const override { return ouvert; }
+  std::string RaisonRefus() const override { return "COM: why"; }
   void Output(const std::string &octets) override {
     if (!ouvert) throw ErreurExecution(Erreur::PortFerme);
     if (ecritureEnPanne) throw ErreurExecution(Erreur::Peripherique);

@@ -3,6 +3,7 @@
 #include <poll.h>
 #include <stdlib.h>
 #include <sys/stat.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -108,13 +109,32 @@ TEST_F(EssaiPortSerie, UnusablePortsAre8002) {
   };
   std::ofstream(Ports() / "com2") << "not a device";
   fs::create_symlink("/dev/null", Ports() / "com3");
-  for (const int com : {2, 3, 99, 0}) {
+  fs::create_symlink("nowhere", Ports() / "com4");
+  for (const auto &[com, raison] : std::map<int, std::string>{{2, "this is not a serial line."},
+                                                              {3, "COM 3 (/dev/null): this is not a serial line."},
+                                                              {4, "COM 4: no such port; is the cable plugged in?"},
+                                                              {99, "COM 99: no such port; is the cable plugged in?"},
+                                                              {0, "no such port; is the cable plugged in?"}}) {
     EXPECT_EQ(numeroOuverture(com), Erreur::PortInutilisable) << com;
     EXPECT_FALSE(port.PortOpen()) << com;
+    EXPECT_TRUE(port.RaisonRefus().ends_with(raison)) << port.RaisonRefus();
   }
-  PortSerieQt autre(dossier.path().toStdString());
-  autre.PortOpen(true);
-  EXPECT_EQ(numeroOuverture(1), Erreur::PortInutilisable) << "busy";
+  const std::string debut = "COM 1 (" + std::string(ptsname(maitre)) + ")";
+  {
+    PortSerieQt autre(dossier.path().toStdString());
+    autre.PortOpen(true);
+    EXPECT_EQ(numeroOuverture(1), Erreur::PortInutilisable) << "busy";
+    EXPECT_EQ(port.RaisonRefus(),
+              debut + ": another program uses it: essai_port_seri (" + std::to_string(getpid()) + ").");
+  }
+  chmod(ptsname(maitre), 0);
+  chmod(dossier.path().toUtf8(), 0755);
+  const bool racine = geteuid() == 0 && seteuid(65534) == 0;  // the superuser may open anything
+  session.LangueFrancaise = true;
+  EXPECT_EQ(numeroOuverture(1), Erreur::PortInutilisable);
+  EXPECT_EQ(port.RaisonRefus(), debut + " : vous n'avez pas le droit de l'employer.");
+  session.LangueFrancaise = false;
+  EXPECT_TRUE(!racine || seteuid(0) == 0);
 }
 
 TEST_F(EssaiPortSerie, OpenAndClosedStates) {

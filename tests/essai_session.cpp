@@ -303,6 +303,7 @@ TEST_F(SessionEntiere, PortThatIsNotThereOrVanishes) {
   port.utilisable = false;
   Pas(10, {0, 2, 9, 10, 11, 12, 14, 16});
   EXPECT_EQ(Messages(), V{kInutilisable});
+  EXPECT_EQ(fenetreMessageCourt.Ligne[3].Caption, "COM: why");
   EXPECT_FALSE(fenetre.Voyants[10] || fenetre.PortOuvert);
   EXPECT_EQ(session.DuiteCourante, 1);  // the cursor moves, nothing goes out
   port.utilisable = true;

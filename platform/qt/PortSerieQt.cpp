@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/RefusPort.h"
 #include "platform/qt/ReglagesPort.h"
 
 namespace {
@@ -65,7 +66,10 @@ void PortSerieQt::Ouvrir() {
   nom_ = LienDuPort(dossier_, numero_);
   if (nom_.empty()) nom_ = attendu ? parti->second : PortListe(numero_);
   const bool present = OuvrirAppareil();
-  if (!present && !attendu) throw ErreurExecution(Erreur::PortInutilisable);
+  if (!present && !attendu) {
+    refus_ = RaisonRefusPort(numero_, nom_);
+    throw ErreurExecution(Erreur::PortInutilisable);
+  }
   if (present) port_.clear(QSerialPort::Input);  // what came while closed is dropped
   emission_.Vider();
   ouvert_ = true;

@@ -49,6 +49,7 @@ class PortSerieQt : public PortSerie {
   std::string Settings() const override { return reglages_; }
   void PortOpen(bool ouvrir) override;
   bool PortOpen() const override { return ouvert_; }
+  std::string RaisonRefus() const override { return refus_; }
   void Output(const std::string &octets) override;
   // 1024 bytes are kept from one reading to the next; what comes behind them is dropped.
   std::string Input() override;
@@ -88,7 +89,7 @@ class PortSerieQt : public PortSerie {
   void Lacher();
   void Tourner();
 
-  std::string dossier_, reglages_ = "9600,N,8,1";
+  std::string dossier_, refus_, reglages_ = "9600,N,8,1";
   Entier numero_ = 1, longueurLecture_ = 0;
   long modeLecture_ = 0, protocole_ = 0;
   bool rts_ = true;
