@@ -8,8 +8,8 @@
 
 class InstanceUnique {
  public:
-  // Takes the lock `Data/Brandis.verrou` of the program's folder. The system drops it with its process, however
-  // that ends, so none is ever left behind. A folder that cannot hold a lock is free for all.
+  // Takes the lock `Data/Brandis.verrou` of the program's folder. The system drops it with its process,
+  // however that ends, so none is ever left behind. A folder that cannot hold a lock is free for all.
   explicit InstanceUnique(const std::string &dossier);
   ~InstanceUnique();
   InstanceUnique(const InstanceUnique &) = delete;

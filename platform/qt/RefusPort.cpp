@@ -56,9 +56,11 @@ std::string RaisonRefusPort(int numero, const std::string &chemin) {
     case Refus::PasSerie:
       return debut + Selon("ce n'est pas une ligne série.", "this is not a serial line.");
     case Refus::Occupe:
-      return debut + Selon("un autre programme l'emploie", "another program uses it") + Occupant(appareil) + ".";
+      return debut + Selon("un autre programme l'emploie", "another program uses it") + Occupant(appareil) +
+             ".";
     case Refus::Absent:
       break;
   }
-  return debut + Selon("il n'y a pas de port ; le câble est-il branché ?", "no such port; is the cable plugged in?");
+  return debut +
+         Selon("il n'y a pas de port ; le câble est-il branché ?", "no such port; is the cable plugged in?");
 }

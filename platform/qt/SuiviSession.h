@@ -1,5 +1,5 @@
-// What hangs on the state of the session and on no event of its own: the toolkit's words follow the language in
-// force, the machine stays awake while the loom is at work.
+// What hangs on the state of the session and on no event of its own: the toolkit's words follow the language
+// in force, the machine stays awake while the loom is at work.
 #pragma once
 
 #include "loom/PortSerie.h"

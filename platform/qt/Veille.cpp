@@ -57,7 +57,8 @@ void Veille::Relier() {
     const std::lock_guard tour(liaison->garde);
     liaison->enCours = false;
     if (Veille *moi = liaison->proprietaire)
-      QMetaObject::invokeMethod(&moi->vivante_, [moi, bus] { moi->Demander(bus); }, Qt::QueuedConnection);
+      QMetaObject::invokeMethod(
+          &moi->vivante_, [moi, bus] { moi->Demander(bus); }, Qt::QueuedConnection);
   }).detach();
 }
 
@@ -69,7 +70,8 @@ void Veille::Demander(const QDBusConnection &bus) {
   QDBusMessage appel = QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
       QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("Inhibit"));
-  appel << QStringLiteral("sleep:idle") << QStringLiteral("Brandis") << Texte(raison_) << QStringLiteral("block");
+  appel << QStringLiteral("sleep:idle") << QStringLiteral("Brandis") << Texte(raison_)
+        << QStringLiteral("block");
   auto *attente = new QDBusPendingCallWatcher(bus.asyncCall(appel), &vivante_);
   QObject::connect(attente, &QDBusPendingCallWatcher::finished, &vivante_, [this, attente] {
     const QDBusPendingReply<QDBusUnixFileDescriptor> reponse = *attente;
