@@ -11,7 +11,7 @@
 // other endings and a missing part; `dossierExecutable` is where the program lies, and its parts there or in
 // ../lib/brandis.
 std::string DessinerAvecLaPartie(const std::string &dossierExecutable, const Motif &motif,
-                                 const std::string &nom);
+                                 const std::string &nom, Langue langue);
 
 // Opens the window with these files and gives the exit status of its event loop.
 int OuvrirFenetre(const std::string &dossierExecutable, Langue langue, std::vector<std::string> fichiers);

@@ -7,7 +7,7 @@
 #include "motifs/Motif.h"
 
 extern "C" {
-using PartieDessin = std::string(const Motif &motif, const std::string &nom);
+using PartieDessin = std::string(const Motif &motif, const std::string &nom, Langue langue);
 using PartieFenetre = int(const std::string &dossierExecutable, Langue langue,
                           const std::vector<std::string> &fichiers);
 }

@@ -89,7 +89,7 @@ class Travail {
   int Dessiner(const std::string &fichier) {
     const Motif motif = LireMotif(fichier);
     VerifierCible(d_.sortie, d_.remplacer);
-    EcrireFichier(d_.sortie, DessinerAvecLaPartie(dossier_, motif, d_.sortie), d_.remplacer);
+    EcrireFichier(d_.sortie, DessinerAvecLaPartie(dossier_, motif, d_.sortie, langue_), d_.remplacer);
     return 0;
   }
 

@@ -2,7 +2,8 @@
 
 PAQUETS="cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgtest-dev libbenchmark-dev fonts-liberation
   qt6-translations-l10n dbus-daemon python3-dbusmock
-  nlohmann-json3-dev dpkg-dev groff-base desktop-file-utils appstream libxml2-utils lintian"
+  pkg-config libcairo2-dev libpng-dev nlohmann-json3-dev
+  dpkg-dev groff-base desktop-file-utils appstream libxml2-utils lintian"
 PAQUETS_ECRAN_VIRTUEL="xvfb xdotool imagemagick"
 
 # Installs the Debian packages of the list that are missing, and says so.
