@@ -12,8 +12,6 @@
 #include <system_error>
 #include <utility>
 
-#include "motifs/Phrase.h"
-
 namespace {
 class Descripteur {
  public:
@@ -98,11 +96,6 @@ int Deplacer(const std::string &provisoire, const std::string &chemin, bool remp
   return link(provisoire.c_str(), chemin.c_str()) == 0 ? 0 : errno;
 }
 
-Phrase DejaLa() {
-  return {"ce fichier existe déjà (--remplacer pour le remplacer).",
-          "this file is there already (--remplacer replaces it)."};
-}
-
 template <class F>
 std::string Lire(const std::string &chemin, F &&voir) {
   // A pipe without a writer would hold the opening up for ever.
@@ -133,6 +126,11 @@ struct Provisoire {
 
 std::string TexteErreur(int errnoValeur) { return std::generic_category().message(errnoValeur); }
 
+DejaLa::DejaLa(const std::string &chemin)
+    : Refus(chemin, 0,
+            {"ce fichier existe déjà (--remplacer pour le remplacer).",
+             "this file is there already (--remplacer replaces it)."}) {}
+
 std::string LireFichier(const std::string &chemin) {
   Controle controle(chemin);
   return Lire(chemin, [&](std::string_view octets) { controle.Voir(octets); });
@@ -152,7 +150,7 @@ void VerifierCible(const std::string &chemin, bool remplacer) {
     return;
   }
   if (!S_ISLNK(infos.st_mode)) ExigerOrdinaire(chemin, infos.st_mode);
-  if (!remplacer) throw Refus(chemin, 0, DejaLa());
+  if (!remplacer) throw DejaLa(chemin);
 }
 
 void EcrireFichier(const std::string &chemin, std::string_view octets, bool remplacer) {
@@ -170,7 +168,7 @@ void EcrireFichier(const std::string &chemin, std::string_view octets, bool remp
   if (fchmod(fichier, 0666 & ~masque) != 0 || fsync(fichier) != 0 || !fichier.Fermer())
     Refuser(chemin, kInscriptible, errno);
   if (const int erreur = Deplacer(modele, chemin, remplacer); erreur == EEXIST)
-    throw Refus(chemin, 0, DejaLa());
+    throw DejaLa(chemin);
   else if (erreur != 0)
     Refuser(chemin, kInscriptible, erreur);
   // The name has to outlive a power cut too; where a folder cannot be synced, the file system does it.

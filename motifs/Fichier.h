@@ -5,8 +5,15 @@
 #include <string>
 #include <string_view>
 
+#include "motifs/Phrase.h"
+
 constexpr std::size_t kOctetsMax = std::size_t{32} << 20;      // bytes of a file
 constexpr std::size_t kOctetsLigneMax = std::size_t{1} << 20;  // bytes of a line
+
+// A target that is there and was not to be replaced.
+struct DejaLa : Refus {
+  explicit DejaLa(const std::string &chemin);
+};
 
 // The bytes of a regular file. Refuses folders, devices and pipes without waiting on them, files and lines
 // beyond the bounds, and files that hold a zero byte.

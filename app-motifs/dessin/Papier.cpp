@@ -180,9 +180,12 @@ std::string EnPdf(const Motif &motif, Langue langue) {
   const Contexte contexte(cairo_create(surface.get()));
   Feuille feuille(contexte.get(), motif, langue);
   const double largeur = kPageLargeur - 2 * kMarge, hauteur = kPageHauteur - 2 * kMarge - kTete;
-  const double cote =
+  double cote =
       std::min({kCaseMax, (largeur - kNumeros) / feuille.planche.Largeur(), hauteur / (feuille.Tete() + 10)});
-  const int place = std::max(1, static_cast<int>(hauteur / cote) - feuille.Tete());
+  // What passes a page by little goes on it a little smaller.
+  if (const double juste = hauteur / (feuille.Tete() + motif.Duites()); juste > cote * 0.75)
+    cote = std::min(cote, juste);
+  const int place = std::max(1, static_cast<int>(hauteur / cote + 1e-6) - feuille.Tete());
   const int pages = (motif.Duites() + place - 1) / place, parPage = (motif.Duites() + pages - 1) / pages;
   for (int page = 0; page < pages; ++page) {
     const int premiere = page * parPage + 1, derniere = std::min(motif.Duites(), premiere + parPage - 1);
