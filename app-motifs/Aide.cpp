@@ -23,7 +23,7 @@ constexpr const char *kFrancais =
   --remplacer   écrit sur un fichier qui est déjà là
   --help        ce texte          --version     la version
 
-Résultat : 0 bien, 1 une faute constatée (verifier), 2 rien de fait.
+Résultat : 0 bien, 1 une faute constatée (verifier), 2 un fichier refusé.
 )";
 constexpr const char *kAnglais =
     R"(brandis-motifs: any weaver's patterns, ready for Brandis.
@@ -47,7 +47,7 @@ constexpr const char *kAnglais =
   --remplacer   writes over a file that is there
   --help        this text         --version     the version
 
-Exit status: 0 good, 1 a fault was found (verifier), 2 nothing was done.
+Exit status: 0 good, 1 a fault was found (verifier), 2 a file was refused.
 )";
 }  // namespace
 

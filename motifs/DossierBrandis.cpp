@@ -2,11 +2,12 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <system_error>
 
-#include "motifs/Phrase.h"
+#include "motifs/Fichier.h"
 
 namespace fs = std::filesystem;
 
@@ -35,9 +36,11 @@ std::string DossierData(const std::string &dossierExecutable) {
   const fs::path data = DossierUtilisateur();
   std::error_code erreur;
   fs::create_directories(data, erreur);
-  if (erreur || !fs::is_directory(data))
+  if (erreur || !fs::is_directory(data)) {
+    const Phrase raison = RaisonSysteme(erreur ? erreur.value() : ENOTDIR);
     throw Refus(data.string(), 0,
-                {"ce dossier ne peut être créé (" + erreur.message() + ").",
-                 "this folder cannot be made (" + erreur.message() + ")."});
+                {"ce dossier ne peut être créé : " + raison.fr + ".",
+                 "this folder cannot be made: " + raison.en + "."});
+  }
   return data.string();
 }

@@ -27,8 +27,8 @@ class Descripteur {
 };
 
 [[noreturn]] void Refuser(const std::string &chemin, const Phrase &quoi, int erreur) {
-  const std::string raison = " (" + TexteErreur(erreur) + ").";
-  throw Refus(chemin, 0, {quoi.fr + raison, quoi.en + raison});
+  const Phrase raison = RaisonSysteme(erreur);
+  throw Refus(chemin, 0, {quoi.fr + " : " + raison.fr + ".", quoi.en + ": " + raison.en + "."});
 }
 
 const Phrase kIllisible{"ce fichier ne peut être lu", "this file cannot be read"};
@@ -124,7 +124,27 @@ struct Provisoire {
 };
 }  // namespace
 
-std::string TexteErreur(int errnoValeur) { return std::generic_category().message(errnoValeur); }
+Phrase RaisonSysteme(int errnoValeur) {
+  switch (errnoValeur) {
+    case ENOENT:
+      return {"il n'existe pas, ou son dossier", "there is no such file or folder"};
+    case EACCES:
+    case EPERM:
+      return {"les droits manquent", "permission is denied"};
+    case ENOSPC:
+      return {"le disque est plein", "the disk is full"};
+    case EROFS:
+      return {"le disque n'accepte aucune écriture", "the disk takes no writing"};
+    case ENAMETOOLONG:
+      return {"son nom est trop long", "its name is too long"};
+    case ENXIO:
+      return {"personne n'est à l'autre bout", "nobody is at the other end"};
+    default:
+      break;
+  }
+  const std::string texte = std::generic_category().message(errnoValeur);
+  return {texte, texte};
+}
 
 DejaLa::DejaLa(const std::string &chemin)
     : Refus(chemin, 0,

@@ -29,5 +29,5 @@ void EcrireFichier(const std::string &chemin, std::string_view octets, bool remp
 // What EcrireFichier would refuse of its target; for work that is better not begun.
 void VerifierCible(const std::string &chemin, bool remplacer);
 
-// The operating system's own words for an errno value.
-std::string TexteErreur(int errnoValeur);
+// Why the operating system refused, in words.
+Phrase RaisonSysteme(int errnoValeur);

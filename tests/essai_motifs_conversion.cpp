@@ -67,9 +67,10 @@ class Temoin {
 class Conversion : public BancConfigure {
  protected:
   // The program's answer; its words go into `dit`.
-  int Lancer(const std::string &mots) {
+  int Lancer(const std::string &mots, const std::string &langue = "C") {
     const std::string journal = pf.dossier + "/dit";
-    const int etat = std::system(("LC_ALL=C " BRANDIS_MOTIFS " " + mots + " >" + journal + " 2>&1").c_str());
+    const int etat =
+        std::system(("LC_ALL=" + langue + " " BRANDIS_MOTIFS " " + mots + " >" + journal + " 2>&1").c_str());
     std::ifstream f(journal);
     dit = {std::istreambuf_iterator<char>(f), {}};
     return WIFEXITED(etat) ? WEXITSTATUS(etat) : -1;
@@ -133,6 +134,105 @@ TEST_F(Conversion, KeepsWhatIsNotThePlan) {
     EXPECT_NE(a.find(reste), std::string::npos) << reste << "\n" << a;
   EXPECT_NE(b.find("[COLOR TABLE]\r\n1=65535,65535,65535\r\n"), std::string::npos);
   EXPECT_LT(b.find("[PRIVATE DOBBY STUDIO]\r\nzoom=4"), b.find("[LIFTPLAN]"));
+}
+
+// A 16-harness loom begins with a project that the program cannot make by itself.
+TEST_F(Conversion, ProjectOfSixteenHarnesses) {
+  const std::string serge = fichiers + "/serge-1.0.wif", dossier = " --vers " + pf.dossier + "/Data";
+  EcrireFichier("Configuration.Con", Mots({3, 24, 11, 0, 3, -1, 9, 0, -1, 0}));
+  EcrireFichier("Resume.Trm", "ancien");
+  EcrireFichier("Resume2.Trm", "anciennes lignes");
+  ASSERT_EQ(Lancer("projet16 " + serge + dossier), 0) << dit;
+  EXPECT_EQ(LireFichier("Resume.Trm").size(), 281u);
+  EXPECT_EQ(LireFichier("Resume2.Trm").size(), 8 * 70u);
+  int gardes = 0;
+  for (const auto &e : fs::directory_iterator(pf.dossier + "/Data")) {
+    const std::string nom = e.path().filename();
+    if (nom.find(" 20") == std::string::npos) continue;
+    EXPECT_EQ(LireFichier(nom), nom.find("Resume2") == 0 ? "anciennes lignes" : "ancien") << nom;
+    ++gardes;
+  }
+  EXPECT_EQ(gardes, 2);
+
+  Demarrer();
+  Commande(3);
+  EXPECT_EQ(Messages(), V{"Error|  Error 16 Harnesses only"});  // told to every project of 16, which goes on
+  EXPECT_EQ(session.NombreLames, 16);
+  EXPECT_EQ(session.PortMetier, 3);
+  EXPECT_EQ(session.OptionTissage, 1);
+  EXPECT_FALSE(session.DirectionTissage);
+  EXPECT_EQ(session.NombreDuites, 8);
+  const Foules foules = Temoin(serge).Sheds();
+  for (int d = 1; d <= 8; ++d) {
+    std::string bits(16, '0');
+    for (int l : foules[static_cast<std::size_t>(d - 1)]) bits[static_cast<std::size_t>(16 - l)] = '1';
+    EXPECT_EQ(fenetre.BitsDuite[d], bits) << d;
+  }
+  Commande(10);
+  EXPECT_EQ(session.DuiteCourante, 1);
+  EXPECT_EQ(Ecrits().back(), "RELEASE\nSET PATTERN 0x0303\nPUSH PATTERN\n");
+
+  EXPECT_EQ(Lancer("projet16 " + fichiers + "/tables-derriere.wif" + dossier), 2);
+  EXPECT_NE(dit.find("harness 24 is raised, and this loom has 16"), std::string::npos) << dit;
+  EXPECT_FALSE(fs::exists(Data("tables-derriere.wif")));
+}
+
+TEST_F(Conversion, CommandLine) {
+  const std::string rosace = fichiers + "/casse-et-blancs-1.2.wif", serge = fichiers + "/serge-1.0.wif",
+                    ici = " --vers " + pf.dossier + "/Data ", sortie = pf.dossier + "/Data/s";
+  const std::string ancien = EcrireFichier("serge-1.0.wif", "le mien"), tube = pf.dossier + "/tube";
+  ASSERT_EQ(std::system(("mkfifo " + tube).c_str()), 0);
+  const std::tuple<std::string, int, std::string> cas[] = {
+      {"--help", 0, "one finding a line"},
+      {"verifier --help", 0, "projet16 FILE"},
+      {"verifier " + serge, 0, serge + ": nothing to say."},
+      {"verifier --flotte 1 " + serge, 1, serge + ": fault: end 1, picks 2 to 3: warp float of 2 below."},
+      {"verifier " + serge + " " + rosace, 1, rosace + ": fault: picks 4 to 5: no harness is lifted."},
+      {"verifier " + rosace + " " + tube, 2, tube + ": this is not an ordinary file."},
+      {"verifier --json /dev/zero", 2, "\"ligne\": 0"},
+      {"info " + serge, 0, "Author:             Jeanne Arel"},
+      {"info --json " + fichiers + "/latin1-sans-comptes.wif", 0, "\"auteur\": \"Élise Bérubé\""},
+      {"convertir" + ici + serge, 2, "Data/serge-1.0.wif: this file is there already"},
+      {"convertir" + ici + "--remplacer " + serge + " " + serge, 2, "is there already"},
+      {"convertir --vers " + tube + " " + serge, 2, "cannot be written"},
+      {"convertir" + ici + "/dev/zero " + rosace, 2, "Data/casse-et-blancs-1.2.wif\n"},
+      {"assembler " + serge + " x2 " + rosace + " x3 --separer -o " + sortie, 0, "its threading differs"},
+      {"info " + sortie, 0, "Picks:              47"},
+      {"assembler " + serge + " x0 -o " + sortie, 2, "x0: a number from 1 to 2500"},
+      {"enfilage " + serge + " --groupe 9 -o " + sortie, 2, "--groupe: a number from 1 to 8"},
+      {"enfilage " + serge + " -o " + sortie, 2, "is there already"},
+      {"enfilage " + serge + " --remplacer -o " + sortie, 0, ""},
+      {"info " + sortie, 0, "Picks:              12"},
+      {"dessiner " + serge + " -o " + sortie + ".gif", 2, "a picture ends in .png, .svg or .pdf"},
+      {"dessiner " + serge, 2, "-o FILE is missing"},
+      {"info " + serge + " " + serge, 2, "one file only"},
+      {"info --separer " + serge, 2, "\"--separer\": no option here"},
+      {"verifier", 2, "the file is missing"}};
+  for (const auto &[mots, etat, texte] : cas) {
+    EXPECT_EQ(Lancer(mots), etat) << mots << "\n" << dit;
+    EXPECT_NE(dit.find(texte), std::string::npos) << mots << "\n" << dit;
+  }
+  EXPECT_NE(Lu(ancien), "le mien");
+  EXPECT_FALSE(fs::exists(sortie + ".gif"));
+  EXPECT_EQ(Lancer("info /absent", "fr_CA.UTF-8"), 2);
+  EXPECT_NE(dit.find("/absent: ce fichier ne peut être lu"), std::string::npos) << dit;
+}
+
+TEST_F(Conversion, Pictures) {
+  const std::string sortie = pf.dossier + "/dessin";
+  const std::pair<const char *, const char *> genres[] = {
+      {".png", "\x89PNG"}, {".SVG", "<?xml"}, {".pdf", "%PDF-"}};
+  for (const auto &[fin, tete] : genres) {
+    ASSERT_EQ(Lancer("dessiner " + fichiers + "/pedales-ensemble.wif -o " + sortie + fin), 0) << dit;
+    EXPECT_EQ(Lu(sortie + fin).rfind(tete, 0), 0u) << fin;
+  }
+  // A long piece takes several pages.
+  ASSERT_EQ(Lancer("assembler " + fichiers + "/serge-1.0.wif x100 -o " + sortie + ".wif"), 0) << dit;
+  ASSERT_EQ(Lancer("dessiner " + sortie + ".wif --remplacer -o " + sortie + ".pdf"), 0) << dit;
+  const std::string pdf = Lu(sortie + ".pdf");
+  const auto compte = pdf.find("/Count ");
+  ASSERT_NE(compte, std::string::npos);
+  EXPECT_EQ(std::atoi(pdf.c_str() + compte + 7), 13);
 }
 
 // Patterns of which the test knows every shed, written as wildly as the format allows.

@@ -82,6 +82,8 @@ QWidget *FenetreMotifs::ComposerListe() {
   liste_ = new QListWidget;
   liste_->setObjectName(QStringLiteral("motifs"));
   liste_->setAccessibleName(Selon("Motifs ouverts", "Open patterns"));
+  liste_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  liste_->setSpacing(2);
   etiquette->setBuddy(liste_);
   colonne->addWidget(etiquette);
   colonne->addWidget(liste_, 1);
@@ -102,6 +104,7 @@ QWidget *FenetreMotifs::ComposerConstats() {
   listeConstats_->setAccessibleName(
       Selon("Constats ; Entrée montre le lieu", "Findings; Enter shows the place"));
   listeConstats_->setWordWrap(true);
+  listeConstats_->setSpacing(2);
   listeConstats_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   etiquette->setBuddy(listeConstats_);
   colonne->addWidget(etiquette);

@@ -163,10 +163,10 @@ void VueMotif::paintEvent(QPaintEvent *) {
   if (zoom_ >= kZoomAvecGrille) PeindreGrille(peintre);
   if (lieu_.isNull()) return;
   const QRectF lieu((lieu_.topLeft() - origine_) * zoom_, lieu_.size() * zoom_);
-  peintre.setPen(QPen(Qt::white, 5));
-  peintre.drawRect(lieu.adjusted(-3, -3, 3, 3));
-  peintre.setPen(QPen(QColor(0xD0, 0x3A, 0x00), 3));
-  peintre.drawRect(lieu.adjusted(-3, -3, 3, 3));
+  peintre.setPen(QPen(Qt::white, 4));
+  peintre.drawRect(lieu.adjusted(-2, -2, 2, 2));
+  peintre.setPen(QPen(QColor(0xD0, 0x3A, 0x00), 2));
+  peintre.drawRect(lieu.adjusted(-2, -2, 2, 2));
 }
 
 void VueMotif::PeindreGrille(QPainter &peintre) {
