@@ -169,21 +169,24 @@ void VueMotif::paintEvent(QPaintEvent *) {
   peintre.drawRect(lieu.adjusted(-2, -2, 2, 2));
 }
 
+// Thin rectangles: many times quicker than lines that let the colours through.
 void VueMotif::PeindreGrille(QPainter &peintre) {
-  peintre.setPen(QColor(0, 0, 0, 60));
-  QList<QLineF> traits;
+  const QColor trait(0, 0, 0, 60);
+  const auto x = [this](int cellule) {
+    return static_cast<int>(std::round((cellule - origine_.x()) * zoom_));
+  };
+  const auto y = [this](int cellule) {
+    return static_cast<int>(std::round((cellule - origine_.y()) * zoom_));
+  };
+  const int gauche = static_cast<int>(origine_.x()), droite = gauche + static_cast<int>(width() / zoom_) + 2;
+  const int haut = static_cast<int>(origine_.y()), bas = haut + static_cast<int>(height() / zoom_) + 2;
   for (const Zone &z : planche_->Zones()) {
-    const auto x = [&](int cellule) { return std::round((cellule - origine_.x()) * zoom_); };
-    const auto y = [&](int cellule) { return std::round((cellule - origine_.y()) * zoom_); };
-    const int a = std::max(z.x, static_cast<int>(origine_.x())),
-              b = std::min(z.x + z.largeur, a + static_cast<int>(width() / zoom_) + 2);
-    const int c = std::max(z.y, static_cast<int>(origine_.y())),
-              d = std::min(z.y + z.hauteur, c + static_cast<int>(height() / zoom_) + 2);
+    const int a = std::max(z.x, gauche), b = std::min(z.x + z.largeur, droite);
+    const int c = std::max(z.y, haut), d = std::min(z.y + z.hauteur, bas);
     if (a > b || c > d) continue;
-    for (int i = a; i <= b; ++i) traits.append({x(i), y(c), x(i), y(d)});
-    for (int i = c; i <= d; ++i) traits.append({x(a), y(i), x(b), y(i)});
+    for (int i = a; i <= b; ++i) peintre.fillRect(x(i), y(c), 1, y(d) - y(c) + 1, trait);
+    for (int i = c; i <= d; ++i) peintre.fillRect(x(a), y(i), x(b) - x(a) + 1, 1, trait);
   }
-  peintre.drawLines(traits);
 }
 
 void VueMotif::wheelEvent(QWheelEvent *evenement) {
