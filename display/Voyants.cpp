@@ -8,10 +8,26 @@
 namespace {
 constexpr int kHauteurSurvol = kHauteurBouton + kGonflement;  // twips
 
+// The socket around the lamp tells its state by shape too: a disc when it is lit, a ring when it is not.
+void PeindreDouille(Surface &face, int l, int h, bool allume) {
+  // Columns of the round from the left, row by row.
+  constexpr int kDiametre = 10, kRetraits[kDiametre] = {3, 2, 1, 0, 0, 0, 0, 1, 2, 3};
+  const int gauche = l - 12, haut = h - 14;
+  for (int y = 0; y < kDiametre; ++y)
+    for (int x = kRetraits[y]; x < kDiametre - kRetraits[y]; ++x) {
+      const bool bord = y == 0 || y == kDiametre - 1 || x - 1 < kRetraits[y - 1] || x - 1 < kRetraits[y] ||
+                        x - 1 < kRetraits[y + 1] || kDiametre - 2 - x < kRetraits[y - 1] ||
+                        kDiametre - 2 - x < kRetraits[y] || kDiametre - 2 - x < kRetraits[y + 1];
+      face.PSet(gauche + x, haut + y, bord ? (allume ? Palette::VertNuit : Palette::Brique)
+                                           : (allume ? kVoyantVert : Palette::EtainClair));
+    }
+}
+
 // From the bottom right corner of an inner size of l x h pixels.
 void PeindreVoyant(Surface &face, int l, int h, Couleur couleur) {
   const Echelle gardee = face.ScaleMode;
   face.ScaleMode = Echelle::Pixels;
+  PeindreDouille(face, l, h, couleur == kVoyantVert);
   face.Boite(l - 9, h - 12, l - 6, h - 12, Palette::EtainBord);
   face.Boite(l - 10, h - 12, l - 10, h - 8, Palette::EtainBord);
   face.Boite(l - 9, h - 11, l - 6, h - 8, couleur);

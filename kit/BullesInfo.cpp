@@ -1,5 +1,7 @@
 #include "kit/BullesInfo.h"
 
+#include <set>
+
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
@@ -48,6 +50,11 @@ void EcrireLignes(BulleInfo &b, const TexteBulle &t) {
     if (!nommees[i]) b.LBlMessage[i].Caption.clear();
 }
 
+void EffacerRemarque() {
+  fenetre.Statut = {};
+  fenetre.Remarque.Caption.clear();
+}
+
 struct Place {
   double haut, gauche;
 };
@@ -94,6 +101,19 @@ Place CalculerPlace(FamilleBulle famille, const Controle &c) {
   }
 }
 
+// Whether a control can be seen: it and all that it lies in.
+struct ChercheurVue : Visiteur {
+  explicit ChercheurVue(const Controle &c) : cherche(&c) {}
+  void Voir(const std::string &, Controle &c, Controle &parent) override {
+    if (!c.Visible || caches.contains(&parent)) caches.insert(&c);
+    if (&c == cherche) vu = !caches.contains(&c);
+  }
+  void Voir(const std::string &, Minuterie &) override {}
+  const Controle *cherche;
+  std::set<const Controle *> caches;
+  bool vu = false;
+};
+
 // Placed before the mirror shows it, so that it never flashes elsewhere.
 void Montrer(BulleInfo &b, const Place &place) {
   b.Visible = true;
@@ -107,7 +127,7 @@ void Montrer(BulleInfo &b, const Place &place) {
 void AfficherRangee(int source, const Controle &controle) {
   const RangeeBulle &rangee = RangeeDe(source);
   const TexteBulle &textes = TexteDe(source);
-  fenetre.Remarque.Caption = textes.statut;
+  EcrireRemarque(controle, rangee.francais.statut, rangee.anglais.statut);
   if (!session.BullesActives) return;
   BulleInfo &b = ChargerBulle(rangee.coin);
   EcrireLignes(b, textes);
@@ -199,8 +219,24 @@ void AfficherBulleLogo() {
   AfficherRangee(SourceBulle::LogoNor, fenetre.LogoNor);
 }
 
+void EcrireRemarque(const Controle &controle, const char *francais, const char *anglais) {
+  fenetre.Statut = {&controle, francais, anglais};
+  fenetre.Remarque.Caption = Selon(francais, anglais);
+}
+
+void AccorderRemarque() {
+  const SourceRemarque statut = fenetre.Statut;
+  if (!statut.controle) return;
+  ChercheurVue chercheur(*statut.controle);
+  fenetre.Visiter(chercheur);
+  if (chercheur.vu)
+    EcrireRemarque(*statut.controle, statut.francais, statut.anglais);
+  else
+    EffacerRemarque();
+}
+
 void FermerBulles() {
-  fenetre.Remarque.Caption.clear();
+  EffacerRemarque();
   using enum CoinBulle;
   for (CoinBulle coin : {HautDroit, HautGauche, BasGauche, BasDroit}) {
     BulleInfo &b = ChargerBulle(coin);

@@ -56,3 +56,8 @@ void AfficherBulleLogo();
 // Empties the status line and unloads every bubble that stands. One that was not loaded is loaded by the
 // question and stays hidden.
 void FermerBulles();
+
+// The status line: the text of a control, in the language in force.
+void EcrireRemarque(const Controle &controle, const char *francais, const char *anglais);
+// After a command: the text of a control that has gone goes too, that of one that stands changes its language.
+void AccorderRemarque();

@@ -83,7 +83,9 @@ struct Etiquette : Controle {
   Police Font;
   Alignement Alignment = Alignement::Gauche;
   bool Abreger = false;  // a path: its middle gives way when it is too long
-  bool Cerne = false;    // a dark rim keeps a light text readable on a light ground
+  bool Cerne = false;    // a dark rim round each letter keeps a light text readable on a light ground
+  bool Plaque = false;   // a dark plate behind the text keeps a bright red one readable
+  bool Agrandi = false;  // the largest type above its own in which the text fits on one line
 };
 
 struct ZoneTexte : Controle {

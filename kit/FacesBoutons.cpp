@@ -1,5 +1,6 @@
 // Button faces, their captions, and the panels' frames and titles.
 #include <algorithm>
+#include <utility>
 
 #include "base/TexteNumerique.h"
 #include "kit/FondFenetre.h"
@@ -29,12 +30,16 @@ struct Face {
   // Away from the light a bright grey turns as much darker than the ground as it was brighter.
   int Ombre(int gris) const { return std::clamp(std::min(gris, 2 * fond - gris), 0, 255); }
 
+  // The left edge gleams from the corner to the bottom; the last row of the corner, which dips, is led over.
+  int Cote(int x, int y) const {
+    if (y < kCoin) return coin[y][x];
+    return y == kCoin ? (coin[kCoin - 2][x] + coin[kCoin - 1][x]) / 2 : coin[kCoin - 2][x];
+  }
+
   // Grey at `x` columns and `y` rows from the nearest corner, which lies right or at the bottom or both.
   int Gris(int x, int y, bool droite, bool bas) const {
     const bool presDuHaut = y <= x;
-    // The left edge runs on to the bottom as it is, without the gleam of the corner above.
-    const int rangee = bas && !presDuHaut ? kCoin - 1 : std::min(y, kCoin - 1);
-    const int gris = coin[rangee][std::min(x, kCoin - 1)];
+    const int gris = presDuHaut ? coin[y][std::min(x, kCoin - 1)] : Cote(x, bas ? kCoin + 1 : y);
     const bool ombre = (bas && presDuHaut) || (droite && !presDuHaut) || (bas && droite);
     return ombre ? Ombre(gris) : gris;
   }
@@ -42,37 +47,52 @@ struct Face {
 
 // Every pixel follows the corner it is nearest to; between two corners the last column or row goes on, so
 // that no seam shows where they join.
-void PeindreFace(Surface &cible, const Face &face) {
-  const Echelle gardee = reglages.EchelleSauvegardee = cible.ScaleMode;
-  cible.ScaleMode = Echelle::Pixels;
-  cible.Effacer(Gris(face.fond));
+void PeindrePixels(Surface &cible, const Face &face) {
   const int l = cible.Largeur(), h = cible.Hauteur();
   for (int y = 0; y < h; ++y)
     for (int x = 0; x < l; ++x) {
       const bool droite = x >= l - kCoin && x >= l / 2, bas = y >= h - kCoin && y >= h / 2;
       const int dx = droite ? l - 1 - x : x, dy = bas ? h - 1 - y : y;
-      if (dx < kCoin || dy < kCoin) cible.PSet(x, y, Gris(face.Gris(dx, dy, droite, bas)));
+      const bool bord = dx < kCoin || dy < kCoin;
+      cible.PSet(x, y, Gris(bord ? face.Gris(dx, dy, droite, bas) : face.fond));
     }
+}
+
+void PeindreFace(Surface &cible, const Face &face) {
+  const Echelle gardee = reglages.EchelleSauvegardee = cible.ScaleMode;
+  cible.ScaleMode = Echelle::Pixels;
+  cible.Effacer(Gris(face.fond));
+  PeindrePixels(cible, face);
   cible.ScaleMode = gardee;
 }
 
-void Gonfler(BoitePicture &bouton, int fond) {
+const Face kFaceClaire{kCoinClair, 192}, kFaceFoncee{kCoinFonce, 133};
+constexpr int kBord = 5;  // pixels, of a face
+
+// What lies on a face within its edge: picture, lamp, ground.
+void PoserInterieur(Surface &cible, const Surface &face, int l, int h) {
+  for (int y = kBord; y < h - kBord; ++y)
+    for (int x = kBord; x < l - kBord; ++x) cible.PSet(x, y, face.Point(x, y));
+}
+
+// The key comes up: the same face, larger by as much as the button grows, in a dark line.
+void Gonfler(BoitePicture &bouton, const Face &face) {
   session.LargeurBoutonSurvole = Arrondir(bouton.Width);
   session.HauteurBoutonSurvole = Arrondir(bouton.Height);
   reglages.EchelleSauvegardee = bouton.Dessin.ScaleMode;
+  reglages.FaceGardee = bouton.Dessin;
   bouton.Width += kGonflement;
   bouton.Height += kGonflement;
-  const int l0 = bouton.Dessin.Largeur(), h0 = bouton.Dessin.Hauteur();
   Entier l = Arrondir(bouton.Width), h = Arrondir(bouton.Height);
   ConvertirEnPixels(l, h);
-  bouton.Dessin.Redimensionner(l, h, Gris(fond));
-  // The face stands up from its side, which grows darker away from the light.
-  const int epaisseur = std::max(l - l0, h - h0);
-  for (int i = 0; i < epaisseur; ++i) {
-    const Couleur cote = Gris(std::max(fond - 30 - 18 * i, 20));
-    bouton.Dessin.Ligne(l0 + i, i, l0 + i, h0 + i + 1, cote);
-    bouton.Dessin.Ligne(i, h0 + i, l0 + i + 1, h0 + i, cote);
-  }
+  const Surface &avant = reglages.FaceGardee;
+  Surface &s = bouton.Dessin;
+  s.Redimensionner(l, h, Gris(face.fond));  // keeps what was printed
+  PeindrePixels(s, face);
+  PoserInterieur(s, avant, avant.Largeur(), avant.Hauteur());
+  const int d = l - 1, b = h - 1;
+  s.Cadre(0, 0, d, b, Palette::EtainBord);
+  s.Cadre(1, 1, d - 1, b - 1, Gris(std::min(255, face.fond + 48)));
 }
 
 const Police kTitre{"Arial", 10, true, false};
@@ -81,19 +101,20 @@ bool EstVide(const std::string &texte) { return LTrim(texte).empty(); }
 
 }  // namespace
 
-void PeindreFaceClaire(Surface &cible) { PeindreFace(cible, {kCoinClair, 192}); }
-void PeindreFaceFoncee(Surface &cible) { PeindreFace(cible, {kCoinFonce, 133}); }
+void PeindreFaceClaire(Surface &cible) { PeindreFace(cible, kFaceClaire); }
+void PeindreFaceFoncee(Surface &cible) { PeindreFace(cible, kFaceFoncee); }
 
-void PeindreSurvolCarre(BoitePicture &bouton) { Gonfler(bouton, 192); }
-void PeindreSurvolRond(BoitePicture &bouton) { Gonfler(bouton, 133); }
+void PeindreSurvolCarre(BoitePicture &bouton) { Gonfler(bouton, kFaceClaire); }
+void PeindreSurvolRond(BoitePicture &bouton) { Gonfler(bouton, kFaceFoncee); }
 
 void RendreTailleBouton(BoitePicture &bouton) {
   bouton.Width = int{session.LargeurBoutonSurvole};
   bouton.Height = int{session.HauteurBoutonSurvole};
-  Entier l = session.LargeurBoutonSurvole, h = session.HauteurBoutonSurvole;
-  ConvertirEnPixels(l, h);
-  bouton.Dessin.Redimensionner(l, h, 0);
-  bouton.Dessin.ScaleMode = reglages.EchelleSauvegardee;
+  // A lamp may have changed meanwhile.
+  Surface face = std::exchange(reglages.FaceGardee, {});
+  PoserInterieur(face, bouton.Dessin, face.Largeur(), face.Hauteur());
+  face.ScaleMode = reglages.EchelleSauvegardee;
+  bouton.Dessin = std::move(face);
 }
 
 void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage,
@@ -163,10 +184,13 @@ void PeindreFondPanneauOnglet(Surface &cible, const std::string &titre, Couleur 
 void PeindreFondPanneauCreux(Surface &cible, Couleur fond) {
   const int d = cible.Largeur() - 1, b = cible.Hauteur() - 1;
   cible.Effacer(fond);
-  cible.Cadre(0, 0, d, b, Gris(0));
+  cible.Cadre(2, 2, d - 2, b - 2, Palette::LinOmbre);
+  cible.Ligne(2, 2, d - 1, 2, Palette::EtainOmbre);
+  cible.Ligne(2, 2, 2, b - 1, Palette::EtainOmbre);
   cible.Cadre(1, 1, d - 1, b - 1, Gris(255));
-  cible.Ligne(1, 1, d - 1, 1, Gris(192));
-  cible.Ligne(1, 1, 1, b - 1, Gris(192));
+  cible.Ligne(1, 1, d, 1, Palette::EtainBord);
+  cible.Ligne(1, 1, 1, b, Palette::EtainBord);
+  cible.Cadre(0, 0, d, b, Gris(0));
 }
 
 void PeindreFondPanneauTitre(Surface &cible, const std::string &titre, Couleur fond) {

@@ -35,7 +35,7 @@ FenetreMessageCourt::FenetreMessageCourt() {
   LblTitre.Caption = "Titre";
   LblTitre.Font = {"MS Sans Serif", 8.25, true, false};
   LblTitre.Alignment = Alignement::Centre;
-  Placer(DessinMessage, 1500, 480, 480, 510);
+  Placer(DessinMessage, 1500, 660, 480, 510);  // level with the title
   DessinMessage.Picture = "BITMAP281";
   for (int i = 1; i <= 5; ++i) {
     Placer(Ligne[i], 825, 1305 + 285 * (i - 1), 7740, 225);

@@ -36,7 +36,7 @@ FenetreMessageErreur::FenetreMessageErreur() {
   LblTitre.Caption = "Titre";
   LblTitre.Font = {"MS Sans Serif", 8.25, true, false};
   LblTitre.Alignment = Alignement::Centre;
-  Placer(DessinMessage, 1500, 480, 480, 510);
+  Placer(DessinMessage, 1500, 645, 480, 510);  // level with the title
   DessinMessage.Picture = "BITMAP281";
   constexpr int kHauts[5] = {0, 1350, 1650, 1935, 2220};
   for (int i = 1; i <= 4; ++i) {

@@ -83,7 +83,18 @@ void PeindreFond(FeuilleAPropos &f) {
   reglages.DegradeVertical = true;
   reglages.SurfaceDegrade = &f.Dessin;
   PeindreDegrade();
-  PeindreFondInformation(f.Dessin);
+  ArrondirCoins(f.Dessin, 11, Gris(0), kBlanc);
+}
+
+// The loom on the grey body, its name on the castle, and a line around it that stands off the ground.
+void PeindreCorps(BoitePicture &corps) {
+  PreparerSurface(corps);
+  Surface &s = corps.Dessin;
+  s.PaintPicture(plateforme().Picture("FondAPropos"), 0, 0);
+  s.Cadre(0, 0, s.Largeur() - 1, s.Hauteur() - 1, Palette::EtainBord);
+  const Police nom{"Arial", 20, true, false};
+  s.Print(2970, 336, "Brandis", nom, Palette::Creme);
+  s.Print(2955, 321, "Brandis", nom, Palette::Encre);
 }
 
 void PeindreBoutonFin(BoitePicture &bouton) {
@@ -103,7 +114,7 @@ FeuilleAPropos::FeuilleAPropos() {
   Fenetre::Caption = "Brandis";
   Placer(Picture1, 405, 375, 7770, 4605);
   Picture1.BackColor = Gris(128);
-  Placer(Image1, 780, 1770, 2100, 1275);
+  Placer(Image1, 945, 1740, 2100, 1275);
   Image1.Picture = "Image1APropos";
   Placer(BoutonFin, 6255, 3855, 1110, 375);
   Placer(Picture2, 3705, 2190, 4710, 1200);
@@ -128,7 +139,7 @@ void FeuilleAPropos::Visiter(Visiteur &v) {
   v.Voir("Image1", Image1, Picture1);
   v.Voir("Image2", Image2, Picture1);
   v.Voir("BoutonFin", BoutonFin, Picture1);
-  v.Voir("Picture2", Picture2, Picture1);
+  v.Voir("Picture2", Picture2, *this);  // lies across the body's edge
   v.Voir("picTexte", picTexte, Picture2);
   for (int i : {0, 2, 3, 4, 5}) v.Voir("Label1(" + std::to_string(i) + ")", Label1[i], picTexte);
   v.Voir("tmrDepart", tmrDepart);
@@ -141,9 +152,7 @@ void FeuilleAPropos::Load() {
   VitesseTexte = kVitesse;
   PeindreFond(*this);
   Contour = CreerRegionImage(Dessin);
-  PreparerSurface(Picture1);
-  PeindreCadreInformation(Picture1.Dessin, 0, 0, Picture1.Dessin.Largeur(), Picture1.Dessin.Hauteur());
-  Picture1.Dessin.Print(780, 690, "Brandis", {"Arial", 26, true, false}, Palette::EncreNoire);
+  PeindreCorps(Picture1);
   Picture1.Top = Picture1.Left = 400;
   Placer(Image2, 0, 0, Picture1.Width, Picture1.Height);
   picTexte.Width = Picture2.Width;

@@ -4,6 +4,7 @@
 #include "kit/Attente.h"
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
+#include "kit/Palette.h"
 #include "platform/Plateforme.h"
 #include "saved/Journal.h"
 #include "weaving/ModuleTissage.h"
@@ -41,7 +42,7 @@ FeuilleRemarque::FeuilleRemarque() {
     Placer(LblRemarque[i], i <= 4 ? 240 : 255, kHauts[i], 7710, 240);
     LblRemarque[i].Font = {"MS Sans Serif", 9.75, true, true};
     LblRemarque[i].ForeColor = kBlanc;
-    LblRemarque[i].Cerne = true;  // the lines begin on the ring
+    LblRemarque[i].Cerne = true;
   }
 }
 
@@ -63,6 +64,7 @@ void FeuilleRemarque::Load() {
   ConvertirEnPixels(l, h);
   reglages.StyleCadreRemarque = 1;
   PeindreCadreRemarque(Picture2.Dessin, 0, 0, l, h);
+  ArrondirCoins(Picture2.Dessin, 7, Palette::RemarqueNuit, Palette::OrangeSombre);
   MontrerLignes(*this);
   if (Trim(EnteteRemarque.Caption).empty()) EnteteRemarque.Caption = "Information";
   for (int i = 1; i <= 8; ++i) LblRemarque[i].Caption = session.LignesRemarque[i];

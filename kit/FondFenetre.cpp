@@ -1,9 +1,12 @@
 #include "kit/FondFenetre.h"
 
+#include <cmath>
 #include <cstdint>
 #include <initializer_list>
+#include <utility>
 
 #include "base/TexteNumerique.h"
+#include "kit/Palette.h"
 #include "platform/Plateforme.h"
 #include "weaving/ModuleTissage.h"
 
@@ -85,6 +88,18 @@ void ChargerPicture(BoitePicture &boite, const std::string &nom) {
   boite.Height = boite.Dessin.Hauteur() * kTwipsParPixel;
 }
 
+void ChargerIndicateur(BoitePicture &boite, int lames) {
+  constexpr int kPas = 240, kMilieu = 143, kHaut = 15;  // twips: pitch and first middle of the columns
+  constexpr int kDemiChiffre = 46;                      // twips, of this type
+  const Police police{"Arial", 8.25, true, false};
+  ChargerPicture(boite, "Indicateur" + std::to_string(lames));
+  for (int j = 1; j <= lames; ++j) {
+    const std::string nombre = std::to_string(j);
+    const int moitie = kDemiChiffre * static_cast<int>(nombre.size());
+    boite.Dessin.Print(kMilieu + kPas * (j - 1) - moitie, kHaut, nombre, police, Palette::EncreNoire);
+  }
+}
+
 void PeindreCadreTuiles(Surface &cible) {
   const EnPixels echelle(cible);
   auto tuile = [](int numero) -> const Surface & {
@@ -149,9 +164,22 @@ void PeindreCadreRemarque(Surface &cible, Entier gauche, Entier haut, Entier lar
                 "49/74\\107",   "24/49\\82",    "16/33\\57",    "8/24\\41",    "0/16\\33"});
   PeindreAnneaux(cible, gauche, haut, largeur, hauteur, 24);
   if (reglages.StyleCadreRemarque != 1) return;
-  cible.PaintPicture(plateforme().Picture("CoinRemarque1"), gauche, haut);
+  // The outer rings stay; the inner ones would lie under the heading and under the lines.
+  constexpr int kAnneaux = 8;
+  cible.PaintPicture(plateforme().Picture("CoinRemarque1"), gauche + kAnneaux, haut + kAnneaux);
   const Surface &coin = plateforme().Picture("CoinRemarque2");
-  cible.PaintPicture(coin, gauche + largeur - coin.Largeur(), haut);
+  cible.PaintPicture(coin, gauche + largeur - kAnneaux - coin.Largeur(), haut + kAnneaux);
+}
+
+void ArrondirCoins(Surface &cible, int rayon, Couleur bord, Couleur dedans) {
+  const int d = cible.Largeur() - 1, b = cible.Hauteur() - 1;
+  for (int y = 0; y <= rayon; ++y)
+    for (int x = 0; x <= rayon; ++x) {
+      const double ecart = std::hypot(rayon - x, rayon - y) - rayon;
+      if (ecart < -1.5) continue;
+      const Couleur c = ecart > 0.5 ? Palette::CleMagenta : ecart > -0.5 ? bord : dedans;
+      for (const auto &[u, v] : {std::pair{x, y}, {d - x, y}, {x, b - y}, {d - x, b - y}}) cible.PSet(u, v, c);
+    }
 }
 
 void PeindreDegrade() {

@@ -20,6 +20,7 @@ struct ReglagesPeinture {
       DegradeBleuFin;
   Drapeau DegradeVertical;
   Surface *SurfaceDegrade = nullptr;  // target of PeindreDegrade
+  Surface FaceGardee;                 // face of the hovered button as it was
 };
 extern ReglagesPeinture reglages;
 
@@ -35,6 +36,8 @@ void ConvertirEnPixels(Entier &largeur, Entier &hauteur);
 void PreparerSurface(BoitePicture &boite);
 // Puts a picture of the program on the box, which takes its size.
 void ChargerPicture(BoitePicture &boite, const std::string &nom);
+// The same with the slip of the harness numbers 1 to `lames`, which are printed so that they stay sharp.
+void ChargerIndicateur(BoitePicture &boite, int lames);
 
 // The whole surface out of 30-pixel tiles.
 void PeindreCadreTuiles(Surface &cible);
@@ -48,7 +51,7 @@ void PeindreFondPrincipal(Surface &cible, const std::string &image, Couleur fond
 void PeindreFondPanneau(Surface &cible, Couleur fond);
 // The same with a title in a tab that stands up from the frame.
 void PeindreFondPanneauOnglet(Surface &cible, const std::string &titre, Couleur fond);
-// Sunken, for the panels that labels lie in.
+// Sunken, for the panels that labels lie in: shade where the light comes from, the white line where it falls.
 void PeindreFondPanneauCreux(Surface &cible, Couleur fond);
 // With a small title inside, for the pick entry.
 void PeindreFondPanneauTitre(Surface &cible, const std::string &titre, Couleur fond);
@@ -57,17 +60,20 @@ void PeindreFondPanneauTitre(Surface &cible, const std::string &titre, Couleur f
 void PeindreFondInformation(Surface &cible);
 void PeindreCadreInformation(Surface &cible, Entier gauche, Entier haut, Entier largeur, Entier hauteur);
 void PeindreCadreRemarque(Surface &cible, Entier gauche, Entier haut, Entier largeur, Entier hauteur);
+// Rounds the corners of a framed window: its two outer lines follow them, and what lies outside takes a colour
+// that no window has, for the outline.
+void ArrondirCoins(Surface &cible, int rayon, Couleur bord, Couleur dedans);
 // The gradient of `reglages`, from row 200 down, or over all columns.
 void PeindreDegrade();
 
 // Raised button faces. The whole surface is painted anew.
 void PeindreFaceClaire(Surface &cible);
 void PeindreFaceFoncee(Surface &cible);
-// The hovered button: keeps its size in the session, adds kGonflement to its width and height and paints
-// around the face that stands.
+// The hovered button: keeps its size in the session and its face, adds kGonflement to its width and height
+// and paints the larger face around what lies on the one that stands.
 void PeindreSurvolCarre(BoitePicture &bouton);
 void PeindreSurvolRond(BoitePicture &bouton);
-// The end of a hover: size and surface as kept.
+// The end of a hover: size and surface as kept, with what was painted within its edge meanwhile.
 void RendreTailleBouton(BoitePicture &bouton);
 
 // Caption of a button in one or two lines; style 0 plain, 1 with shadow. Its centring counts characters, 53

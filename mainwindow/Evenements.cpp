@@ -1,5 +1,6 @@
 #include "mainwindow/Evenements.h"
 
+#include "kit/BullesInfo.h"
 #include "kit/ProcedureConnexe.h"
 #include "loom/DiagnosticPort.h"
 #include "loom/EssaisSolenoides.h"
@@ -18,7 +19,7 @@ namespace {
 void LierBoutons() {
   for (int i = 0; i < Commande::Nombre; ++i) {
     BoitePicture &b = fenetre.BoutonProgramme[i];
-    b.Click = [i] { BoutonProgramme_Click(i); };
+    b.Click = [i] { BoutonProgramme_Click(i), AccorderRemarque(); };
     b.MouseDown = [i](int, double, double) { BoutonProgramme_MouseDown(i); };
     b.MouseUp = [i](int, double, double) { BoutonProgramme_MouseUp(i); };
     b.MouseMove = [i](int, double, double) { BoutonProgramme_MouseMove(i); };
@@ -47,17 +48,18 @@ void Form_KeyDown(int touche) {
     BoutonProgramme_Click(Commande::AnnulerConfiguration);
   else if (fenetre.PicNor.Visible)
     BoutonProgramme_Click(Commande::QuitterDiagnostic);
+  AccorderRemarque();
 }
 
 void LierFenetre() {
   fenetre.Resize = Form_Resize;
   fenetre.KeyDown = [](int touche, int) { Form_KeyDown(touche); };
   fenetre.MouseMove = [](int, double x, double) { Form_MouseMove(x); };
-  for (int i = 1; i <= 2; ++i) fenetre.Drapeau[i].Click = [i] { Drapeau_Click(i); };
+  for (int i = 1; i <= 2; ++i) fenetre.Drapeau[i].Click = [i] { Drapeau_Click(i), AccorderRemarque(); };
   fenetre.BarreDeplacement.MouseDown = BarreDeplacement_MouseDown;
   fenetre.BarreDeplacement.MouseMove = BarreDeplacement_MouseMove;
   fenetre.BarreDeplacement.MouseUp = BarreDeplacement_MouseUp;
-  fenetre.PicTVCentre.Click = PicTVCentre_Click;
+  fenetre.PicTVCentre.Click = [] { PicTVCentre_Click(), AccorderRemarque(); };
   fenetre.BoutonAide.Click = BoutonAide_Click;
   fenetre.LogoNor.Click = LogoNor_Click;
   fenetre.Timer1.Timer = AttendreOK;
@@ -74,6 +76,7 @@ void LierSurvol() {
   suivre(fenetre.BoutonAide, BoutonAide_MouseMove);
   suivre(fenetre.LogoNor, LogoNor_MouseMove);
   suivre(fenetre.PicTVCentre, PicTVCentre_MouseMove);
+  suivre(fenetre.TxtVitessePortSerie, TxtVitessePortSerie_MouseMove);
   suivre(fenetre.Picture2, Picture2_MouseMove);
   suivre(fenetre.FenetreConfiguration, FenetreConfiguration_MouseMove);
   suivre(fenetre.PicNor, PicNor_MouseMove);

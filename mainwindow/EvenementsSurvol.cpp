@@ -1,5 +1,6 @@
 #include "mainwindow/EvenementsSurvol.h"
 
+#include "display/Voyants.h"
 #include "kit/BullesInfo.h"
 #include "kit/FondFenetre.h"
 #include "mainwindow/CompositionFenetre.h"
@@ -8,12 +9,16 @@
 #include "weaving/CommandesProgramme.h"
 
 namespace {
+// The lamp on a face that was painted in another size.
+void RallumerVoyant(Entier index) { ChangerVoyant(index, fenetre.Voyants[index]); }
+
 void FinirSurvol() {
   fenetre.BarreDeplacement.Picture = "BITMAP101";
   FermerBulles();
   if (!session.SurvolActif) return;
   RendreTailleBouton(fenetre.BoutonProgramme[session.BoutonSurvole]);
   session.SurvolActif = false;
+  RallumerVoyant(session.BoutonSurvole);
 }
 }  // namespace
 
@@ -32,6 +37,7 @@ void BoutonProgramme_MouseMove(Entier index) {
     PeindreSurvolRond(fenetre.BoutonProgramme[index]);
   else
     PeindreSurvolCarre(fenetre.BoutonProgramme[index]);
+  RallumerVoyant(index);
   AfficherBulleBouton(session.BoutonSurvole);
 }
 
@@ -46,7 +52,11 @@ void LogoNor_MouseMove() {
 }
 
 void PicTVCentre_MouseMove() {
-  fenetre.Remarque.Caption = Selon("Centre la fenêtre à l'écran", "Center the window on then desk top");
+  EcrireRemarque(fenetre.PicTVCentre, "Centre la fenêtre à l'écran", "Center the window on then desk top");
+}
+
+void TxtVitessePortSerie_MouseMove() {
+  EcrireRemarque(fenetre.TxtVitessePortSerie, kIntervalleFrancais, kIntervalleAnglais);
 }
 
 void Picture2_MouseMove() {
@@ -59,5 +69,6 @@ void FenetreConfiguration_MouseMove() { FinirSurvol(); }
 
 void PicNor_MouseMove() {
   FinirSurvol();
-  fenetre.Remarque.Caption = TexteDe(SourceBulle::LogoNor).statut;
+  const RangeeBulle &logo = RangeeDe(SourceBulle::LogoNor);
+  EcrireRemarque(fenetre.PicNor, logo.francais.statut, logo.anglais.statut);
 }

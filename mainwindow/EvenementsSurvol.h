@@ -13,6 +13,7 @@ void BoutonAide_MouseMove();
 void Drapeau_MouseMove(Entier index);
 void LogoNor_MouseMove();
 void PicTVCentre_MouseMove();
+void TxtVitessePortSerie_MouseMove();
 
 // These end the hover.
 void Picture2_MouseMove();

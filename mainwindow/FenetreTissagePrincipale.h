@@ -19,6 +19,12 @@ struct CaseDuite {
   bool operator==(const CaseDuite &) const = default;
 };
 
+// Whose text stands in the status line, in both languages.
+struct SourceRemarque {
+  const Controle *controle = nullptr;
+  const char *francais = "", *anglais = "";
+};
+
 // The draft: 20 rows of 32 cells, one per harness, over a drawn ground.
 struct PanneauGrille : BoitePicture {
   Table<Table<CaseDuite, kLames>, 20> PicPourImage;  // 1 to 20, each 1 to 32: [row 1..20][harness 1..32]
@@ -76,6 +82,7 @@ struct FenetreTissagePrincipale : Fenetre {
   ::Drapeau PatronCharge;
   ::Drapeau PortOuvert;
   ::Drapeau DansLiftplan;                     // outlives a reading
+  SourceRemarque Statut;
   double HautInitial = 0, GaucheInitial = 0;  // the kept, centred place of the window
   ::Drapeau EnDeplacement;
   float SourisX0 = 0, SourisY0 = 0, FenetreHaut0 = 0, FenetreGauche0 = 0;

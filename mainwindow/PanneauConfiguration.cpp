@@ -104,7 +104,7 @@ void AdapterImages() {
     case 32: {
       const std::string nombre = std::to_string(session.NombreLames);
       ChargerPicture(fenetre.PicPourTissage, "Fond" + nombre);
-      ChargerPicture(fenetre.FondInscritDuite, "Indicateur" + nombre);
+      ChargerIndicateur(fenetre.FondInscritDuite, session.NombreLames);
       break;
     }
     default:

@@ -7,11 +7,11 @@
 #include "weaving/Commandes.h"
 
 namespace {
-void AdapterBande(bool boites17a24, int largeur, const char *indicateur) {
+void AdapterBande(bool boites17a24, int largeur) {
   for (int i = 17; i <= 24; ++i) fenetre.CheckSelenoide[i].Visible = boites17a24;
   BoitePicture &bande = fenetre.PicPourControle2;
   bande.Width = largeur;
-  ChargerPicture(fenetre.Indicateur24, indicateur);
+  ChargerIndicateur(fenetre.Indicateur24, session.NombreLames);
   bande.BackColor = Gris(192);
   PreparerSurface(bande);
   PeindreFondPanneau(bande.Dessin, bande.BackColor);
@@ -32,6 +32,6 @@ void DessinerDiagnostic() {
 }
 
 void AdapterNombreLames() {
-  if (session.NombreLames == 16) AdapterBande(false, 4250, "Indicateur16");
-  if (session.NombreLames == 24) AdapterBande(true, 6205, "Indicateur24");
+  if (session.NombreLames == 16) AdapterBande(false, 4250);
+  if (session.NombreLames == 24) AdapterBande(true, 6205);
 }

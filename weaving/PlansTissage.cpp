@@ -31,6 +31,8 @@ void LireLiaisons() {
   const Couleur rouge = Rgb(255, 0, 0), noir = 0;
   fenetre.LblTabbyA.ForeColor = session.ToileDepart ? rouge : noir;
   fenetre.LblTabbyB.ForeColor = session.ToileDepart ? noir : rouge;
+  fenetre.LblTabbyA.Plaque = session.ToileDepart;
+  fenetre.LblTabbyB.Plaque = !session.ToileDepart;
 }
 
 void ConstruirePatron() {

@@ -5,6 +5,15 @@
 
 #include "platform/qt/TexteNatif.h"
 
+namespace {
+// Where each pointer points, in pixels of its picture.
+QPoint PointChaud(const std::string &image) {
+  if (image == "CurseurMain") return {10, 2};  // the fingertip
+  if (image == "CurseurBarre") return {15, 15};
+  return {1, 1};
+}
+}  // namespace
+
 Natif::Natif(QWidget *widget, Controle &donnee, Porte &porte)
     : porte_(porte), widget_(widget), donnee_(&donnee) {
   if (!widget_->isWindow()) widget_->hide();
@@ -52,7 +61,8 @@ void Natif::RefleterPointeur() {
     if (forme == kPointeurDeplacer)
       widget_->setCursor(Qt::SizeAllCursor);
     else if (forme == kPointeurPerso && !image.empty())
-      widget_->setCursor(QCursor(QPixmap::fromImage(porte_.Images.Nommee(image)), 0, 0));
+      widget_->setCursor(QCursor(QPixmap::fromImage(porte_.Images.Nommee(image)), PointChaud(image).x(),
+                                 PointChaud(image).y()));
     else
       widget_->unsetCursor();
   });

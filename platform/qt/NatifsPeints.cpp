@@ -1,8 +1,6 @@
 // Boxes, pictures, labels, outlines and the draft.
-#include <QGraphicsDropShadowEffect>
 #include <QLabel>
 
-#include "kit/Palette.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/qt/Natif.h"
 #include "platform/qt/TexteNatif.h"
@@ -100,7 +98,7 @@ class NatifForme : public Natif {
 
 class NatifEtiquette : public Natif {
  public:
-  NatifEtiquette(QLabel *label, Etiquette &donnee, Porte &porte)
+  NatifEtiquette(ToileEtiquette *label, Etiquette &donnee, Porte &porte)
       : Natif(label, donnee, porte), label_(label) {
     label_->setTextFormat(Qt::PlainText);
     label_->setMargin(0);
@@ -110,17 +108,19 @@ class NatifEtiquette : public Natif {
  protected:
   void RefleterGenre() override {
     const auto &e = Donnee<Etiquette>();
-    fonte_.Suivre(porte_, e.Font, [&](const Police &police) { label_->setFont(Fonte(police)); });
+    const QSize taille = Pixels(e).size();
+    fonte_.Suivre(porte_, {e.Font, e.Agrandi ? e.Caption : "", e.Agrandi ? taille.width() : 0},
+                  [&](const auto &) { label_->setFont(e.Agrandi ? Agrandie(e, taille) : Fonte(e.Font)); });
     couleur_.Suivre(porte_, e.ForeColor, [&](Couleur c) {
       QPalette palette = label_->palette();
       palette.setColor(QPalette::WindowText, Teinte(c));
       label_->setPalette(palette);
     });
     lignes_ = 1 + static_cast<int>(Texte(e.Caption).count(u'\n'));
-    cerne_.Suivre(porte_, e.Cerne, [&](bool cerne) { Cerner(cerne); });
-    const QSize taille = Pixels(e).size();
+    cerne_.Suivre(porte_, e.Cerne, [&](bool cerne) { label_->Cerne(cerne); });
+    plaque_.Suivre(porte_, e.Plaque, [&](bool plaque) { label_->Plaque(plaque); });
     const bool plusieurs = taille.height() >= 2 * label_->fontMetrics().height();
-    forme_.Suivre(porte_, {e.Alignment, plusieurs}, [&](const auto &) { Aligner(e.Alignment, plusieurs); });
+    forme_.Suivre(porte_, {e.Alignment, plusieurs}, [&](const auto &) { Aligner(e, plusieurs); });
     texte_.Suivre(porte_, {e.Caption, e.Abreger, e.Abreger ? taille.width() : 0, e.Font},
                   [&](const auto &) { Ecrire(Texte(e.Caption), e.Abreger, taille.width()); });
   }
@@ -133,18 +133,21 @@ class NatifEtiquette : public Natif {
   }
 
  private:
-  void Cerner(bool cerne) {
-    if (!cerne) return label_->setGraphicsEffect(nullptr);
-    auto *ombre = new QGraphicsDropShadowEffect(label_);
-    ombre->setOffset(0, 0);
-    ombre->setBlurRadius(5);
-    ombre->setColor(Teinte(Palette::Encre));
-    label_->setGraphicsEffect(ombre);
+  // A number has nothing below its line, so its digits may fill the label but for a pixel above and below.
+  static QFont Agrandie(const Etiquette &e, QSize taille) {
+    QFont fonte = Fonte(e.Font);
+    for (QFont essai = fonte;; fonte = essai) {
+      essai.setPixelSize(fonte.pixelSize() + 1);
+      const QFontMetrics mesures(essai);
+      if (mesures.capHeight() > taille.height() - 2 ||
+          mesures.horizontalAdvance(Texte(e.Caption)) > taille.width() - 4)
+        return fonte;
+    }
   }
 
-  void Aligner(Alignement alignement, bool plusieurs) {
-    const Qt::Alignment cote = alignement == Alignement::Centre ? Qt::AlignHCenter : Qt::AlignLeft;
-    label_->setAlignment(cote | Qt::AlignTop);
+  void Aligner(const Etiquette &e, bool plusieurs) {
+    const Qt::Alignment cote = e.Alignment == Alignement::Centre ? Qt::AlignHCenter : Qt::AlignLeft;
+    label_->setAlignment(cote | (e.Agrandi ? Qt::AlignVCenter : Qt::AlignTop));
     label_->setWordWrap(plusieurs);
   }
 
@@ -155,11 +158,11 @@ class NatifEtiquette : public Natif {
     label_->setToolTip(court == entier ? QString() : entier);
   }
 
-  QLabel *label_;
+  ToileEtiquette *label_;
   int lignes_ = 1;
-  Montre<Police> fonte_;
+  Montre<std::tuple<Police, std::string, int>> fonte_;
   Montre<Couleur> couleur_;
-  Montre<bool> cerne_;
+  Montre<bool> cerne_, plaque_;
   Montre<std::tuple<Alignement, bool>> forme_;
   Montre<std::tuple<std::string, bool, int, Police>> texte_;
 };

@@ -111,6 +111,40 @@ class NatifLigne : public NatifTexte {
   QLineEdit *ligne_;
 };
 
+// A slip of ruled paper that lies on the loom.
+class Fiche : public QPlainTextEdit {
+ public:
+  explicit Fiche(QWidget *parent) : QPlainTextEdit(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setViewportMargins(kMarge, 4, 4, 4);
+    setLineWrapMode(QPlainTextEdit::NoWrap);
+  }
+
+ protected:
+  bool event(QEvent *e) override {
+    if (e->type() != QEvent::Paint) return QPlainTextEdit::event(e);
+    QPainter p(this);
+    p.fillRect(rect(), Teinte(Palette::BoisBrun));
+    p.fillRect(rect().adjusted(1, 1, -1, -1), Teinte(Palette::Papier));
+    p.fillRect(QRect(1, height() - 3, width() - 2, 2), Teinte(Palette::BoisBlond));
+    p.fillRect(QRect(width() - 3, 1, 2, height() - 2), Teinte(Palette::BoisBlond));
+    p.fillRect(QRect(kMarge - 4, 1, 1, height() - 4), Teinte(Palette::Brique));
+    return true;
+  }
+  void paintEvent(QPaintEvent *e) override {
+    QPainter p(viewport());
+    p.setPen(Teinte(Palette::PapierLigne));
+    const int pas = fontMetrics().lineSpacing();
+    for (int y = qRound(contentOffset().y() + document()->documentMargin()) + pas; y < height(); y += pas)
+      p.drawLine(0, y, viewport()->width(), y);
+    p.end();
+    QPlainTextEdit::paintEvent(e);
+  }
+
+ private:
+  static constexpr int kMarge = 14;  // pixels
+};
+
 class NatifBloc : public NatifTexte {
  public:
   NatifBloc(QPlainTextEdit *bloc, ZoneTexte &donnee, Porte &porte)
@@ -320,6 +354,12 @@ std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Porte
   if (donnee.genre() == Genre::Case)
     return std::make_unique<NatifCase>(Champ<CaseNative>(parent), static_cast<CaseCochee &>(donnee), porte);
   auto &zone = static_cast<ZoneTexte &>(donnee);
-  if (zone.Multiligne) return std::make_unique<NatifBloc>(Champ<QPlainTextEdit>(parent), zone, porte);
+  if (zone.Multiligne) {
+    auto *fiche = Champ<Fiche>(parent);
+    QPalette palette = fiche->palette();
+    palette.setColor(QPalette::Base, Teinte(Palette::Papier));
+    fiche->setPalette(palette);
+    return std::make_unique<NatifBloc>(fiche, zone, porte);
+  }
   return std::make_unique<NatifLigne>(Champ<QLineEdit>(parent), zone, porte);
 }

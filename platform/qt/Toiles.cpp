@@ -45,7 +45,30 @@ void Toile::paintEvent(QPaintEvent *e) {
   if (anneau_) PeindreAnneau(p, rect());
 }
 
+void ToileEtiquette::Cerne(bool cerne) {
+  cerne_ = cerne;
+  update();
+}
+
+void ToileEtiquette::Plaque(bool plaque) {
+  plaque_ = plaque;
+  update();
+}
+
+void ToileEtiquette::PeindreCerne(QPainter &p) const {
+  const int drapeaux = int(alignment()) | (wordWrap() ? Qt::TextWordWrap : 0);
+  p.setPen(Teinte(Palette::EncreNoire));
+  for (int dx = -1; dx <= 1; ++dx)
+    for (int dy = -1; dy <= 1; ++dy)
+      if (dx != 0 || dy != 0) p.drawText(contentsRect().translated(dx, dy), drapeaux, text());
+}
+
 void ToileEtiquette::paintEvent(QPaintEvent *e) {
+  if (cerne_ || (plaque_ && !text().isEmpty())) {
+    QPainter p(this);
+    if (plaque_) p.fillRect(rect(), Teinte(Palette::EncreNoire));
+    if (cerne_) PeindreCerne(p);
+  }
   QLabel::paintEvent(e);
   if (!anneau_) return;
   QPainter p(this);

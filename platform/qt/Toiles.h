@@ -46,12 +46,19 @@ class Toile : public AvecAnneau<QWidget> {
   virtual void Peindre(QPainter &, const QRect &) {}
 };
 
+// A text, with a dark rim of full strength round each letter or a dark plate behind it where that is asked for.
 class ToileEtiquette : public AvecAnneau<QLabel> {
  public:
   using AvecAnneau::AvecAnneau;
+  void Cerne(bool cerne);
+  void Plaque(bool plaque);
 
  protected:
   void paintEvent(QPaintEvent *) override;
+
+ private:
+  void PeindreCerne(QPainter &p) const;
+  bool cerne_ = false, plaque_ = false;
 };
 
 // Pixels and printed texts of a surface, over a background colour.
