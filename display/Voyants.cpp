@@ -12,14 +12,15 @@ constexpr int kHauteurSurvol = kHauteurBouton + kGonflement;  // twips
 void PeindreDouille(Surface &face, int l, int h, bool allume) {
   // Columns of the round from the left, row by row.
   constexpr int kDiametre = 10, kRetraits[kDiametre] = {3, 2, 1, 0, 0, 0, 0, 1, 2, 3};
-  const int gauche = l - 12, haut = h - 14;
+  const auto dedans = [&](int x, int y) {
+    return y >= 0 && y < kDiametre && x >= kRetraits[y] && x < kDiametre - kRetraits[y];
+  };
   for (int y = 0; y < kDiametre; ++y)
     for (int x = kRetraits[y]; x < kDiametre - kRetraits[y]; ++x) {
-      const bool bord = y == 0 || y == kDiametre - 1 || x - 1 < kRetraits[y - 1] || x - 1 < kRetraits[y] ||
-                        x - 1 < kRetraits[y + 1] || kDiametre - 2 - x < kRetraits[y - 1] ||
-                        kDiametre - 2 - x < kRetraits[y] || kDiametre - 2 - x < kRetraits[y + 1];
-      face.PSet(gauche + x, haut + y, bord ? (allume ? Palette::VertNuit : Palette::Brique)
-                                           : (allume ? kVoyantVert : Palette::EtainClair));
+      const bool plein = dedans(x - 1, y) && dedans(x + 1, y) && dedans(x, y - 1) && dedans(x, y + 1);
+      const Couleur bord = allume ? Palette::VertNuit : Palette::Brique;
+      const Couleur fond = allume ? kVoyantVert : Palette::EtainClair;
+      face.PSet(l - 12 + x, h - 14 + y, plein ? fond : bord);
     }
 }
 
@@ -41,6 +42,7 @@ void ChangerVoyant(Entier index, bool etat) {
   const Entier hauteur = Arrondir(bouton.Height);
   if (hauteur != kHauteurBouton && hauteur != kHauteurSurvol) return;
   fenetre.Voyants[index] = etat;
+  bouton.DescriptionAccessible = etat ? Selon("Voyant allumé", "Lamp on") : Selon("Voyant éteint", "Lamp off");
   // The lamp of a hovered button stays where it was.
   const int gonflement = hauteur == kHauteurSurvol && session.SurvolActif ? kGonflement / kTwipsParPixel : 0;
   PeindreVoyant(bouton.Dessin, bouton.Dessin.Largeur() - gonflement, bouton.Dessin.Hauteur() - gonflement,

@@ -127,7 +127,7 @@ void Montrer(BulleInfo &b, const Place &place) {
 void AfficherRangee(int source, const Controle &controle) {
   const RangeeBulle &rangee = RangeeDe(source);
   const TexteBulle &textes = TexteDe(source);
-  EcrireRemarque(controle, rangee.francais.statut, rangee.anglais.statut);
+  EcrireRemarque(controle, StatutDe(source));
   if (!session.BullesActives) return;
   BulleInfo &b = ChargerBulle(rangee.coin);
   EcrireLignes(b, textes);
@@ -219,9 +219,9 @@ void AfficherBulleLogo() {
   AfficherRangee(SourceBulle::LogoNor, fenetre.LogoNor);
 }
 
-void EcrireRemarque(const Controle &controle, const char *francais, const char *anglais) {
-  fenetre.Statut = {&controle, francais, anglais};
-  fenetre.Remarque.Caption = Selon(francais, anglais);
+void EcrireRemarque(const Controle &controle, Paire texte) {
+  fenetre.Statut = {&controle, texte};
+  fenetre.Remarque.Caption = texte.EnVigueur();
 }
 
 void AccorderRemarque() {
@@ -230,7 +230,7 @@ void AccorderRemarque() {
   ChercheurVue chercheur(*statut.controle);
   fenetre.Visiter(chercheur);
   if (chercheur.vu)
-    EcrireRemarque(*statut.controle, statut.francais, statut.anglais);
+    EcrireRemarque(*statut.controle, statut.texte);
   else
     EffacerRemarque();
 }

@@ -58,6 +58,6 @@ void AfficherBulleLogo();
 void FermerBulles();
 
 // The status line: the text of a control, in the language in force.
-void EcrireRemarque(const Controle &controle, const char *francais, const char *anglais);
+void EcrireRemarque(const Controle &controle, Paire texte);
 // After a command: the text of a control that has gone goes too, that of one that stands changes its language.
 void AccorderRemarque();

@@ -39,7 +39,8 @@ struct Controle {
   bool Visible = true;
   int MousePointer = kPointeurDefaut;
   std::string MouseIcon;      // picture of the custom pointer
-  std::string NomAccessible;  // told to assistive tools, in the language in force
+  // Told to assistive tools, in the language in force: what it is, and the state it is in.
+  std::string NomAccessible, DescriptionAccessible;
 
   // Events, bound once; an empty one is an event that nobody handles.
   std::function<void()> Click;

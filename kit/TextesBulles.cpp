@@ -46,3 +46,8 @@ const RangeeBulle &RangeeDe(int source) {
 }
 
 const TexteBulle &TexteDe(int source) { return RangeeDe(source).textes.EnVigueur(); }
+
+Paire StatutDe(int source) {
+  const auto &textes = RangeeDe(source).textes;
+  return {textes.francais.statut, textes.anglais.statut};
+}

@@ -16,10 +16,12 @@ constexpr int Nombre = 27;
 }  // namespace SourceBulle
 
 // What the number on the left upright is, for the status line and for assistive tools.
-constexpr const char *kIntervalleFrancais = "Intervalle d'écoute du métier, en millisecondes";
-constexpr const char *kIntervalleAnglais = "Listening interval of the loom, in milliseconds";
+constexpr Paire kIntervalle{"Intervalle d'écoute du métier, en millisecondes",
+                            "Listening interval of the loom, in milliseconds"};
 
 // The row of a source, 0..26; fails with 9 beyond.
 const RangeeBulle &RangeeDe(int source);
 // Its text in the language in force.
 const TexteBulle &TexteDe(int source);
+// Its status text.
+Paire StatutDe(int source);

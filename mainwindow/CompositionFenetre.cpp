@@ -140,7 +140,7 @@ void NommerCommandes() {
   nommer(fenetre.LogoNor, SourceBulle::LogoNor);
   fenetre.PicTVCentre.NomAccessible =
       Selon("Centre la fenêtre à l'écran", "Center the window on then desk top");
-  fenetre.TxtVitessePortSerie.NomAccessible = Selon(kIntervalleFrancais, kIntervalleAnglais);
+  fenetre.TxtVitessePortSerie.NomAccessible = kIntervalle.EnVigueur();
   fenetre.Text1.NomAccessible = Selon("Réponses du métier", "Answers of the loom");
   fenetre.txtTerm.NomAccessible = "Terminal";
   fenetre.TxtDuite.NomAccessible = "Duite #: ";

@@ -52,11 +52,11 @@ void LogoNor_MouseMove() {
 }
 
 void PicTVCentre_MouseMove() {
-  EcrireRemarque(fenetre.PicTVCentre, "Centre la fenêtre à l'écran", "Center the window on then desk top");
+  EcrireRemarque(fenetre.PicTVCentre, {"Centre la fenêtre à l'écran", "Center the window on then desk top"});
 }
 
 void TxtVitessePortSerie_MouseMove() {
-  EcrireRemarque(fenetre.TxtVitessePortSerie, kIntervalleFrancais, kIntervalleAnglais);
+  EcrireRemarque(fenetre.TxtVitessePortSerie, kIntervalle);
 }
 
 void Picture2_MouseMove() {
@@ -69,6 +69,5 @@ void FenetreConfiguration_MouseMove() { FinirSurvol(); }
 
 void PicNor_MouseMove() {
   FinirSurvol();
-  const RangeeBulle &logo = RangeeDe(SourceBulle::LogoNor);
-  EcrireRemarque(fenetre.PicNor, logo.francais.statut, logo.anglais.statut);
+  EcrireRemarque(fenetre.PicNor, StatutDe(SourceBulle::LogoNor));
 }

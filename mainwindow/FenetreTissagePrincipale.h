@@ -19,10 +19,10 @@ struct CaseDuite {
   bool operator==(const CaseDuite &) const = default;
 };
 
-// Whose text stands in the status line, in both languages.
+// Whose text stands in the status line.
 struct SourceRemarque {
   const Controle *controle = nullptr;
-  const char *francais = "", *anglais = "";
+  Paire texte{"", ""};
 };
 
 // The draft: 20 rows of 32 cells, one per harness, over a drawn ground.

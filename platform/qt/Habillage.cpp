@@ -4,6 +4,7 @@
 #include <QProxyStyle>
 #include <QStyleFactory>
 
+#include "platform/qt/Acces.h"
 #include "platform/qt/TexteNatif.h"
 
 namespace {
@@ -24,4 +25,5 @@ void HabillerApplication() {
   QApplication::setStyle(style);
   QApplication::setPalette(style->standardPalette());
   QApplication::setFont(Fonte(Police{}));
+  InstallerAcces();
 }

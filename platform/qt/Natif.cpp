@@ -1,11 +1,15 @@
 #include "platform/qt/Natif.h"
 
+#include <QAccessible>
 #include <QCursor>
 #include <QPixmap>
+#include <QVariant>
 
 #include "platform/qt/TexteNatif.h"
 
 namespace {
+constexpr const char *kPropriete = "natif";
+
 // Where each pointer points, in pixels of its picture.
 QPoint PointChaud(const std::string &image) {
   if (image == "CurseurMain") return {10, 2};  // the fingertip
@@ -20,6 +24,8 @@ Natif::Natif(QWidget *widget, Controle &donnee, Porte &porte)
   // What a widget is by itself; the first word about names makes the toolkit load what serves them.
   pointeur_.Savoir({kPointeurDefaut, ""});
   nomAccessible_.Savoir("");
+  descriptionAccessible_.Savoir("");
+  widget_->setProperty(kPropriete, QVariant::fromValue(static_cast<void *>(this)));
 }
 
 bool Natif::Bouton() const {
@@ -32,6 +38,7 @@ void Natif::Refleter() {
   RefleterGenre();
   RefleterPointeur();
   RefleterFocus();
+  RefleterAcces();
   RefleterPlace();
 }
 
@@ -69,11 +76,35 @@ void Natif::RefleterPointeur() {
 }
 
 void Natif::RefleterFocus() {
-  nomAccessible_.Suivre(porte_, donnee_->NomAccessible,
-                        [&](const std::string &nom) { widget_->setAccessibleName(Texte(nom)); });
   if (!Saisie())
     bouton_.Suivre(porte_, Bouton(),
                    [&](bool oui) { widget_->setFocusPolicy(oui ? Qt::TabFocus : Qt::NoFocus); });
+}
+
+// A painted widget is asked for its name by those who want it; who listens is told of a change.
+void Natif::RefleterAcces() {
+  const auto annoncer = [&](QAccessible::Event genre) {
+    if (!QAccessible::isActive()) return;
+    QAccessibleEvent evenement(widget_, genre);
+    QAccessible::updateAccessibility(&evenement);
+  };
+  nomAccessible_.Suivre(porte_, donnee_->NomAccessible, [&](const std::string &nom) {
+    if (Saisie())
+      widget_->setAccessibleName(Texte(nom));
+    else
+      annoncer(QAccessible::NameChanged);
+  });
+  descriptionAccessible_.Suivre(porte_, donnee_->DescriptionAccessible,
+                                [&](const std::string &) { annoncer(QAccessible::DescriptionChanged); });
+}
+
+Natif *Natif::De(const QWidget &widget) {
+  return static_cast<Natif *>(widget.property(kPropriete).value<void *>());
+}
+
+void Natif::Presser() {
+  const auto clic = donnee_->Click;
+  if (clic) porte_.Passer(clic);
 }
 
 std::unique_ptr<Natif> CreerNatif(Controle &donnee, QWidget *parent, Porte &porte) {

@@ -17,6 +17,9 @@ class Natif {
   Natif(const Natif &) = delete;
   Natif &operator=(const Natif &) = delete;
 
+  // That of a widget, null where the widget shows no control.
+  static Natif *De(const QWidget &widget);
+
   QWidget *Widget() const { return widget_; }
   // The control may lie elsewhere after its window was made anew; every mirroring tells where it is now.
   Controle &Donnee() const { return *donnee_; }
@@ -35,6 +38,8 @@ class Natif {
   // Can be reached by Tab.
   bool Atteignable() const { return widget_->isVisible() && (Saisie() || Bouton()); }
   bool Bouton() const;
+  // What a press of the weaver does.
+  void Presser();
   // Widgets whose events belong to this control.
   virtual std::vector<QWidget *> Sources() const { return {widget_}; }
 
@@ -58,10 +63,11 @@ class Natif {
 
  private:
   void RefleterFocus();
+  void RefleterAcces();
   QWidget *widget_;
   Controle *donnee_;
   Montre<std::tuple<int, std::string>> pointeur_;
-  Montre<std::string> nomAccessible_;
+  Montre<std::string> nomAccessible_, descriptionAccessible_;
   Montre<bool> bouton_;
 };
 

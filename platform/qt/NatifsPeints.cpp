@@ -118,7 +118,10 @@ class NatifEtiquette : public Natif {
     });
     lignes_ = 1 + static_cast<int>(Texte(e.Caption).count(u'\n'));
     cerne_.Suivre(porte_, e.Cerne, [&](bool cerne) { label_->Cerne(cerne); });
-    plaque_.Suivre(porte_, e.Plaque, [&](bool plaque) { label_->Plaque(plaque); });
+    plaque_.Suivre(porte_, e.Plaque, [&](bool plaque) {
+      label_->Plaque(plaque);
+      label_->setContentsMargins(Debordante() ? kBordPlaque : QMargins());
+    });
     const bool plusieurs = taille.height() >= 2 * label_->fontMetrics().height();
     forme_.Suivre(porte_, {e.Alignment, plusieurs}, [&](const auto &) { Aligner(e, plusieurs); });
     texte_.Suivre(porte_, {e.Caption, e.Abreger, e.Abreger ? taille.width() : 0, e.Font},
@@ -129,10 +132,17 @@ class NatifEtiquette : public Natif {
   QRect Rectangle() const override {
     QRect place = Natif::Rectangle();
     if (lignes_ > 1) place.setHeight(std::max(place.height(), lignes_ * label_->fontMetrics().lineSpacing()));
-    return place;
+    return Debordante() ? place.marginsAdded(kBordPlaque) : place;
   }
 
  private:
+  static constexpr QMargins kBordPlaque{5, 3, 5, 3};
+  // A plate stands out around its text, but for the label that the type fills.
+  bool Debordante() const {
+    const auto &e = Donnee<Etiquette>();
+    return e.Plaque && !e.Agrandi;
+  }
+
   // A number has nothing below its line, so its digits may fill the label but for a pixel above and below.
   static QFont Agrandie(const Etiquette &e, QSize taille) {
     QFont fonte = Fonte(e.Font);

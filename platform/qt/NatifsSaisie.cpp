@@ -117,7 +117,6 @@ class Fiche : public QPlainTextEdit {
   explicit Fiche(QWidget *parent) : QPlainTextEdit(parent) {
     setFrameShape(QFrame::NoFrame);
     setViewportMargins(kMarge, 4, 4, 4);
-    setLineWrapMode(QPlainTextEdit::NoWrap);
   }
 
  protected:

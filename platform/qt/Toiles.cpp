@@ -55,18 +55,26 @@ void ToileEtiquette::Plaque(bool plaque) {
   update();
 }
 
+int ToileEtiquette::Drapeaux() const { return int(alignment()) | (wordWrap() ? Qt::TextWordWrap : 0); }
+
+// All of a label without margins, else what the text takes and the margins around it.
+QRect ToileEtiquette::PlacePlaque() const {
+  const QMargins marges = contentsMargins();
+  if (marges.isNull()) return rect();
+  return fontMetrics().boundingRect(contentsRect(), Drapeaux(), text()).marginsAdded(marges).intersected(rect());
+}
+
 void ToileEtiquette::PeindreCerne(QPainter &p) const {
-  const int drapeaux = int(alignment()) | (wordWrap() ? Qt::TextWordWrap : 0);
   p.setPen(Teinte(Palette::EncreNoire));
   for (int dx = -1; dx <= 1; ++dx)
     for (int dy = -1; dy <= 1; ++dy)
-      if (dx != 0 || dy != 0) p.drawText(contentsRect().translated(dx, dy), drapeaux, text());
+      if (dx != 0 || dy != 0) p.drawText(contentsRect().translated(dx, dy), Drapeaux(), text());
 }
 
 void ToileEtiquette::paintEvent(QPaintEvent *e) {
   if (cerne_ || (plaque_ && !text().isEmpty())) {
     QPainter p(this);
-    if (plaque_) p.fillRect(rect(), Teinte(Palette::EncreNoire));
+    if (plaque_) p.fillRect(PlacePlaque(), Teinte(Palette::Noir));
     if (cerne_) PeindreCerne(p);
   }
   QLabel::paintEvent(e);

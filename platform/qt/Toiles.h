@@ -57,6 +57,8 @@ class ToileEtiquette : public AvecAnneau<QLabel> {
   void paintEvent(QPaintEvent *) override;
 
  private:
+  int Drapeaux() const;
+  QRect PlacePlaque() const;
   void PeindreCerne(QPainter &p) const;
   bool cerne_ = false, plaque_ = false;
 };

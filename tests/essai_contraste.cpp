@@ -1,0 +1,178 @@
+// Every text of every view stands out from what lies around its letters, measured on the pixels that the weaver
+// sees.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <algorithm>
+#include <cmath>
+#include <iostream>
+#include <map>
+
+#include "kit/FeuilleAPropos.h"
+#include "kit/Palette.h"
+#include "platform/qt/Habillage.h"
+#include "platform/qt/TexteNatif.h"
+#include "tests/Vues.h"
+
+namespace {
+constexpr double kContraste = 4.5;
+
+double Luminance(QRgb c) {
+  const auto canal = [](int v) {
+    const double x = v / 255.0;
+    return x <= 0.04045 ? x / 12.92 : std::pow((x + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * canal(qRed(c)) + 0.7152 * canal(qGreen(c)) + 0.0722 * canal(qBlue(c));
+}
+
+double Contraste(QRgb a, QRgb b) {
+  const auto [bas, haut] = std::minmax({Luminance(a), Luminance(b)});
+  return (haut + 0.05) / (bas + 0.05);
+}
+
+int Ecart(QRgb a, QRgb b) {
+  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
+}
+
+double Centile(std::vector<double> v, double part) {
+  const auto place = v.begin() + static_cast<std::ptrdiff_t>(part * static_cast<double>(v.size() - 1));
+  std::nth_element(v.begin(), place, v.end());
+  return *place;
+}
+
+// The contrast of a text of this colour: for the pixels of its strokes, that with the outer part of what lies
+// within three pixels. 0 where the text is not to be seen.
+double Mesurer(const QImage &image, const QRect &place, QRgb couleur, const std::function<bool(QPoint)> &vu) {
+  const QRect zone = place.intersected(image.rect());
+  int proche = 255;
+  std::vector<std::pair<QPoint, int>> points;
+  for (int y = zone.top(); y <= zone.bottom(); ++y)
+    for (int x = zone.left(); x <= zone.right(); ++x)
+      if (vu({x, y})) {
+        points.emplace_back(QPoint(x, y), Ecart(image.pixel(x, y), couleur));
+        proche = std::min(proche, points.back().second);
+      }
+  if (proche > 140) return 0;
+  std::vector<double> lettres;
+  for (const auto &[p, ecart] : points) {
+    if (ecart > proche + 30) continue;
+    std::vector<double> autour;
+    for (int dy = -3; dy <= 3; ++dy)
+      for (int dx = -3; dx <= 3; ++dx)
+        if (image.valid(p.x() + dx, p.y() + dy))
+          autour.push_back(Contraste(couleur, image.pixel(p.x() + dx, p.y() + dy)));
+    lettres.push_back(Centile(autour, 0.85));
+  }
+  return Centile(lettres, 0.1);
+}
+
+class EssaiContraste : public testing::Test {
+ protected:
+  // All texts of a window that can be seen.
+  struct Releveur : Visiteur {
+    Releveur(EssaiContraste &essai, const std::string &vue, Fenetre &f) : e(essai), nom_(vue), cadre(e.vues->Natif(f)) {
+      image = cadre->grab().toImage();
+      Ecrits(f.Dessin, *cadre, "");
+    }
+    void Voir(const std::string &nom, Controle &c, Controle &) override {
+      QWidget *w = e.vues->Natif(c);
+      if (!w || !w->isVisible()) return;
+      switch (c.genre()) {
+        case Genre::Etiquette: {
+          const auto &etiquette = static_cast<Etiquette &>(c);
+          return Noter(nom, *w, w->rect(), etiquette.Caption, etiquette.ForeColor);
+        }
+        case Genre::Texte:
+          return Noter(nom, *w, w->rect(), static_cast<ZoneTexte &>(c).Text, Palette::Noir);
+        case Genre::Liste:
+          return Noter(nom, *w, w->rect().adjusted(2, 2, -20, -2), static_cast<ListeChoix &>(c).Text, Palette::Noir);
+        case Genre::Boite:
+          return Ecrits(static_cast<BoitePicture &>(c).Dessin, *w, nom);
+        default:
+          return;
+      }
+    }
+    void Voir(const std::string &, Minuterie &) override {}
+
+    // A text printed twice is a shadow and a face; only the face is read.
+    void Ecrits(const Surface &s, QWidget &w, const std::string &nom) {
+      for (std::size_t i = 0; i < s.Ecrits().size(); ++i) {
+        const Ecrit &t = s.Ecrits()[i];
+        if (i + 1 < s.Ecrits().size() && s.Ecrits()[i + 1].texte == t.texte) continue;
+        const QRect place(QPoint(t.x / kTwipsParPixel, t.y / kTwipsParPixel),
+                          QFontMetrics(Fonte(t.police)).size(0, Texte(t.texte)));
+        Noter(nom, w, place, t.texte, t.couleur);
+      }
+    }
+
+    void Noter(const std::string &nom, QWidget &w, const QRect &dans, const std::string &texte, Couleur couleur) {
+      if (Texte(texte).trimmed().isEmpty()) return;
+      const QRect place(w.mapTo(cadre, dans.topLeft()), dans.size());
+      // This one takes the click and shows nothing.
+      const QWidget *voile = e.vues->Natif(feuilleAPropos.Image2), *dessous = e.vues->Natif(feuilleAPropos.Picture1);
+      const double c = Mesurer(image, place, 0xff000000u | couleur, [&](QPoint p) {
+        QWidget *dessus = cadre->childAt(p);
+        return dessus == &w || (dessus && w.isAncestorOf(dessus)) || (!dessus && &w == cadre) ||
+               (voile && dessus == voile && &w == dessous);
+      });
+      if (c == 0) return;  // covered by a panel
+      ++e.mesures;
+      double &bas = e.plusBas.try_emplace(nom_ + " " + nom + " \"" + texte + "\"", c).first->second;
+      bas = std::min(bas, c);
+    }
+    EssaiContraste &e;
+    std::string nom_;
+    QWidget *cadre;
+    QImage image;
+  };
+
+  std::unique_ptr<Vues> vues;
+  std::map<std::string, double> plusBas;
+  int mesures = 0;
+};
+
+TEST_F(EssaiContraste, EveryTextOfEveryViewIsReadable) {
+  vues = std::make_unique<Vues>(BRANDIS_PROGRAMME, [&](const std::string &nom, Fenetre &f) {
+    Releveur releveur(*this, nom, f);
+    f.Visiter(releveur);
+  });
+  for (const bool francais : {true, false}) vues->Parcourir(francais);
+  EXPECT_GT(mesures, 1500);
+  const auto bas = std::min_element(plusBas.begin(), plusBas.end(), [](auto &a, auto &b) { return a.second < b.second; });
+  std::cout << "lowest of " << mesures << " texts: " << bas->second << " : " << bas->first << "\n";
+  for (const auto &[texte, c] : plusBas) EXPECT_GE(c, kContraste) << texte;
+}
+
+TEST_F(EssaiContraste, EveryPictureWithWordsIsReadable) {
+  const QRect partout(0, 0, 1000, 1000);
+  const struct {
+    const char *nom;
+    Couleur encre;
+    QRect place;  // of the words
+  } images[] = {{"UnInstant", Palette::Encre, {130, 10, 130, 20}},
+                {"UnInstant", Palette::BoisBrun, {222, 32, 130, 18}},
+                {"ImageMessageFrancais", Palette::Encre, partout},
+                {"ImageMessageAnglais", Palette::Encre, partout},
+                {"BITMAP119", Palette::EncreNoire, partout},
+                {"BoutonAnnuler", Palette::EncreNoire, partout},
+                {"BoutonModifierIngredientDirectement", Palette::EncreNoire, partout}};
+  for (const auto &[nom, encre, place] : images) {
+    QString chemin = QStringLiteral(BRANDIS_PROGRAMME "/Images/") + nom;
+    QImage image(chemin + ".png");
+    if (image.isNull()) image.load(chemin + ".ppm");
+    ASSERT_FALSE(image.isNull()) << nom;
+    const double c = Mesurer(image, place, 0xff000000u | encre, [](QPoint) { return true; });
+    EXPECT_GE(c, kContraste) << nom;
+  }
+}
+}  // namespace
+
+int main(int nombre, char **mots) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("QT_LOGGING_RULES", "default.warning=false");
+  QApplication application(nombre, mots);
+  QApplication::setQuitOnLastWindowClosed(false);
+  HabillerApplication();
+  testing::InitGoogleTest(&nombre, mots);
+  return RUN_ALL_TESTS();
+}
