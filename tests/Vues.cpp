@@ -50,7 +50,8 @@ Vues::Vues(const std::string &programme, Prise prendre) : prendre_(std::move(pre
     if (f.path().extension() == ".Wif") fs::copy(f.path(), base / "Data");
   fs::create_directory_symlink(programme + "/Images", base / "Images");
   ligne_ = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
-  if (ligne_ < 0 || grantpt(ligne_) != 0 || unlockpt(ligne_) != 0) throw std::runtime_error("no pseudo-terminal");
+  if (ligne_ < 0 || grantpt(ligne_) != 0 || unlockpt(ligne_) != 0)
+    throw std::runtime_error("no pseudo-terminal");
   fs::create_symlink(ptsname(ligne_), base / "Ports" / "com1");
   machine_ = std::make_unique<Machine>(DossiersProgramme{base, programme});
   machine_->PendantModal = [this](Fenetre &f) { Prendre(nom_, f); };
@@ -193,7 +194,8 @@ void Vues::VoirMessages() {
     Voir("message-court-" + std::to_string(genre), fenetreMessageCourt, [genre] {
       session.Etat = genre;
       const Entier numero = 8002;
-      AfficherMessageCourt(TitreErreur(), "Erreur numéro:" + Str(numero) + "; Description: Invalid port number");
+      AfficherMessageCourt(TitreErreur(),
+                           "Erreur numéro:" + Str(numero) + "; Description: Invalid port number");
     });
     Faire([] { Decharger(fenetreMessageCourt); });
   }

@@ -1,5 +1,5 @@
-// Every window, panel, bubble and message of the real program, raised one after the other by the commands that
-// the weaver has: for looking at them all, and for measuring what they show.
+// Every window, panel, bubble and message of the real program, raised one after the other by the commands
+// that the weaver has: for looking at them all, and for measuring what they show.
 #pragma once
 
 #include <QTemporaryDir>
@@ -41,6 +41,6 @@ class Vues {
   Prise prendre_;
   QTemporaryDir dossier_;
   std::unique_ptr<Machine> machine_;
-  int ligne_ = -1;    // the loom's end of the line
-  std::string nom_;   // of the view that a modal window stands for
+  int ligne_ = -1;   // the loom's end of the line
+  std::string nom_;  // of the view that a modal window stands for
 };

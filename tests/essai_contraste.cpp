@@ -1,5 +1,5 @@
-// Every text of every view stands out from what lies around its letters, measured on the pixels that the weaver
-// sees.
+// Every text of every view stands out from what lies around its letters, measured on the pixels that the
+// weaver sees.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -31,7 +31,8 @@ double Contraste(QRgb a, QRgb b) {
 }
 
 int Ecart(QRgb a, QRgb b) {
-  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
+  return std::max(
+      {std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
 }
 
 double Centile(std::vector<double> v, double part) {
@@ -70,7 +71,8 @@ class EssaiContraste : public testing::Test {
  protected:
   // All texts of a window that can be seen.
   struct Releveur : Visiteur {
-    Releveur(EssaiContraste &essai, const std::string &vue, Fenetre &f) : e(essai), nom_(vue), cadre(e.vues->Natif(f)) {
+    Releveur(EssaiContraste &essai, const std::string &vue, Fenetre &f)
+        : e(essai), nom_(vue), cadre(e.vues->Natif(f)) {
       image = cadre->grab().toImage();
       Ecrits(f.Dessin, *cadre, "");
     }
@@ -85,7 +87,8 @@ class EssaiContraste : public testing::Test {
         case Genre::Texte:
           return Noter(nom, *w, w->rect(), static_cast<ZoneTexte &>(c).Text, Palette::Noir);
         case Genre::Liste:
-          return Noter(nom, *w, w->rect().adjusted(2, 2, -20, -2), static_cast<ListeChoix &>(c).Text, Palette::Noir);
+          return Noter(nom, *w, w->rect().adjusted(2, 2, -20, -2), static_cast<ListeChoix &>(c).Text,
+                       Palette::Noir);
         case Genre::Boite:
           return Ecrits(static_cast<BoitePicture &>(c).Dessin, *w, nom);
         default:
@@ -105,11 +108,13 @@ class EssaiContraste : public testing::Test {
       }
     }
 
-    void Noter(const std::string &nom, QWidget &w, const QRect &dans, const std::string &texte, Couleur couleur) {
+    void Noter(const std::string &nom, QWidget &w, const QRect &dans, const std::string &texte,
+               Couleur couleur) {
       if (Texte(texte).trimmed().isEmpty()) return;
       const QRect place(w.mapTo(cadre, dans.topLeft()), dans.size());
       // This one takes the click and shows nothing.
-      const QWidget *voile = e.vues->Natif(feuilleAPropos.Image2), *dessous = e.vues->Natif(feuilleAPropos.Picture1);
+      const QWidget *voile = e.vues->Natif(feuilleAPropos.Image2),
+                    *dessous = e.vues->Natif(feuilleAPropos.Picture1);
       const double c = Mesurer(image, place, 0xff000000u | couleur, [&](QPoint p) {
         QWidget *dessus = cadre->childAt(p);
         return dessus == &w || (dessus && w.isAncestorOf(dessus)) || (!dessus && &w == cadre) ||
@@ -138,7 +143,8 @@ TEST_F(EssaiContraste, EveryTextOfEveryViewIsReadable) {
   });
   for (const bool francais : {true, false}) vues->Parcourir(francais);
   EXPECT_GT(mesures, 1500);
-  const auto bas = std::min_element(plusBas.begin(), plusBas.end(), [](auto &a, auto &b) { return a.second < b.second; });
+  const auto bas =
+      std::min_element(plusBas.begin(), plusBas.end(), [](auto &a, auto &b) { return a.second < b.second; });
   std::cout << "lowest of " << mesures << " texts: " << bas->second << " : " << bas->first << "\n";
   for (const auto &[texte, c] : plusBas) EXPECT_GE(c, kContraste) << texte;
 }

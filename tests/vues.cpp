@@ -1,12 +1,13 @@
 // Writes every view of the program as a picture, cut by its outline.
 //   vues <program's folder> <folder for the pictures>
+#include "tests/Vues.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QPainter>
 #include <cstdio>
 
 #include "platform/qt/Habillage.h"
-#include "tests/Vues.h"
 
 namespace {
 QImage Decoupee(QWidget &cadre) {

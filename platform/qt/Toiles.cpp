@@ -61,7 +61,10 @@ int ToileEtiquette::Drapeaux() const { return int(alignment()) | (wordWrap() ? Q
 QRect ToileEtiquette::PlacePlaque() const {
   const QMargins marges = contentsMargins();
   if (marges.isNull()) return rect();
-  return fontMetrics().boundingRect(contentsRect(), Drapeaux(), text()).marginsAdded(marges).intersected(rect());
+  return fontMetrics()
+      .boundingRect(contentsRect(), Drapeaux(), text())
+      .marginsAdded(marges)
+      .intersected(rect());
 }
 
 void ToileEtiquette::PeindreCerne(QPainter &p) const {
