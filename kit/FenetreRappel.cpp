@@ -27,7 +27,7 @@ FenetreRappel::FenetreRappel() {
   Placer(LblTitre, 2115, 795, 4680, 210);
   LblTitre.Font = {"MS Sans Serif", 8.25, true, false};
   LblTitre.Alignment = Alignement::Centre;
-  Placer(DessinMessage, 1500, 480, 480, 510);
+  Placer(DessinMessage, 1500, 660, 480, 510);  // level with the title
   DessinMessage.Picture = "BITMAP280";
   for (int i = 1; i <= 4; ++i) {
     Placer(Ligne[i], 825, 1305 + 330 * (i - 1), 7185, 240);

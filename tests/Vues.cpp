@@ -13,9 +13,11 @@
 #include "display/Voyants.h"
 #include "kit/Attente.h"
 #include "kit/BullesInfo.h"
+#include "kit/FenetreLigne.h"
 #include "kit/FenetreMessage.h"
 #include "kit/FenetreMessageCourt.h"
 #include "kit/FenetreMessageErreur.h"
+#include "kit/FenetreRappel.h"
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
 #include "mainwindow/EvenementsFenetre.h"
@@ -93,6 +95,7 @@ void Vues::Demarrer(bool francais) {
   session = {};
   fenetre = FenetreTissagePrincipale();
   Monter(*machine_);
+  Faire([] { Decharger(fenetreRappel); });
   session.IntervalleMessageCourt = 30000;
   session.PortMetier = 1;
   Faire([&] { Drapeau_Click(francais ? 1 : 2); });
@@ -189,6 +192,12 @@ void Vues::VoirBulles() {
 
 void Vues::VoirMessages() {
   machine_->Motif = "Pedales8.Wif";
+  Voir("ligne-coupee", fenetreLigne, [] { MontrerLigneCoupee(true); });
+  Faire([] { MontrerLigneCoupee(false); });
+  Voir("rappel", fenetreRappel, [] {
+    AfficherRappel({true, "/home/weaver/Data/Figure24.Wif", "27", "2026-11-23", "08:15:30"});
+  });
+  Faire([] { Decharger(fenetreRappel); });
   Voir("message-sans-liftplan", fenetreMessage, [] { BoutonProgramme_Click(1); });
   for (const int genre : {0, 1, 16, 32, 48, 64}) {
     Voir("message-court-" + std::to_string(genre), fenetreMessageCourt, [genre] {
