@@ -1,5 +1,6 @@
 # A virtual screen and a hand on its mouse and keyboard, for the scripts that run the real program. Sourced.
-# The caller sets essai (the program's folder), images (folder of the pictures) and may set echelle.
+# The caller sets essai (the program's folder), images (folder of the pictures) and may set echelle, and ordres, a
+# pipe for the commands of the simulated loom.
 echelle=${echelle:-1}
 
 # Prepares a program's folder of its own at $essai, so that the weaver's settings stay untouched.
@@ -46,7 +47,7 @@ choisir() {
 }
 
 ouvrir_metier() {
-  "$essai/metier-simule" --journal "$@" >"$journal" </dev/null &
+  "$essai/metier-simule" --journal "$@" >"$journal" <"${ordres:-/dev/null}" &
   metier=$!
   attendre grep -q '^loom:' "$journal"
 }
