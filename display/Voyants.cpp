@@ -19,7 +19,7 @@ void PeindreDouille(Surface &face, int l, int h, bool allume) {
     for (int x = kRetraits[y]; x < kDiametre - kRetraits[y]; ++x) {
       const bool plein = dedans(x - 1, y) && dedans(x + 1, y) && dedans(x, y - 1) && dedans(x, y + 1);
       const Couleur bord = allume ? Palette::VertNuit : Palette::Brique;
-      const Couleur fond = allume ? kVoyantVert : Palette::EtainClair;
+      const Couleur fond = allume ? Palette::VoyantVert : Palette::EtainClair;
       face.PSet(l - 12 + x, h - 14 + y, plein ? fond : bord);
     }
 }
@@ -28,7 +28,7 @@ void PeindreDouille(Surface &face, int l, int h, bool allume) {
 void PeindreVoyant(Surface &face, int l, int h, Couleur couleur) {
   const Echelle gardee = face.ScaleMode;
   face.ScaleMode = Echelle::Pixels;
-  PeindreDouille(face, l, h, couleur == kVoyantVert);
+  PeindreDouille(face, l, h, couleur == Palette::VoyantVert);
   face.Boite(l - 9, h - 12, l - 6, h - 12, Palette::EtainBord);
   face.Boite(l - 10, h - 12, l - 10, h - 8, Palette::EtainBord);
   face.Boite(l - 9, h - 11, l - 6, h - 8, couleur);

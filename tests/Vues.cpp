@@ -55,7 +55,7 @@ Vues::Vues(const std::string &programme, Prise prendre) : prendre_(std::move(pre
   if (ligne_ < 0 || grantpt(ligne_) != 0 || unlockpt(ligne_) != 0)
     throw std::runtime_error("no pseudo-terminal");
   fs::create_symlink(ptsname(ligne_), base / "Ports" / "com1");
-  machine_ = std::make_unique<Machine>(DossiersProgramme{base, programme});
+  machine_ = std::make_unique<Machine>(DossiersProgramme{base, {base, programme}});
   machine_->PendantModal = [this](Fenetre &f) { Prendre(nom_, f); };
 }
 

@@ -199,6 +199,7 @@ TEST_F(EssaiFenetre, SectionsAndProject) {
 }
 
 int main(int nombre, char **mots) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
   ::testing::InitGoogleTest(&nombre, mots);
   QApplication application(nombre, mots);
   return RUN_ALL_TESTS();
