@@ -23,14 +23,23 @@ installer() {
   $sudo apt-get install -y -qq --no-install-recommends "${manquants[@]}" >/dev/null
 }
 
-# Builds one preset; quiet unless something is wrong.
+# How far a build is, in one line where somebody looks on.
+avancement() {
+  local ligne
+  while read -r ligne; do
+    if [ -t 1 ] && [[ $ligne =~ ^\[[0-9]+/[0-9]+\] ]]; then printf '\r%s ' "${BASH_REMATCH[0]}"; fi
+  done
+  if [ -t 1 ]; then echo; fi
+}
+
+# Builds one preset; tells how far it is, and the end of its output when something is wrong.
 construire() {
   local preset=$1 dossier=$2 journal
   journal=$(mktemp)
   shift 2
   [ -f "$dossier/build.ninja" ] || cmake --preset "$preset" >"$journal" || { cat "$journal"; exit 1; }
   echo "Building ($preset)"
-  cmake --build --preset "$preset" "$@" >"$journal" 2>&1 || { tail -n 60 "$journal"; exit 1; }
+  cmake --build --preset "$preset" "$@" 2>&1 | tee "$journal" | avancement || { tail -n 60 "$journal"; exit 1; }
   rm -f "$journal"
 }
 
