@@ -98,21 +98,23 @@ bool Reste(const Forme &f, const Section &s) {
   return !MemeMot(s.nom, "WIF") && !Parmi(s.nom, kPlan) && !(f.couleurs && Parmi(s.nom, kTrame));
 }
 
+// What stands in sections "[WIF]", be they several, in one.
 void EcrireEntete(Ecrivain &e, const Motif &motif) {
+  bool entete = false, version = false;
+  motif.PourChaqueCle("WIF", [&](const LigneCle &c) {
+    entete = true;
+    version = version || MemeMot(c.cle, "Version");
+  });
   e.Section("WIF");
-  bool version = false;
+  if (!version) e.Cle("Version", "1.1");
+  if (!entete) {
+    e.Cle("Date", "April 20, 1997");
+    e.Cle("Developers", "Brandis");
+    e.Cle("Source Program", "Brandis");
+    return e.Fin();
+  }
   for (const Section &s : motif.sections)
-    if (MemeMot(s.nom, "WIF")) {
-      motif.PourChaqueCle("WIF", [&](const LigneCle &c) { version = version || MemeMot(c.cle, "Version"); });
-      if (!version) e.Cle("Version", "1.1");
-      Recopier(e, s);
-      return;
-    }
-  e.Cle("Version", "1.1");
-  e.Cle("Date", "April 20, 1997");
-  e.Cle("Developers", "Brandis");
-  e.Cle("Source Program", "Brandis");
-  e.Fin();
+    if (MemeMot(s.nom, "WIF")) Recopier(e, s);
 }
 
 // The sections that will follow, each once.

@@ -13,6 +13,11 @@ struct Zone {
 
 constexpr Couleur kPapier = 0xFFFFFF, kCaseVide = 0xE9ECEF, kCaseMarquee = 0x22262E;
 
+// Four fifths of a colour, for the line between two cells of it.
+constexpr Couleur Assombrie(Couleur c) {
+  return (c >> 16 & 255) * 4 / 5 << 16 | (c >> 8 & 255) * 4 / 5 << 8 | (c & 255) * 4 / 5;
+}
+
 // Looks into a pattern that has to outlive it.
 class Planche {
  public:

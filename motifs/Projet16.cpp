@@ -43,9 +43,9 @@ std::string Reglage(const std::string &configuration, std::size_t place, int sin
   return configuration.size() < kConfiguration ? Mot(sinon) : configuration.substr(place, 2);
 }
 
-// Keeps a file under a name with the date, the first that is free. Empty where there is no file.
+// Keeps a file under a name with the date, the first that is free. Empty where there is nothing to keep.
 std::string GarderDeCote(const fs::path &fichier) {
-  if (!fs::exists(fichier)) return "";
+  if (!fs::exists(fichier) || fs::file_size(fichier) == 0) return "";
   const std::tm jour = Jour();
   char date[16];
   std::strftime(date, sizeof date, "%Y-%m-%d", &jour);
@@ -97,10 +97,14 @@ Projet16 ComposerProjet16(const Motif &motif, const std::string &cheminWif, doub
 }
 
 std::string InstallerProjet16(const Projet16 &projet, const std::string &data) {
-  const fs::path entete = fs::path(data) / "Resume.Trm", lignes = fs::path(data) / "Resume2.Trm";
+  const fs::path dossier(data), entete = dossier / "Resume.Trm", lignes = dossier / "Resume2.Trm";
+  // What a save that was cut off has left would be put back over the new project.
+  const fs::path coupee = dossier / "Reprise.Avant";
   const std::string anciennes = GarderDeCote(lignes);
   const std::string ancien = GarderDeCote(entete);
+  GarderDeCote(coupee);
   EcrireFichier(lignes.string(), projet.lignes, true);
   EcrireFichier(entete.string(), projet.entete, true);
+  fs::remove(coupee);
   return ancien.empty() ? anciennes : ancien;
 }

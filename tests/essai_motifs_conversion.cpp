@@ -70,7 +70,9 @@ class Conversion : public BancConfigure {
   int Lancer(const std::string &mots, const std::string &langue = "C") {
     const std::string journal = pf.dossier + "/dit";
     const int etat =
-        std::system(("LC_ALL=" + langue + " " BRANDIS_MOTIFS " " + mots + " >" + journal + " 2>&1").c_str());
+        std::system(("LC_ALL=" + langue + " LSAN_OPTIONS=" BRANDIS_FUITES " " BRANDIS_MOTIFS " " + mots +
+                     " >" + journal + " 2>&1")
+                        .c_str());
     std::ifstream f(journal);
     dit = {std::istreambuf_iterator<char>(f), {}};
     return WIFEXITED(etat) ? WEXITSTATUS(etat) : -1;
@@ -142,6 +144,7 @@ TEST_F(Conversion, ProjectOfSixteenHarnesses) {
   EcrireFichier("Configuration.Con", Mots({3, 24, 11, 0, 3, -1, 9, 0, -1, 0}));
   EcrireFichier("Resume.Trm", "ancien");
   EcrireFichier("Resume2.Trm", "anciennes lignes");
+  EcrireFichier("Reprise.Avant", "brandis-reprise-1 -1 -1 14695981039346656037\n");  // would empty the slot
   ASSERT_EQ(Lancer("projet16 " + serge + dossier), 0) << dit;
   EXPECT_EQ(LireFichier("Resume.Trm").size(), 281u);
   EXPECT_EQ(LireFichier("Resume2.Trm").size(), 8 * 70u);
@@ -149,10 +152,12 @@ TEST_F(Conversion, ProjectOfSixteenHarnesses) {
   for (const auto &e : fs::directory_iterator(pf.dossier + "/Data")) {
     const std::string nom = e.path().filename();
     if (nom.find(" 20") == std::string::npos) continue;
-    EXPECT_EQ(LireFichier(nom), nom.find("Resume2") == 0 ? "anciennes lignes" : "ancien") << nom;
+    if (nom[2] == 's') {
+      EXPECT_EQ(LireFichier(nom), nom.find("Resume2") == 0 ? "anciennes lignes" : "ancien") << nom;
+    }
     ++gardes;
   }
-  EXPECT_EQ(gardes, 2);
+  EXPECT_EQ(gardes, 3);
 
   Demarrer();
   Commande(3);

@@ -313,6 +313,15 @@ TEST_F(Lecture, OnlyWhatTheLoomCanWeave) {
   EXPECT_NE(Dit([&] { FormeTissable(Tisse("1", plan + "3")); }).find("2501 picks"), std::string::npos);
 }
 
+// A file glued together of two keeps both headers, in one.
+TEST_F(Lecture, HeadersOfAGluedFile) {
+  const Motif deux =
+      ComprendreMotif("[WIF]\nSource Program=A\n[LIFTPLAN]\n1=1\n[WIF]\nVersion=1.0\nDate=hier\n", "m");
+  const std::string forme = FormeTissable(deux);
+  EXPECT_EQ(forme.rfind("[WIF]\r\nSource Program=A\r\n\r\nVersion=1.0\r\nDate=hier\r\n", 0), 0u) << forme;
+  EXPECT_EQ(FormeTissable(ComprendreMotif(forme, "m")), forme);
+}
+
 // Wild but right files keep every shed; then bytes are thrown in: a refusal with its line, or a pattern that
 // survives its own weavable form unchanged.
 TEST_F(Lecture, ThousandsOfWildFiles) {

@@ -11,11 +11,6 @@
 namespace {
 constexpr int kPixelsMax = 4000, kCaseMax = 12, kCaseAvecGrille = 5;
 
-// Four fifths of a colour, for the line between two cells.
-Couleur Assombrie(Couleur c) {
-  return (c >> 16 & 255) * 4 / 5 << 16 | (c >> 8 & 255) * 4 / 5 << 8 | (c & 255) * 4 / 5;
-}
-
 // Pixels as places in a table of colours, as long as it has room.
 class Table {
  public:

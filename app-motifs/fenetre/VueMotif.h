@@ -53,7 +53,9 @@ class VueMotif : public QWidget {
  private:
   void Deplacer(QPointF pixels);
   void Retenir();
-  void PeindreGrille(QPainter &peintre);
+  void PeindreDeLoin(QPainter &peintre);
+  void PeindreDePres(QPainter &peintre);
+  void PeindreLieu(QPainter &peintre);
   void DireLieu(QPointF point);
 
   const Langue langue_;
@@ -62,6 +64,7 @@ class VueMotif : public QWidget {
   std::optional<CopiesDessin> copies_;
   double zoom_ = 1;
   QPointF origine_;  // the cell in the upper left corner
+  QImage pres_;      // the window as it was painted last from near
   QRectF lieu_;      // marked cells
   QPointF prise_;    // where the pointer was while dragging
   bool ajuste_ = true;
