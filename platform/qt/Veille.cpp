@@ -77,6 +77,9 @@ void Veille::Demander(const QDBusConnection &bus) {
     const QDBusPendingReply<QDBusUnixFileDescriptor> reponse = *attente;
     demandee_ = false;
     if (voulu_ && reponse.isValid()) descripteur_ = reponse.value();
-    attente->deleteLater();
+    // The answer holds a descriptor of its own. Not deleteLater: inside a nested run of events that may be
+    // put off until somebody posts an event again.
+    QMetaObject::invokeMethod(
+        &vivante_, [attente] { delete attente; }, Qt::QueuedConnection);
   });
 }
