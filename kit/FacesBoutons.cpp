@@ -53,8 +53,7 @@ void PeindrePixels(Surface &cible, const Face &face) {
     for (int x = 0; x < l; ++x) {
       const bool droite = x >= l - kCoin && x >= l / 2, bas = y >= h - kCoin && y >= h / 2;
       const int dx = droite ? l - 1 - x : x, dy = bas ? h - 1 - y : y;
-      const bool bord = dx < kCoin || dy < kCoin;
-      cible.PSet(x, y, Gris(bord ? face.Gris(dx, dy, droite, bas) : face.fond));
+      if (dx < kCoin || dy < kCoin) cible.PSet(x, y, Gris(face.Gris(dx, dy, droite, bas)));
     }
 }
 
@@ -88,6 +87,7 @@ void Gonfler(BoitePicture &bouton, const Face &face) {
   const Surface &avant = reglages.FaceGardee;
   Surface &s = bouton.Dessin;
   s.Redimensionner(l, h, Gris(face.fond));  // keeps what was printed
+  s.Boite(0, 0, l - 1, h - 1, Gris(face.fond));
   PeindrePixels(s, face);
   PoserInterieur(s, avant, avant.Largeur(), avant.Hauteur());
   const int d = l - 1, b = h - 1;

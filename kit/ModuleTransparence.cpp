@@ -1,11 +1,22 @@
 #include "kit/ModuleTransparence.h"
 
+#include <algorithm>
+
 #include "kit/Attente.h"
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
 
 namespace {
 void AjouterRangee(Region &region, const std::uint32_t *pixels, int l, int y, std::uint32_t transparent) {
+  // Most rows are one piece, or two ends and a piece.
+  int premier = 0, dernier = l - 1;
+  while (premier < dernier && pixels[premier] == transparent) ++premier;
+  while (dernier > premier && pixels[dernier - 1] == transparent) --dernier;
+  if (premier == dernier) return;
+  if (std::count(pixels + premier, pixels + dernier, transparent) == 0) {
+    region.push_back({y, premier, dernier});
+    return;
+  }
   bool dansSegment = false;
   int debut = 0;
   for (int x = 0; x < l; ++x) {
@@ -28,8 +39,8 @@ Region CreerRegionImage(const Surface &image) {
   for (int y = 0; y < image.Hauteur(); ++y) {
     if (hauteur == 0) throw ErreurExecution(Erreur::DivisionParZero);
     attente.EcrirePourcent(y * 100.0 / int{hauteur});
-    AjouterRangee(region, pixels.get() + static_cast<std::ptrdiff_t>(y) * image.Largeur(), image.Largeur(),
-                  y, pixels[0]);
+    AjouterRangee(region, pixels.get() + static_cast<std::ptrdiff_t>(y) * image.Largeur(), image.Largeur(), y,
+                  pixels[0]);
   }
   return region;
 }

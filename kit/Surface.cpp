@@ -76,15 +76,27 @@ void Surface::Cadre(int x1, int y1, int x2, int y2, Couleur c) {
 }
 
 void Surface::Boite(int x1, int y1, int x2, int y2, Couleur c) {
-  for (int y = y1; y <= y2; ++y)
-    for (int x = x1; x <= x2; ++x) PSet(x, y, c);
+  x1 = std::max(x1, 0), y1 = std::max(y1, 0), x2 = std::min(x2, largeur_ - 1),
+  y2 = std::min(y2, hauteur_ - 1);
+  if (x1 > x2 || y1 > y2) return;
+  if (pixels_.use_count() > 1) Detacher();
+  for (int y = y1; y <= y2; ++y) std::fill_n(pixels_.get() + Place(x1, y), x2 - x1 + 1, kOpaque | c);
+  Changer();
 }
 
 void Surface::PaintPicture(const Surface &image, int x, int y, int largeur, int hauteur) {
   const int l = largeur < 0 ? image.Largeur() : std::min(largeur, image.Largeur());
   const int h = hauteur < 0 ? image.Hauteur() : std::min(hauteur, image.Hauteur());
-  for (int j = 0; j < h; ++j)
-    for (int i = 0; i < l; ++i) PSet(x + i, y + j, image.Point(i, j));
+  // Row by row, what falls outside left out.
+  const int gauche = std::max(0, -x), droite = std::min(l, largeur_ - x);
+  const int haut = std::max(0, -y), bas = std::min(h, hauteur_ - y);
+  if (gauche >= droite || haut >= bas) return;
+  const Trame source = image.pixels_;  // stays as it is, were it this one
+  if (pixels_.use_count() > 1) Detacher();
+  for (int j = haut; j < bas; ++j)
+    std::copy_n(source.get() + image.Place(gauche, j), droite - gauche,
+                pixels_.get() + Place(x + gauche, y + j));
+  Changer();
 }
 
 void Surface::Print(int x, int y, const std::string &texte, const Police &police, Couleur c) {

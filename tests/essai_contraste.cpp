@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <iostream>
 #include <map>
@@ -18,10 +19,15 @@ namespace {
 constexpr double kContraste = 4.5;
 
 double Luminance(QRgb c) {
-  const auto canal = [](int v) {
-    const double x = v / 255.0;
-    return x <= 0.04045 ? x / 12.92 : std::pow((x + 0.055) / 1.055, 2.4);
-  };
+  static const auto canaux = [] {
+    std::array<double, 256> t{};
+    for (std::size_t v = 0; v < t.size(); ++v) {
+      const double x = static_cast<double>(v) / 255;
+      t[v] = x <= 0.04045 ? x / 12.92 : std::pow((x + 0.055) / 1.055, 2.4);
+    }
+    return t;
+  }();
+  const auto canal = [](int v) { return canaux[static_cast<std::size_t>(v)]; };
   return 0.2126 * canal(qRed(c)) + 0.7152 * canal(qGreen(c)) + 0.0722 * canal(qBlue(c));
 }
 

@@ -339,6 +339,8 @@ TEST_F(EssaiMiroir, AssistiveToolsAreToldWhatIsThereAndPressIt) {
   f.Bouton.DescriptionAccessible = "Lamp on";
   f.Libelle.Caption = "0027";
   f.Choix.NomAccessible = "Loom Port:";
+  f.Choix.Liste = {"COM 1", "COM 2"};
+  f.Choix.Text = "COM 2";
   miroir().Refleter();
   auto acces = [&](const Controle &c) { return QAccessible::queryAccessibleInterface(Natif(c)); };
   QAccessibleInterface *bouton = acces(f.Bouton);
@@ -355,6 +357,7 @@ TEST_F(EssaiMiroir, AssistiveToolsAreToldWhatIsThereAndPressIt) {
   EXPECT_EQ(acces(f.Libelle)->role(), QAccessible::StaticText);
   EXPECT_EQ(acces(f.Libelle)->text(QAccessible::Name), u"0027"_qs);
   EXPECT_EQ(acces(f.Choix)->text(QAccessible::Name), u"Loom Port:"_qs);
+  EXPECT_EQ(acces(f.Choix)->text(QAccessible::Value), u"COM 2"_qs);
   f.Bouton.DescriptionAccessible = "Lamp off";
   miroir().Refleter();
   EXPECT_EQ(bouton->text(QAccessible::Description), u"Lamp off"_qs);

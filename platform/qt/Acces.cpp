@@ -1,7 +1,9 @@
 #include "platform/qt/Acces.h"
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QComboBox>
 
 #include "platform/qt/Natif.h"
 #include "platform/qt/TexteNatif.h"
@@ -48,10 +50,48 @@ class AccesPeint : public QAccessibleWidget {
   Natif &natif_;
 };
 
+// The toolkit's own names a list by what is chosen in it, and leaves its label to a relation that few tools
+// read.
+class AccesListe : public QAccessibleWidget {
+ public:
+  AccesListe(QComboBox *combo, Natif &natif)
+      : QAccessibleWidget(combo, QAccessible::ComboBox), combo_(combo), natif_(natif) {}
+
+  QString text(QAccessible::Text sorte) const override {
+    if (sorte == QAccessible::Name) return Texte(natif_.Donnee().NomAccessible);
+    if (sorte != QAccessible::Value) return QAccessibleWidget::text(sorte);
+    const bool choisi = combo_->isEditable() || combo_->currentIndex() >= 0;
+    return choisi ? combo_->currentText() : combo_->placeholderText();
+  }
+
+  QAccessible::State state() const override {
+    QAccessible::State etat = QAccessibleWidget::state();
+    etat.expandable = etat.hasPopup = true;
+    etat.expanded = combo_->view()->isVisible();
+    etat.editable = combo_->isEditable();
+    return etat;
+  }
+
+  QStringList actionNames() const override { return {showMenuAction(), pressAction()}; }
+
+  void doAction(const QString &action) override {
+    if (action != showMenuAction() && action != pressAction()) return;
+    QMetaObject::invokeMethod(
+        combo_, [combo = combo_] { combo->view()->isVisible() ? combo->hidePopup() : combo->showPopup(); },
+        Qt::QueuedConnection);
+  }
+
+ private:
+  QComboBox *combo_;
+  Natif &natif_;
+};
+
 QAccessibleInterface *Fabriquer(const QString &, QObject *objet) {
   auto *widget = qobject_cast<QWidget *>(objet);
   Natif *natif = widget && !widget->isWindow() ? Natif::De(*widget) : nullptr;
-  return natif && !natif->Saisie() ? new AccesPeint(widget, *natif) : nullptr;
+  if (!natif) return nullptr;
+  if (auto *combo = qobject_cast<QComboBox *>(widget)) return new AccesListe(combo, *natif);
+  return natif->Saisie() ? nullptr : new AccesPeint(widget, *natif);
 }
 }  // namespace
 

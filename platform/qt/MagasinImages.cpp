@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
+#include <QtEndian>
 
 #include "base/ErreurExecution.h"
 #include "kit/Controles.h"
@@ -22,7 +23,10 @@ QImage LirePixels(const QString &chemin) {
   const uchar *source = fichier.map(fichier.pos(), 3 * n);
   if (!source) return {};
   auto *pixels = reinterpret_cast<QRgb *>(image.bits());
-  for (qsizetype i = 0; i < n; ++i, source += 3) pixels[i] = qRgb(source[0], source[1], source[2]);
+  // Four bytes at a time, the fourth being the next pixel's; the last pixel has none behind it.
+  for (qsizetype i = 0; i < n - 1; ++i, source += 3)
+    pixels[i] = 0xff000000u | qFromBigEndian<quint32>(source) >> 8;
+  pixels[n - 1] = qRgb(source[0], source[1], source[2]);
   return image;
 }
 

@@ -122,7 +122,8 @@ class NatifEtiquette : public Natif {
       label_->Plaque(plaque);
       label_->setContentsMargins(Debordante() ? kBordPlaque : QMargins());
     });
-    const bool plusieurs = taille.height() >= 2 * label_->fontMetrics().height();
+    // Half of all labels start empty: their type is not to be loaded for that.
+    const bool plusieurs = !e.Caption.empty() && taille.height() >= 2 * label_->fontMetrics().height();
     forme_.Suivre(porte_, {e.Alignment, plusieurs}, [&](const auto &) { Aligner(e, plusieurs); });
     texte_.Suivre(porte_, {e.Caption, e.Abreger, e.Abreger ? taille.width() : 0, e.Font},
                   [&](const auto &) { Ecrire(Texte(e.Caption), e.Abreger, taille.width()); });
@@ -146,11 +147,12 @@ class NatifEtiquette : public Natif {
   // A number has nothing below its line, so its digits may fill the label but for a pixel above and below.
   static QFont Agrandie(const Etiquette &e, QSize taille) {
     QFont fonte = Fonte(e.Font);
+    const QString texte = Texte(e.Caption);
+    if (texte.isEmpty()) return fonte;
     for (QFont essai = fonte;; fonte = essai) {
       essai.setPixelSize(fonte.pixelSize() + 1);
       const QFontMetrics mesures(essai);
-      if (mesures.capHeight() > taille.height() - 2 ||
-          mesures.horizontalAdvance(Texte(e.Caption)) > taille.width() - 4)
+      if (mesures.capHeight() > taille.height() - 2 || mesures.horizontalAdvance(texte) > taille.width() - 4)
         return fonte;
     }
   }
