@@ -103,8 +103,8 @@ QWidget *FenetreMotifs::ComposerConstats() {
   listeConstats_->setObjectName(QStringLiteral("constats"));
   listeConstats_->setAccessibleName(
       Selon("Constats ; Entrée montre le lieu", "Findings; Enter shows the place"));
-  listeConstats_->setWordWrap(true);
-  listeConstats_->setSpacing(2);
+  listeConstats_->setWordWrap(true);  // without spacing: it is not counted where lines are broken
+  listeConstats_->setResizeMode(QListView::Adjust);
   listeConstats_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   etiquette->setBuddy(listeConstats_);
   colonne->addWidget(etiquette);
@@ -288,7 +288,8 @@ void FenetreMotifs::Ecrire(F &&faire) {
     } catch (const DejaLa &d) {
       if (remplacer) return Refuser(Texte(d.En(langue_)));
       const QString question = Selon("%1 existe déjà. Le remplacer ?", "%1 is there already. Replace it?");
-      if (QMessageBox::question(this, windowTitle(), question.arg(Texte(d.Chemin()))) != QMessageBox::Yes)
+      if (QMessageBox::question(this, windowTitle(), question.arg(Texte(d.Chemin())),
+                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
         return;
     } catch (const Refus &r) {
       return Refuser(Texte(r.En(langue_)));
