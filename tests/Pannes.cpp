@@ -49,11 +49,14 @@ extern "C" {
 APPEL(stat, (const char *chemin, struct stat *infos), (chemin, infos))
 APPEL(lstat, (const char *chemin, struct stat *infos), (chemin, infos))
 APPEL(fstat, (int d, struct stat *infos), (d, infos))
-APPEL(fsync, (int d), (d))
 APPEL(ftruncate, (int d, off_t taille), (d, taille))
 APPEL(rename, (const char *ancien, const char *nouveau), (ancien, nouveau))
 APPEL(unlink, (const char *chemin), (chemin))
 APPEL(chmod, (const char *chemin, mode_t droits), (chemin, droits))
+
+// Nothing here outlives the machine, so nothing need reach the disk, which may be busy.
+int __wrap_fsync(int d);
+int __wrap_fsync(int) { return Tombe() ? -1 : 0; }
 
 int __real_open(const char *chemin, int mode, ...);
 int __wrap_open(const char *chemin, int mode, ...);
