@@ -1,8 +1,10 @@
 // Checked integers, tables and numbers as text.
+#include <cmath>
 #include <limits>
 
 #include "base/Table.h"
 #include "base/TexteNumerique.h"
+#include "mainwindow/TexteDate.h"
 #include "tests/Banc.h"
 
 TEST(Base, EntierFailsOnEveryWayOutOf16Bits) {
@@ -44,4 +46,13 @@ TEST(Base, NumbersAreWrittenAndRoundedTheOldWay) {
   EXPECT_EQ(Str(1e20) + Str(1.0 / 3) + Str(-0.25), " 1E+20 .333333333333333-.25");
   EXPECT_EQ(NombreCaracteres("Précédent") + NombreCaracteres("\xE9t\xE9"), 9 + 3);
   EXPECT_EQ(PlaceCaractere("Précédent", 3) + PlaceCaractere("\xC3", 1) + PlaceCaractere("é", 5), 4u + 1 + 2);
+}
+
+TEST(Base, DatesOfDamagedFilesKeepFourDigitYears) {
+  for (const auto &[jours, texte] : {std::pair{0.0, "1899-12-30"},
+                                     {45983.9, "2025-11-22"},
+                                     {-1e9, "0100-01-01"},
+                                     {1e300, "9999-12-31"},
+                                     {std::nan(""), "1899-12-30"}})
+    EXPECT_EQ(TexteDate(jours), texte);
 }

@@ -201,7 +201,7 @@ TEST_F(Fenetres, VieDesBulles) {
 TEST_F(Fenetres, UnBoutonGonfleEtReprendSaTaille) {
   for (int i : {1, 4}) {
     BoitePicture &b = fenetre.BoutonProgramme[i];
-    const double l = b.Width, gauche = b.Left;
+    const double l = b.Width, gauche = b.Left, haut = b.Top;
     const auto face = Points(b.Dessin);
     Bouger(b);
     EXPECT_TRUE(b.Width == l + 80 && b.Height == 515);
@@ -210,10 +210,10 @@ TEST_F(Fenetres, UnBoutonGonfleEtReprendSaTaille) {
     Bouger(b);
     Bouger(fenetre.BoutonProgramme[3]);
     EXPECT_EQ(b.Dessin.Version(), version);
-    EXPECT_EQ(b.Left, gauche + 15);
+    EXPECT_EQ(std::pair(b.Left, b.Top), std::pair(gauche + 15, haut + 15));
     b.MouseUp(kBoutonGauche, 0, 0);
     Bouger(i == 1 ? fenetre.Picture2 : fenetre.FenetreConfiguration);
-    EXPECT_TRUE(b.Left == gauche && b.Width == l && b.Height == 435);
+    EXPECT_TRUE(b.Left == gauche && b.Top == haut && b.Width == l && b.Height == 435);
     EXPECT_EQ(Points(b.Dessin), face);
   }
 }
@@ -326,6 +326,38 @@ TEST_F(Fenetres, MessageModal) {
   EXPECT_EQ(Charger(f).ImageMessage.Picture, "ImageMessageAnglais");
 }
 
+TEST_F(Fenetres, MessageAvecBoutons) {
+  FenetreMessageErreur &f = fenetreMessageErreur;
+  session.Etat = 8;
+  Charger(f);
+  for (int i = 1; i <= 4; ++i) f.Ligne[i].Caption = "l" + std::to_string(i);
+  pf.Montrer(f);
+  EXPECT_EQ(Messages(), V{"Titre|l1|l2|l3|l4"});
+  f.BoutonOk.Click();
+  EXPECT_TRUE(session.Etat == 8 && !f.Chargee);
+  Charger(f).BoutonModifierIngredientDirectement.Click();
+  EXPECT_TRUE(session.Etat == 88 && !f.Chargee);
+}
+
+TEST_F(Fenetres, LaBarreEmporteLaFenetre) {
+  Image &barre = fenetre.BarreDeplacement;
+  const auto place = [] { return std::pair(fenetre.Left, fenetre.Top); };
+  const auto [gauche, haut] = place();
+  barre.MouseMove(0, 130, 45);  // nobody holds it
+  EXPECT_EQ(place(), std::pair(gauche, haut));
+  barre.MouseDown(kBoutonGauche, 100, 50);
+  barre.MouseMove(kBoutonGauche, 130, 45);
+  barre.MouseMove(kBoutonGauche, 130, 45);
+  EXPECT_EQ(place(), std::pair(gauche + 60, haut - 10));
+  EXPECT_TRUE(fenetre.PicTVCentre.Visible && !fenetre.BoutonProgramme[11].Visible);
+  barre.MouseUp(kBoutonGauche, 130, 45);
+  barre.MouseMove(0, 300, 300);
+  EXPECT_EQ(place(), std::pair(gauche + 60, haut - 10));
+  fenetre.PicTVCentre.Click();
+  EXPECT_EQ(place(), std::pair(gauche, haut));
+  EXPECT_TRUE(!fenetre.PicTVCentre.Visible && fenetre.BoutonProgramme[11].Visible);
+}
+
 TEST_F(Fenetres, Remarque) {
   FeuilleRemarque &f = feuilleRemarque;
   for (int i = 1; i <= 8; ++i) session.LignesRemarque[i] = "l" + std::to_string(i);
@@ -354,6 +386,8 @@ TEST_F(Fenetres, APropos) {
   };
   pf.pendantModal = [&](Fenetre &) {
     EXPECT_EQ(visibles(), 0);
+    EXPECT_EQ(std::pair(f.Left, f.Top), std::pair(fenetre.PicPourTissage.Left + fenetre.Left - 1000,
+                                                  fenetre.PicPourTissage.Top + fenetre.Top));
     EXPECT_EQ(f.tmrTexte.Interval(), 0);
     f.tmrDepart.Timer();
     EXPECT_EQ(f.tmrTexte.Interval(), 200);
@@ -395,6 +429,18 @@ TEST(Peintres, UneCopieNeSuitPasSonModele) {
   EXPECT_EQ(EnTrame(modele, {{Gris(1), '.'}}), (V{"...", "..."}));
   EXPECT_EQ(EnTrame(copie, {{Gris(1), '.'}, {Gris(2), 'a'}}), (V{"...", ".a."}));
   EXPECT_EQ(tenus[4], 0xff000000u | Gris(1)) << "what the screen holds";
+}
+
+TEST(Peintres, HorsDeLaSurfaceRienNEstLuNiPeint) {
+  const Surface nulle(-3, -2, 0);
+  EXPECT_EQ(std::pair(nulle.Largeur(), nulle.Hauteur()), std::pair(0, 0));
+  Surface s(3, 2, Gris(1));
+  const auto version = s.Version();
+  for (const auto &[x, y] : {std::pair{-1, 0}, {0, -1}, {3, 0}, {0, 2}}) {
+    s.PSet(x, y, Gris(2));
+    EXPECT_EQ(s.Point(x, y), static_cast<Couleur>(-1)) << x << " " << y;
+  }
+  EXPECT_TRUE(s.Version() == version && Points(s) == std::vector<Couleur>(6, Gris(1)));
 }
 
 TEST(Peintres, AnneauxDeRampe) {

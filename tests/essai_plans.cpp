@@ -65,6 +65,18 @@ TEST_F(Plans, ASecondPatternHasNothingOfTheFirst) {
   for (int n = 1; n <= 32; ++n) ExpectLigne(n, n <= 28 ? Wif(n) : Melange(n, 30));
 }
 
+TEST_F(Plans, EmptyingReachesAsFarAsALiftPlan) {
+  for (int i : {0, 1, 2500, 2501}) session.LignesTravail[i] = session.LignesWif[std::min(i, 2500)] = "x";
+  for (int i : {1, 2500, 2501}) session.MatriceLames(i, 1) = session.MatriceLames(i, 32) = 1;
+  InitialiserPatron();
+  for (int i : {1, 2500}) {
+    EXPECT_EQ(session.LignesTravail[i] + session.LignesWif[i], "") << i;
+    EXPECT_EQ(session.MatriceLames(i, 1) + session.MatriceLames(i, 32), 0) << i;
+  }
+  EXPECT_EQ(session.LignesTravail[0] + session.LignesTravail[2501], "xx");
+  EXPECT_EQ(session.MatriceLames(2501, 1) + session.MatriceLames(2501, 32), 2);
+}
+
 TEST_F(Plans, APlanOfOnePick) {
   OuvrirLignes({"1=2,5"});
   EXPECT_EQ(session.ToileA + session.ToileB, kA + kB);

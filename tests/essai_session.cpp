@@ -1,4 +1,5 @@
 // A weaver's session, command by command: what stands on the window and what goes over the line.
+#include "mainwindow/PanneauConfiguration.h"
 #include "saved/Journal.h"
 #include "tests/Banc.h"
 
@@ -147,9 +148,10 @@ TEST_F(SessionEntiere, TheJournalKnowsWhatWasOnTheLoom) {
   Rapport();
   Entrer("3");
   Entrer("0");
-  EXPECT_EQ(faits(), (V{"Pick sent: 1 (line 1), harnesses 1, 9, 17", "Loom: cycle complete",
-                         "Pick sent: 2 (line 2), harnesses 2, 16, 18",
-                         "Pick sent: 3 (line 7), harnesses 3, 19", "Pick sent: 0 (line [LIFTPLAN]), no harness"}));
+  EXPECT_EQ(faits(),
+            (V{"Pick sent: 1 (line 1), harnesses 1, 9, 17", "Loom: cycle complete",
+               "Pick sent: 2 (line 2), harnesses 2, 16, 18", "Pick sent: 3 (line 7), harnesses 3, 19",
+               "Pick sent: 0 (line [LIFTPLAN]), no harness"}));
   EXPECT_EQ(TexteDerniereDuite(), "Last pick sent: 0");
   Entrer("2");
   const DerniereSeance coupee = LireDerniereSeance();
@@ -172,7 +174,8 @@ TEST_F(SessionEntiere, TheJournalKnowsWhatWasOnTheLoom) {
   const DerniereSeance ancienne = LireDerniereSeance();
   EXPECT_EQ(ancienne.duite + " " + ancienne.jour + " " + ancienne.heure, "37 2026-01-02 03:04:05");
   AfficherRappel(ancienne);
-  EXPECT_NE(pf.messages.back().find("|Dernière duite envoyée : 37, le 2026-01-02 à 03:04:05|"), std::string::npos);
+  EXPECT_NE(pf.messages.back().find("|Dernière duite envoyée : 37, le 2026-01-02 à 03:04:05|"),
+            std::string::npos);
   fs::remove(Data("Journal.txt"));
   fs::create_symlink(EcrireFichier("cible", ""), Data("Journal.txt"));
   Noter("not here");
@@ -296,6 +299,41 @@ TEST_F(SessionEntiere, LanguageBothWays) {
             "Picks:11|"
             "Scrolling Direction:Down|Weave Option:Pattern|Weave Direction:Forward|Starting Bar:1|"
             "Starting Tabby:Tabby B|945");
+}
+
+TEST_F(SessionEntiere, TheListsOfThePanelInTheirOrder) {
+  OuvrirLignes(Lignes(3));
+  const auto listes = [] {
+    std::string s;
+    for (int i = 1; i <= 8; ++i)
+      for (const std::string &t : fenetre.ComConfiguration[i].Liste)
+        s += t + (&t == &fenetre.ComConfiguration[i].Liste.back() ? "|" : ",");
+    return s;
+  };
+  const std::string ports = "COM 1,COM 2,COM 3,COM 4|16,24|11|";
+  EXPECT_EQ(listes(),
+            ports + "Up,Down|Pattern,Tabby,Pattern and Tabby|Forward,Reverse|1,2,3|Tabby A,Tabby B|");
+  fenetre.Drapeau[1].Click();
+  EXPECT_EQ(listes(),
+            ports + "Haut,Bas|Patron,Toile,Patron et Toile|Suivant,Précédent|1,2,3|Liaison A,Liaison B|");
+}
+
+TEST_F(SessionEntiere, TheValuesOfThePanelWithTheFileReadAgain) {
+  OuvrirLignes(Lignes(2));
+  fenetre.Drapeau[1].Click();
+  session.OptionTissage = Option::Toile;
+  session.DateProjet = 45000;
+  session.CheminWif = EcrireFichier(
+      "relu.wif", "1=9,9\n[LIFTPLAN]\n1=1,2\n2=3,4\n[TREADLING]\n3=5,6\n[LIFTPLAN]\n4=7,8\n \n5=1,2\n");
+  AfficherConfiguration();
+  EXPECT_EQ(fenetre.ComConfiguration[5].Text + fenetre.LblDate.Caption, "Liaison2023-03-15");
+  ASSERT_EQ(session.NombreDuites, 4);
+  EXPECT_EQ(session.LignesTravail[2] + session.LignesWif[3] + session.LignesTravail[4],
+            "2=3,4[LIFTPLAN]4=7,8");
+  EXPECT_EQ(fenetre.BitsDuite[4], "000000000000000011000000");
+  session.CheminWif += "x";
+  AfficherConfiguration();  // no file: the values alone
+  EXPECT_EQ(session.NombreDuites, 4);
 }
 
 TEST_F(SessionEntiere, PortThatIsNotThereOrVanishes) {

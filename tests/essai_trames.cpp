@@ -3,6 +3,7 @@
 #include "loom/DiagnosticPort.h"
 #include "loom/PortMetier.h"
 #include "tests/Banc.h"
+#include "weaving/SequenceurDuites.h"
 
 namespace {
 class Trames : public BancConfigure {
@@ -98,6 +99,18 @@ TEST_F(Trames, FailuresOfThePortInThePollAreToldAndPassedOver) {
   Commande(9);  // closing fails: stopped all the same, and the weaving buttons stay
   EXPECT_EQ(Messages(), V{"Error|Erreur numéro: 57; Description: Device I/O error"});
   EXPECT_TRUE(fenetre.PortOuvert && fenetre.Voyants[9] && !fenetre.Voyants[10] && !fenetre.TissageEnCours);
+}
+
+TEST_F(Trames, OnlyTheTextProtocolOpensAPortThatItFindsClosed) {
+  Commande(10);
+  Ecrits();
+  port.ouvert = false;
+  EXPECT_EQ(Echec([] { DuiteSuivante(); }), Erreur::PortFerme);
+  BoutonProgramme_Click(21);
+  EXPECT_TRUE(!port.ouvert && Ecrits().empty());
+  session.NombreLames = 16;
+  BoutonProgramme_Click(21);
+  EXPECT_EQ(Ecrits(), V{"RELEASE\r"});
 }
 
 TEST_F(Trames, ManualFrame) {
