@@ -10,6 +10,8 @@ preparer_programme() {
   cp -r "$1/programme/Images" "$1/programme/Dessins Boutons" "$essai/"
   mkdir -p "$essai/Data"
   cp "$racine/Data/"* "$essai/Data/"
+  : >"$essai/Data/Resume.Trm"  # as the program's folder comes
+  : >"$essai/Data/Resume2.Trm"
 }
 
 ouvrir_ecran() {
