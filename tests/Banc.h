@@ -52,24 +52,11 @@ class PortBanc : public PortSerie {
   }
   void Settings(const std::string &r) override { reglages = r; }
   std::string Settings() const override { return reglages; }
-  void PortOpen(bool ouvrir) override {
-    if (ouvrir && !utilisable) throw ErreurExecution(Erreur::PortInutilisable);
-    ouvert = ouvrir;
-    if (!ouvrir) recus.clear();
-  }
+  void PortOpen(bool ouvrir) override;
   bool PortOpen() const override { return ouvert; }
   std::string RaisonRefus() const override { return "COM: why"; }
-  void Output(const std::string &octets) override {
-    if (!ouvert) throw ErreurExecution(Erreur::PortFerme);
-    if (ecritureEnPanne) throw ErreurExecution(Erreur::Peripherique);
-    ecrits.push_back(octets);
-  }
-  std::string Input() override {
-    if (!ouvert || recus.empty()) return "";
-    std::string s = recus.front();
-    recus.pop_front();
-    return s;
-  }
+  void Output(const std::string &octets) override;
+  std::string Input() override;
   void InputLen(Entier) override {}
   Entier InputLen() const override { return 0; }
   void InputMode(long) override {}
@@ -105,22 +92,14 @@ class PlateformeBanc : public Plateforme {
   const Controle *focus = nullptr;
 
   PortSerie &MSComm1() override { return port; }
-  void ShowOpen(DialogueFichier &d) override {
-    demande = d;
-    if (fichierChoisi.empty() && d.CancelError) throw ErreurExecution(Erreur::DialogueAnnule);
-    d.FileName = fichierChoisi;
-  }
+  void ShowOpen(DialogueFichier &d) override;
   void DoEvents() override {
     if (pendant) std::exchange(pendant, nullptr)();
   }
   void Rafraichir() override { ++rafraichis; }
   void RafraichirFenetre(Fenetre &) override { ++rafraichis; }
-  void Montrer(Fenetre &f) override { messages.push_back(Textes(f)); }
-  void MontrerModal(Fenetre &f) override {
-    messages.push_back(Textes(f));
-    if (pendantModal) pendantModal(f);
-    Decharger(f);
-  }
+  void Montrer(Fenetre &f) override;
+  void MontrerModal(Fenetre &f) override;
   void DonnerFocus(Controle &c) override { focus = &c; }
   void OuvrirAdresse(const std::string &a) override { adresses.push_back(a); }
   Entier IconeNotification(int action, const std::string &bulle) override {
@@ -132,99 +111,33 @@ class PlateformeBanc : public Plateforme {
   void PousserSurDisque(int) override {}
   double Aujourdhui() override { return 45983; }  // 2025-11-22
   Ecran EcranDisponible() override { return {0, 0, 15360, 11520}; }
+  // Of the right size without its drawing, so that layouts hold.
   const Surface &Picture(const std::string &nom) override;
-  const Surface &LoadPicture(const std::string &) override {
-    static const Surface dessin(20, 20, Gris(192));
-    return dessin;
-  }
+  const Surface &LoadPicture(const std::string &) override;
   std::string DossierProgramme() override { return dossier; }
   void Terminer() override { termine = true; }
 
   DialogueFichier demande;
-
- private:
-  struct Collecteur : Visiteur {
-    std::string textes;
-    void Voir(const std::string &, Controle &c, Controle &) override {
-      if (c.genre() != Genre::Etiquette || !c.Visible) return;
-      const std::string &t = static_cast<Etiquette &>(c).Caption;
-      if (!t.empty()) textes += (textes.empty() ? "" : "|") + t;
-    }
-    void Voir(const std::string &, Minuterie &) override {}
-  };
-  static std::string Textes(Fenetre &f) {
-    Collecteur c;
-    f.Visiter(c);
-    return c.textes;
-  }
 };
 
-// Pictures of the right size without their drawing, so that layouts hold.
-inline const Surface &PlateformeBanc::Picture(const std::string &nom) {
-  static std::map<std::string, Surface> images;
-  static const std::map<std::string, std::pair<int, int>> tailles{
-      {"Fond8", {131, 320}},        {"Fond12", {194, 320}},      {"Fond16", {259, 320}},
-      {"Fond24", {387, 320}},       {"Fond32", {515, 320}},      {"Indicateur8", {131, 16}},
-      {"Indicateur12", {194, 16}},  {"Indicateur16", {259, 16}}, {"Indicateur24", {387, 16}},
-      {"Indicateur32", {515, 16}},  {"Habillage", {808, 638}},   {"Attente", {547, 186}},
-      {"FondRemarque", {542, 165}}, {"UnInstant", {362, 60}},    {"FondMessage", {676, 408}},
-      {"PicTVCentre", {45, 36}},    {"Picture3", {71, 95}}};
-  auto [place, neuve] = images.try_emplace(nom);
-  if (!neuve) return place->second;
-  const auto taille = tailles.find(nom);
-  auto [l, h] = taille != tailles.end()          ? taille->second
-                : nom.rfind("BulleInfo", 0) == 0 ? std::pair(152, 102)
-                                                 : std::pair(30, 30);
-  place->second = Surface(l, h, Gris(200));
-  place->second.PSet(0, 0, 0);
-  return place->second;
-}
-
 // The harnesses of a plan line, read without the system's help.
-inline std::set<int> LamesDe(const std::string &ligne) {
-  std::set<int> lames;
-  std::stringstream liste(ligne.substr(ligne.find('=') + 1));
-  for (std::string n; std::getline(liste, n, ',');) lames.insert(std::atoi(n.c_str()));
-  return lames;
-}
-
+std::set<int> LamesDe(const std::string &ligne);
 // The 24-harness frame of these harnesses, from the wire format alone: 17 to 24 do not go out, 1 to 8 do
 // twice.
-inline std::string Cadre24(const std::set<int> &lames) {
-  int octets[2] = {0, 0};
-  for (int l : lames)
-    if (l >= 1 && l <= 16) octets[(l - 1) / 8] |= 1 << (l - 1) % 8;
-  const char a = static_cast<char>(octets[0]), b = static_cast<char>(octets[1]);
-  return kLiberer + "\033I" + a + b + a + '\0' + "\r\n\033E\r\n";
-}
+std::string Cadre24(const std::set<int> &lames);
 // That of a plan line; a lone number raises nothing.
-inline std::string Cadre24(const std::string &ligne) {
-  return Cadre24(ligne.find(',') == std::string::npos ? std::set<int>() : LamesDe(ligne));
-}
-
+std::string Cadre24(const std::string &ligne);
 // A fresh session in a fresh folder with the folders of the program.
 class Banc : public ::testing::Test {
  protected:
   PlateformeBanc pf;
   PortBanc &port = pf.port;
 
-  void SetUp() override {
-    char modele[] = "/tmp/banc-XXXXXX";
-    pf.dossier = mkdtemp(modele);
-    std::filesystem::create_directory(pf.dossier + "/Data");
-    InstallerPlateforme(&pf);
-    Recommencer();
-  }
+  void SetUp() override;
   void TearDown() override { std::filesystem::remove_all(pf.dossier); }
 
   // What a new process starts with.
-  void Recommencer() {
-    const auto aNeuf = [](auto &...objets) { ((objets = std::decay_t<decltype(objets)>()), ...); };
-    aNeuf(session, fenetre, attente, reglages, port, pf.messages, feuilleRemarque, feuilleAPropos);
-    aNeuf(fenetreMessageCourt, fenetreMessage, fenetreMessageErreur, fenetreRappel);
-    aNeuf(bulleInfoBasGauche, bulleInfoHautDroit, bulleInfoHautGauche, bulleInfoBasDroit);
-    LierEvenements();
-  }
+  void Recommencer();
   // A new process that has come up.
   void Demarrer() {
     Recommencer();
@@ -247,29 +160,15 @@ class Banc : public ::testing::Test {
     return {std::istreambuf_iterator<char>(f), {}};
   }
   // A pattern of these lift plan lines, closed as real files are.
-  std::string Motif(const V &lignes, const std::string &nom = "motif.wif") const {
-    std::string texte = "[WIF]\r\nVersion=1.1\r\n[LIFTPLAN]\r\n";
-    for (const std::string &l : lignes) texte += l + "\r\n";
-    return EcrireFichier(nom, texte + "[WEAVING]\r\nShafts=24\r\n");
-  }
+  std::string Motif(const V &lignes, const std::string &nom = "motif.wif") const;
   // n picks "i=a,b", each with its own pair of harnesses among 1..16.
-  static V Lignes(int n) {
-    V lignes;
-    for (int i = 1; i <= n; ++i)
-      lignes.push_back(std::to_string(i) + "=" + std::to_string(1 + i % 16) + "," +
-                       std::to_string(1 + (i / 16 + 2 * i + 3) % 16));
-    return lignes;
-  }
+  static V Lignes(int n);
   void Ouvrir(const std::string &chemin) {
     pf.fichierChoisi = chemin;
     Commande(1);
   }
   // Sets fields of the panel the way the weaver does, and leaves it with Exit.
-  static void Configurer(const std::map<int, std::string> &choix) {
-    Commande(14);
-    for (const auto &[i, texte] : choix) fenetre.ComConfiguration[i].Text = texte;
-    Commande(13);
-  }
+  static void Configurer(const std::map<int, std::string> &choix);
   // What the loom sends, and the tick that finds it; a closed port drops it.
   void Rapport(const std::string &octets = kRapport) {
     if (port.ouvert) port.recus.push_back(octets);
@@ -299,13 +198,7 @@ class BancConfigure : public Banc {
   V lignes;
 };
 
-inline std::string Hexa(const std::string &octets) {
-  static const char *c = "0123456789ABCDEF";
-  std::string s;
-  for (unsigned char o : octets) (s += c[o / 16]) += c[o % 16];
-  return s;
-}
-
+std::string Hexa(const std::string &octets);
 // The number of the failure that comes out, 0 for none.
 template <class F>
 int Echec(F &&f) {
@@ -318,8 +211,4 @@ int Echec(F &&f) {
 }
 
 // 16-bit little-endian integers as they stand in the files.
-inline std::string Mots(std::initializer_list<int> valeurs) {
-  std::string s;
-  for (int v : valeurs) (s += static_cast<char>(v & 255)) += static_cast<char>(v >> 8 & 255);
-  return s;
-}
+std::string Mots(std::initializer_list<int> valeurs);

@@ -13,7 +13,7 @@
 #include "kit/Palette.h"
 #include "platform/qt/Habillage.h"
 #include "platform/qt/TexteNatif.h"
-#include "tests/Vues.h"
+#include "app/vues/Vues.h"
 
 namespace {
 constexpr double kContraste = 4.5;

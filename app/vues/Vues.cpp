@@ -1,4 +1,4 @@
-#include "tests/Vues.h"
+#include "app/vues/Vues.h"
 
 #include <fcntl.h>
 #include <stdlib.h>

@@ -1,6 +1,6 @@
 // Writes every view of the program as a picture, cut by its outline.
 //   vues <program's folder> <folder for the pictures>
-#include "tests/Vues.h"
+#include "app/vues/Vues.h"
 
 #include <QApplication>
 #include <QDir>
