@@ -4,7 +4,7 @@
 #include <QTimer>
 
 #include "app/Montage.h"
-#include "platform/qt/Habillage.h"
+#include "platform/qt/StyleChamps.h"
 #include "platform/qt/InstanceUnique.h"
 #include "platform/qt/Rapport.h"
 
@@ -21,7 +21,7 @@ int main(int nombre, char **mots) {
   QApplication application(nombre, mots);
   QApplication::setApplicationName(QStringLiteral("Brandis"));
   QApplication::setQuitOnLastWindowClosed(false);  // the window also hides behind its notification icon
-  HabillerApplication();
+  InstallerStyle();
   QGuiApplication::setDesktopFileName(QStringLiteral("brandis"));
   try {
     const DossiersProgramme dossiers =

@@ -9,7 +9,7 @@
 #include <cstdlib>
 
 #include "app/Montage.h"
-#include "platform/qt/Habillage.h"
+#include "platform/qt/StyleChamps.h"
 
 namespace {
 // The window paints itself and all that lies in it before the queue runs on.
@@ -43,7 +43,7 @@ int main(int nombre, char **mots) {
   if (nombre < 2) return 2;
   QApplication application(nombre, mots);
   QApplication::setQuitOnLastWindowClosed(false);
-  HabillerApplication();
+  InstallerStyle();
   PlateformeQt machine(TrouverDossiers(BRANDIS_PROGRAMME));
   Guetteur guetteur(machine.LeMiroir(), std::atoll(mots[1]));
   application.installEventFilter(&guetteur);

@@ -11,7 +11,7 @@
 
 #include "kit/FeuilleAPropos.h"
 #include "kit/Palette.h"
-#include "platform/qt/Habillage.h"
+#include "platform/qt/StyleChamps.h"
 #include "platform/qt/TexteNatif.h"
 #include "app/vues/Vues.h"
 
@@ -184,7 +184,7 @@ int main(int nombre, char **mots) {
   qputenv("QT_LOGGING_RULES", "default.warning=false");
   QApplication application(nombre, mots);
   QApplication::setQuitOnLastWindowClosed(false);
-  HabillerApplication();
+  InstallerStyle();
   testing::InitGoogleTest(&nombre, mots);
   return RUN_ALL_TESTS();
 }

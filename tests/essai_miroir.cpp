@@ -18,10 +18,10 @@
 #include <random>
 
 #include "mainwindow/FenetreTissagePrincipale.h"
-#include "platform/qt/Habillage.h"
+#include "platform/qt/StyleChamps.h"
 #include "platform/qt/PlateformeQt.h"
 #include "platform/qt/TexteNatif.h"
-#include "platform/qt/Toiles.h"
+#include "platform/qt/Peints.h"
 
 namespace {
 struct FenetreEssai : Fenetre {
@@ -412,7 +412,7 @@ int main(int nombre, char **mots) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(nombre, mots);
   QApplication::setQuitOnLastWindowClosed(false);
-  HabillerApplication();
+  InstallerStyle();
   testing::InitGoogleTest(&nombre, mots);
   return RUN_ALL_TESTS();
 }

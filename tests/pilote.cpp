@@ -20,7 +20,7 @@
 #include "kit/FenetreLigne.h"
 #include "kit/FenetreMessageCourt.h"
 #include "mainwindow/FenetreTissagePrincipale.h"
-#include "platform/qt/Habillage.h"
+#include "platform/qt/StyleChamps.h"
 
 namespace {
 struct Chercheur : Visiteur {
@@ -105,7 +105,7 @@ int main(int nombre, char **mots) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(nombre, mots);
   QApplication::setQuitOnLastWindowClosed(false);
-  HabillerApplication();
+  InstallerStyle();
   PlateformeQt machine(TrouverDossiers(mots[1]));
   Monter(machine);
 

@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <cstdio>
 
-#include "platform/qt/Habillage.h"
+#include "platform/qt/StyleChamps.h"
 
 namespace {
 QImage Decoupee(QWidget &cadre) {
@@ -27,7 +27,7 @@ int main(int nombre, char **mots) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication application(nombre, mots);
   QApplication::setQuitOnLastWindowClosed(false);
-  HabillerApplication();
+  InstallerStyle();
   const QDir dossier(QString::fromLocal8Bit(mots[2]));
   Vues *vues = nullptr;
   bool tout = true;

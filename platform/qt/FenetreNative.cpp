@@ -9,25 +9,25 @@ namespace {
 constexpr int kTicsEmboites = 2;
 }  // namespace
 
-FenetreNative::FenetreNative(Fenetre &donnee, FenetreNative *principale, Porte &porte)
-    : donnee_(donnee), principale_(principale), porte_(porte) {}
+FenetreNative::FenetreNative(Fenetre &donnee, FenetreNative *principale, Guichet &guichet)
+    : donnee_(donnee), principale_(principale), guichet_(guichet) {}
 
 FenetreNative::~FenetreNative() {
   // The widgets go first: they hold connections into the natives.
   minuteries_.clear();
   veilleur_.reset();
-  toile_.reset();
+  peint_.reset();
 }
 
-NatifFenetre &FenetreNative::Cadre() {
+NatifCadre &FenetreNative::Cadre() {
   if (cadre_) return *cadre_;
   QWidget *dessous = principale_ ? principale_->Cadre().Widget() : nullptr;
-  toile_ = std::make_unique<ToileDessin>(dessous);
+  peint_ = std::make_unique<PeintDessin>(dessous);
   Qt::WindowFlags drapeaux = (dessous ? Qt::Dialog : Qt::Window) | Qt::FramelessWindowHint;
   if (donnee_.SansSouris) drapeaux |= Qt::WindowTransparentForInput | Qt::WindowDoesNotAcceptFocus;
-  toile_->setWindowFlags(drapeaux);
-  cadre_ = std::make_unique<NatifFenetre>(toile_.get(), donnee_, !dessous, porte_);
-  veilleur_ = std::make_unique<Veilleur>(*cadre_, !dessous, porte_);
+  peint_->setWindowFlags(drapeaux);
+  cadre_ = std::make_unique<NatifCadre>(peint_.get(), donnee_, !dessous, guichet_);
+  veilleur_ = std::make_unique<Veilleur>(*cadre_, !dessous, guichet_);
   veilleur_->Surveiller(*cadre_);
   return *cadre_;
 }
@@ -60,7 +60,7 @@ void FenetreNative::Voir(const std::string &nom, Controle &controle, Controle &p
   if (connue == places_.end()) {
     // Half of all controls stay unseen at the start, which is to be short.
     if (!controle.Visible || !donnee_.Visible) return;
-    connue = places_.emplace(nom, Place{CreerNatif(controle, support, porte_)}).first;
+    connue = places_.emplace(nom, Place{CreerNatif(controle, support, guichet_)}).first;
     veilleur_->Surveiller(*connue->second.natif);
     enrichis_.insert(support);
   } else if (enrichis_.contains(support)) {
@@ -81,13 +81,13 @@ void FenetreNative::Voir(const std::string &nom, Minuterie &minuterie) {
       const auto tic = m.donnee->Timer;
       if (!tic || m.tics >= kTicsEmboites) return;
       ++m.tics;
-      porte_.Passer(tic);
+      guichet_.Passer(tic);
       --m.tics;
     });
   }
   m.donnee = &minuterie;
   m.passage = passage_;
-  m.montree.Suivre(porte_, {minuterie.Interval(), minuterie.Depart()}, [&](const auto &) {
+  m.montree.Suivre(guichet_, {minuterie.Interval(), minuterie.Depart()}, [&](const auto &) {
     if (minuterie.Interval() > 0)
       m.horloge.start(minuterie.Interval());
     else
@@ -101,9 +101,9 @@ void FenetreNative::CacherAbsents() {
 }
 
 void FenetreNative::Repeindre() {
-  if (!cadre_ || !toile_->isVisible()) return;
+  if (!cadre_ || !peint_->isVisible()) return;
   QEvent demande(QEvent::UpdateRequest);
-  QCoreApplication::sendEvent(toile_.get(), &demande);
+  QCoreApplication::sendEvent(peint_.get(), &demande);
 }
 
 Natif *FenetreNative::Trouver(const Controle &controle) const {

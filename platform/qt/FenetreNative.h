@@ -7,13 +7,13 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "platform/qt/NatifFenetre.h"
+#include "platform/qt/NatifCadre.h"
 #include "platform/qt/Veilleur.h"
 
 class FenetreNative : private Visiteur {
  public:
   // `principale` is the main window, or null for itself; the others lie above it.
-  FenetreNative(Fenetre &donnee, FenetreNative *principale, Porte &porte);
+  FenetreNative(Fenetre &donnee, FenetreNative *principale, Guichet &guichet);
   ~FenetreNative() override;
 
   // Moves what differs. The native window is made when the data is first loaded, the widget of a control when
@@ -23,7 +23,7 @@ class FenetreNative : private Visiteur {
   void Repeindre();
 
   Fenetre &Donnee() const { return donnee_; }
-  NatifFenetre &Cadre();
+  NatifCadre &Cadre();
   // Of a control as it lay at the last mirroring; null for a stranger and for one that was never to be seen.
   Natif *Trouver(const Controle &controle) const;
 
@@ -47,9 +47,9 @@ class FenetreNative : private Visiteur {
 
   Fenetre &donnee_;
   FenetreNative *principale_;
-  Porte &porte_;
-  std::unique_ptr<ToileDessin> toile_;
-  std::unique_ptr<NatifFenetre> cadre_;
+  Guichet &guichet_;
+  std::unique_ptr<PeintDessin> peint_;
+  std::unique_ptr<NatifCadre> cadre_;
   std::unique_ptr<Veilleur> veilleur_;
   std::unordered_map<std::string, Place> places_;
   std::unordered_map<const Controle *, Natif *> adresses_;

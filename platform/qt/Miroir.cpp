@@ -1,8 +1,8 @@
 #include "platform/qt/Miroir.h"
 
 Miroir::Miroir(MagasinImages &images, std::function<void(const std::string &)> rapporter)
-    : porte_(images, std::move(rapporter)) {
-  porte_.Refleter = [this] { Refleter(); };
+    : guichet_(images, std::move(rapporter)) {
+  guichet_.Refleter = [this] { Refleter(); };
 }
 
 Miroir::~Miroir() {
@@ -13,11 +13,11 @@ Miroir::~Miroir() {
 void Miroir::Ajouter(Fenetre &fenetre) {
   if (Trouver(fenetre)) return;
   FenetreNative *principale = fenetres_.empty() ? nullptr : fenetres_.front().get();
-  fenetres_.push_back(std::make_unique<FenetreNative>(fenetre, principale, porte_));
+  fenetres_.push_back(std::make_unique<FenetreNative>(fenetre, principale, guichet_));
 }
 
 void Miroir::Refleter() {
-  porte_.Ecrire([this] {
+  guichet_.Ecrire([this] {
     for (const auto &f : fenetres_) f->Refleter();
   });
   AccorderFocus();
@@ -30,7 +30,7 @@ void Miroir::Repeindre() {
 void Miroir::RefleterEtRepeindre(Fenetre &fenetre) {
   FenetreNative *f = Trouver(fenetre);
   if (!f) return;
-  porte_.Ecrire([f] { f->Refleter(); });
+  guichet_.Ecrire([f] { f->Refleter(); });
   f->Repeindre();
 }
 

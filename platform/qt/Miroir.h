@@ -8,7 +8,7 @@
 
 #include "kit/Controles.h"
 #include "platform/qt/FenetreNative.h"
-#include "platform/qt/Porte.h"
+#include "platform/qt/Guichet.h"
 
 class Miroir {
  public:
@@ -27,11 +27,11 @@ class Miroir {
   void RefleterEtRepeindre(Fenetre &fenetre);
 
   // Runs a procedure as an event.
-  void Passer(const std::function<void()> &procedure) { porte_.Passer(procedure); }
+  void Passer(const std::function<void()> &procedure) { guichet_.Passer(procedure); }
   // No event comes in any more.
-  void Fermer() { porte_.Fermer(); }
+  void Fermer() { guichet_.Fermer(); }
   // Runs after every event.
-  void ApresEvenement(std::function<void()> apres) { porte_.Apres = std::move(apres); }
+  void ApresEvenement(std::function<void()> apres) { guichet_.Apres = std::move(apres); }
 
   void Modale(Fenetre &fenetre, bool modale);
   // Gives the keyboard to a control, at the mirroring that first shows it where it is not to be seen yet.
@@ -42,13 +42,13 @@ class Miroir {
   // The main window's, null before its first mirroring.
   QWidget *Principale() const;
   // Properties written so far.
-  long Ecritures() const { return porte_.Ecritures(); }
+  long Ecritures() const { return guichet_.Ecritures(); }
 
  private:
   FenetreNative *Trouver(const Fenetre &fenetre) const;
   void AccorderFocus();
 
-  Porte porte_;
+  Guichet guichet_;
   const Controle *focusVoulu_ = nullptr;  // only compared, for it may lie elsewhere by then
   std::vector<std::unique_ptr<FenetreNative>> fenetres_;
 };

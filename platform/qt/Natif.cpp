@@ -18,8 +18,8 @@ QPoint PointChaud(const std::string &image) {
 }
 }  // namespace
 
-Natif::Natif(QWidget *widget, Controle &donnee, Porte &porte)
-    : porte_(porte), widget_(widget), donnee_(&donnee) {
+Natif::Natif(QWidget *widget, Controle &donnee, Guichet &guichet)
+    : guichet_(guichet), widget_(widget), donnee_(&donnee) {
   if (!widget_->isWindow()) widget_->hide();
   // What a widget is by itself; the first word about names makes the toolkit load what serves them.
   pointeur_.Savoir({kPointeurDefaut, ""});
@@ -45,8 +45,8 @@ void Natif::Refleter() {
 QRect Natif::Rectangle() const { return Pixels(*donnee_); }
 
 void Natif::RefleterPlace() {
-  place_.Suivre(porte_, Rectangle(), [&](const QRect &r) { widget_->setGeometry(r); });
-  visible_.Suivre(porte_, donnee_->Visible, [&](bool visible) {
+  place_.Suivre(guichet_, Rectangle(), [&](const QRect &r) { widget_->setGeometry(r); });
+  visible_.Suivre(guichet_, donnee_->Visible, [&](bool visible) {
     if (visible)
       widget_->show();
     else
@@ -63,12 +63,12 @@ void Natif::Cacher() {
 }
 
 void Natif::RefleterPointeur() {
-  pointeur_.Suivre(porte_, {donnee_->MousePointer, donnee_->MouseIcon}, [&](const auto &voulu) {
+  pointeur_.Suivre(guichet_, {donnee_->MousePointer, donnee_->MouseIcon}, [&](const auto &voulu) {
     const auto &[forme, image] = voulu;
     if (forme == kPointeurDeplacer)
       widget_->setCursor(Qt::SizeAllCursor);
     else if (forme == kPointeurPerso && !image.empty())
-      widget_->setCursor(QCursor(QPixmap::fromImage(porte_.Images.Nommee(image)), PointChaud(image).x(),
+      widget_->setCursor(QCursor(QPixmap::fromImage(guichet_.Images.Nommee(image)), PointChaud(image).x(),
                                  PointChaud(image).y()));
     else
       widget_->unsetCursor();
@@ -77,7 +77,7 @@ void Natif::RefleterPointeur() {
 
 void Natif::RefleterFocus() {
   if (!Saisie())
-    bouton_.Suivre(porte_, Bouton(),
+    bouton_.Suivre(guichet_, Bouton(),
                    [&](bool oui) { widget_->setFocusPolicy(oui ? Qt::TabFocus : Qt::NoFocus); });
 }
 
@@ -88,13 +88,13 @@ void Natif::RefleterAcces() {
     QAccessibleEvent evenement(widget_, genre);
     QAccessible::updateAccessibility(&evenement);
   };
-  nomAccessible_.Suivre(porte_, donnee_->NomAccessible, [&](const std::string &nom) {
+  nomAccessible_.Suivre(guichet_, donnee_->NomAccessible, [&](const std::string &nom) {
     if (Saisie())
       widget_->setAccessibleName(Texte(nom));
     else
       annoncer(QAccessible::NameChanged);
   });
-  descriptionAccessible_.Suivre(porte_, donnee_->DescriptionAccessible,
+  descriptionAccessible_.Suivre(guichet_, donnee_->DescriptionAccessible,
                                 [&](const std::string &) { annoncer(QAccessible::DescriptionChanged); });
 }
 
@@ -104,16 +104,16 @@ Natif *Natif::De(const QWidget &widget) {
 
 void Natif::Presser() {
   const auto clic = donnee_->Click;
-  if (clic) porte_.Passer(clic);
+  if (clic) guichet_.Passer(clic);
 }
 
-std::unique_ptr<Natif> CreerNatif(Controle &donnee, QWidget *parent, Porte &porte) {
+std::unique_ptr<Natif> CreerNatif(Controle &donnee, QWidget *parent, Guichet &guichet) {
   switch (donnee.genre()) {
     case Genre::Texte:
     case Genre::Liste:
     case Genre::Case:
-      return CreerNatifSaisie(donnee, parent, porte);
+      return CreerNatifSaisie(donnee, parent, guichet);
     default:
-      return CreerNatifPeint(donnee, parent, porte);
+      return CreerNatifPeint(donnee, parent, guichet);
   }
 }

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "kit/Controles.h"
-#include "platform/qt/Porte.h"
+#include "platform/qt/Guichet.h"
 
 class Natif {
  public:
@@ -44,7 +44,7 @@ class Natif {
   virtual std::vector<QWidget *> Sources() const { return {widget_}; }
 
  protected:
-  Natif(QWidget *widget, Controle &donnee, Porte &porte);
+  Natif(QWidget *widget, Controle &donnee, Guichet &guichet);
   // Place, visibility and what only this kind shows.
   virtual void RefleterPlace();
   virtual void RefleterGenre() {}
@@ -57,7 +57,7 @@ class Natif {
     return static_cast<T &>(*donnee_);
   }
 
-  Porte &porte_;
+  Guichet &guichet_;
   Montre<QRect> place_;
   Montre<bool> visible_;
 
@@ -72,7 +72,7 @@ class Natif {
 };
 
 // The widget that suits a control's kind, hidden until it is mirrored.
-std::unique_ptr<Natif> CreerNatif(Controle &donnee, QWidget *parent, Porte &porte);
+std::unique_ptr<Natif> CreerNatif(Controle &donnee, QWidget *parent, Guichet &guichet);
 // Those that the mirror paints, and the fields.
-std::unique_ptr<Natif> CreerNatifPeint(Controle &donnee, QWidget *parent, Porte &porte);
-std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Porte &porte);
+std::unique_ptr<Natif> CreerNatifPeint(Controle &donnee, QWidget *parent, Guichet &guichet);
+std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Guichet &guichet);

@@ -4,102 +4,102 @@
 #include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/qt/Natif.h"
 #include "platform/qt/TexteNatif.h"
-#include "platform/qt/Toiles.h"
+#include "platform/qt/Peints.h"
 
 namespace {
 class NatifBoite : public Natif {
  public:
-  NatifBoite(ToileDessin *toile, BoitePicture &donnee, Porte &porte)
-      : Natif(toile, donnee, porte), toile_(toile) {}
+  NatifBoite(PeintDessin *peint, BoitePicture &donnee, Guichet &guichet)
+      : Natif(peint, donnee, guichet), peint_(peint) {}
 
  protected:
   void RefleterGenre() override {
     const auto &boite = Donnee<BoitePicture>();
-    fond_.Suivre(porte_, boite.BackColor, [&](Couleur c) { toile_->Fond(c); });
-    version_.Suivre(porte_, boite.Dessin.Version(), [&](auto) { toile_->Dessin(boite.Dessin); });
+    fond_.Suivre(guichet_, boite.BackColor, [&](Couleur c) { peint_->Fond(c); });
+    version_.Suivre(guichet_, boite.Dessin.Version(), [&](auto) { peint_->Dessin(boite.Dessin); });
   }
 
  private:
-  ToileDessin *toile_;
+  PeintDessin *peint_;
   Montre<Couleur> fond_;
   Montre<std::uint64_t> version_;
 };
 
 class NatifGrille : public NatifBoite {
  public:
-  NatifGrille(ToileGrille *toile, PanneauGrille &donnee, Porte &porte)
-      : NatifBoite(toile, donnee, porte), grille_(toile) {}
+  NatifGrille(PeintGrille *peint, PanneauGrille &donnee, Guichet &guichet)
+      : NatifBoite(peint, donnee, guichet), grille_(peint) {}
 
  protected:
   void RefleterGenre() override {
     NatifBoite::RefleterGenre();
-    cases_.Suivre(porte_, Releve(), [&](const ToileGrille::Cases &cases) {
+    cases_.Suivre(guichet_, Releve(), [&](const PeintGrille::Cases &cases) {
       if (!imagesLues_) LireImages();
       grille_->Montrer(cases);
     });
   }
 
  private:
-  ToileGrille::Cases Releve() const {
+  PeintGrille::Cases Releve() const {
     const auto &grille = static_cast<const PanneauGrille &>(Natif::Donnee());
-    ToileGrille::Cases releve;
+    PeintGrille::Cases releve;
     std::size_t i = 0;
-    for (int r = 1; r <= ToileGrille::kRangees; ++r)
-      for (int j = 1; j <= ToileGrille::kColonnes; ++j) {
+    for (int r = 1; r <= PeintGrille::kRangees; ++r)
+      for (int j = 1; j <= PeintGrille::kColonnes; ++j) {
         const CaseDuite &c = grille.PicPourImage[r][j];
-        releve[i++] = c.Visible ? static_cast<signed char>(c.Picture) : ToileGrille::kCachee;
+        releve[i++] = c.Visible ? static_cast<signed char>(c.Picture) : PeintGrille::kCachee;
       }
     return releve;
   }
 
   void LireImages() {
     // In the order of ImageCase.
-    grille_->Images({porte_.Images.Nommee("PicBlanc"), porte_.Images.Nommee("PicNoir"),
-                     porte_.Images.Nommee("PicRouge")});
+    grille_->Images({guichet_.Images.Nommee("PicBlanc"), guichet_.Images.Nommee("PicNoir"),
+                     guichet_.Images.Nommee("PicRouge")});
     imagesLues_ = true;
   }
 
-  ToileGrille *grille_;
-  Montre<ToileGrille::Cases> cases_;
+  PeintGrille *grille_;
+  Montre<PeintGrille::Cases> cases_;
   bool imagesLues_ = false;
 };
 
 class NatifImage : public Natif {
  public:
-  NatifImage(ToileImage *toile, Image &donnee, Porte &porte) : Natif(toile, donnee, porte), toile_(toile) {}
+  NatifImage(PeintImage *peint, Image &donnee, Guichet &guichet) : Natif(peint, donnee, guichet), peint_(peint) {}
 
  protected:
   void RefleterGenre() override {
-    picture_.Suivre(porte_, Donnee<Image>().Picture, [&](const std::string &nom) {
-      toile_->Picture(nom.empty() ? QImage() : porte_.Images.Nommee(nom));
+    picture_.Suivre(guichet_, Donnee<Image>().Picture, [&](const std::string &nom) {
+      peint_->Picture(nom.empty() ? QImage() : guichet_.Images.Nommee(nom));
     });
   }
 
  private:
-  ToileImage *toile_;
+  PeintImage *peint_;
   Montre<std::string> picture_;
 };
 
 class NatifForme : public Natif {
  public:
-  NatifForme(ToileForme *toile, Forme &donnee, Porte &porte) : Natif(toile, donnee, porte), toile_(toile) {}
+  NatifForme(PeintForme *peint, Forme &donnee, Guichet &guichet) : Natif(peint, donnee, guichet), peint_(peint) {}
 
  protected:
   void RefleterGenre() override {
     const auto &forme = Donnee<Forme>();
-    bord_.Suivre(porte_, {forme.BorderColor, forme.BorderWidth},
-                 [&](const auto &) { toile_->Bord(forme.BorderColor, forme.BorderWidth); });
+    bord_.Suivre(guichet_, {forme.BorderColor, forme.BorderWidth},
+                 [&](const auto &) { peint_->Bord(forme.BorderColor, forme.BorderWidth); });
   }
 
  private:
-  ToileForme *toile_;
+  PeintForme *peint_;
   Montre<std::tuple<Couleur, int>> bord_;
 };
 
 class NatifEtiquette : public Natif {
  public:
-  NatifEtiquette(ToileEtiquette *label, Etiquette &donnee, Porte &porte)
-      : Natif(label, donnee, porte), label_(label) {
+  NatifEtiquette(PeintEtiquette *label, Etiquette &donnee, Guichet &guichet)
+      : Natif(label, donnee, guichet), label_(label) {
     label_->setTextFormat(Qt::PlainText);
     label_->setMargin(0);
     label_->setIndent(0);
@@ -109,23 +109,23 @@ class NatifEtiquette : public Natif {
   void RefleterGenre() override {
     const auto &e = Donnee<Etiquette>();
     const QSize taille = Pixels(e).size();
-    fonte_.Suivre(porte_, {e.Font, e.Agrandi ? e.Caption : "", e.Agrandi ? taille.width() : 0},
+    fonte_.Suivre(guichet_, {e.Font, e.Agrandi ? e.Caption : "", e.Agrandi ? taille.width() : 0},
                   [&](const auto &) { label_->setFont(e.Agrandi ? Agrandie(e, taille) : Fonte(e.Font)); });
-    couleur_.Suivre(porte_, e.ForeColor, [&](Couleur c) {
+    couleur_.Suivre(guichet_, e.ForeColor, [&](Couleur c) {
       QPalette palette = label_->palette();
       palette.setColor(QPalette::WindowText, Teinte(c));
       label_->setPalette(palette);
     });
     lignes_ = 1 + static_cast<int>(Texte(e.Caption).count(u'\n'));
-    cerne_.Suivre(porte_, e.Cerne, [&](bool cerne) { label_->Cerne(cerne); });
-    plaque_.Suivre(porte_, e.Plaque, [&](bool plaque) {
+    cerne_.Suivre(guichet_, e.Cerne, [&](bool cerne) { label_->Cerne(cerne); });
+    plaque_.Suivre(guichet_, e.Plaque, [&](bool plaque) {
       label_->Plaque(plaque);
       label_->setContentsMargins(Debordante() ? kBordPlaque : QMargins());
     });
     // Half of all labels start empty: their type is not to be loaded for that.
     const bool plusieurs = !e.Caption.empty() && taille.height() >= 2 * label_->fontMetrics().height();
-    forme_.Suivre(porte_, {e.Alignment, plusieurs}, [&](const auto &) { Aligner(e, plusieurs); });
-    texte_.Suivre(porte_, {e.Caption, e.Abreger, e.Abreger ? taille.width() : 0, e.Font},
+    forme_.Suivre(guichet_, {e.Alignment, plusieurs}, [&](const auto &) { Aligner(e, plusieurs); });
+    texte_.Suivre(guichet_, {e.Caption, e.Abreger, e.Abreger ? taille.width() : 0, e.Font},
                   [&](const auto &) { Ecrire(Texte(e.Caption), e.Abreger, taille.width()); });
   }
 
@@ -170,7 +170,7 @@ class NatifEtiquette : public Natif {
     label_->setToolTip(court == entier ? QString() : entier);
   }
 
-  ToileEtiquette *label_;
+  PeintEtiquette *label_;
   int lignes_ = 1;
   Montre<std::tuple<Police, std::string, int>> fonte_;
   Montre<Couleur> couleur_;
@@ -180,19 +180,19 @@ class NatifEtiquette : public Natif {
 };
 }  // namespace
 
-std::unique_ptr<Natif> CreerNatifPeint(Controle &donnee, QWidget *parent, Porte &porte) {
+std::unique_ptr<Natif> CreerNatifPeint(Controle &donnee, QWidget *parent, Guichet &guichet) {
   if (auto *grille = dynamic_cast<PanneauGrille *>(&donnee))
-    return std::make_unique<NatifGrille>(new ToileGrille(parent), *grille, porte);
+    return std::make_unique<NatifGrille>(new PeintGrille(parent), *grille, guichet);
   switch (donnee.genre()) {
     case Genre::Image:
-      return std::make_unique<NatifImage>(new ToileImage(parent), static_cast<Image &>(donnee), porte);
+      return std::make_unique<NatifImage>(new PeintImage(parent), static_cast<Image &>(donnee), guichet);
     case Genre::Etiquette:
-      return std::make_unique<NatifEtiquette>(new ToileEtiquette(parent), static_cast<Etiquette &>(donnee),
-                                              porte);
+      return std::make_unique<NatifEtiquette>(new PeintEtiquette(parent), static_cast<Etiquette &>(donnee),
+                                              guichet);
     case Genre::Forme:
-      return std::make_unique<NatifForme>(new ToileForme(parent), static_cast<Forme &>(donnee), porte);
+      return std::make_unique<NatifForme>(new PeintForme(parent), static_cast<Forme &>(donnee), guichet);
     default:
-      return std::make_unique<NatifBoite>(new ToileDessin(parent), static_cast<BoitePicture &>(donnee),
-                                          porte);
+      return std::make_unique<NatifBoite>(new PeintDessin(parent), static_cast<BoitePicture &>(donnee),
+                                          guichet);
   }
 }

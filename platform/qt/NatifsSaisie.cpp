@@ -31,17 +31,17 @@ class NatifTexte : public Natif {
 
   void RefleterGenre() override {
     const auto &zone = Donnee<ZoneTexte>();
-    texte_.Suivre(porte_, zone.Text, [&](const std::string &t) {
+    texte_.Suivre(guichet_, zone.Text, [&](const std::string &t) {
       PoserTexte(Texte(t));
       selection_.Oublier();  // a new text moves the cursor
     });
-    selection_.Suivre(porte_, {zone.SelStart, zone.SelLength},
+    selection_.Suivre(guichet_, {zone.SelStart, zone.SelLength},
                       [&](const Selection &) { PoserSelection(zone.SelStart, zone.SelLength); });
   }
 
   // The weaver typed, pasted or erased.
   void Saisi() {
-    porte_.Passer([this] {
+    guichet_.Passer([this] {
       auto &zone = Donnee<ZoneTexte>();
       zone.Text = Octets(TexteNatifActuel());
       texte_.Savoir(zone.Text);
@@ -50,7 +50,7 @@ class NatifTexte : public Natif {
   }
 
   void Deplace() {
-    if (porte_.Ouverte()) LireSelection();
+    if (guichet_.Ouverte()) LireSelection();
   }
 
  private:
@@ -68,11 +68,11 @@ class NatifTexte : public Natif {
 // The key filter of a field, for all that comes in past its keys: pasted, dropped, from the middle button.
 class FiltreSaisie : public QValidator {
  public:
-  FiltreSaisie(QLineEdit *ligne, const Natif &natif, const Porte &porte)
-      : QValidator(ligne), natif_(natif), porte_(porte) {}
+  FiltreSaisie(QLineEdit *ligne, const Natif &natif, const Guichet &guichet)
+      : QValidator(ligne), natif_(natif), guichet_(guichet) {}
   State validate(QString &texte, int &place) const override {
     const auto filtre = natif_.Donnee().KeyPress;
-    if (!filtre || !porte_.Ouverte()) return Acceptable;  // what the program writes stands as it is
+    if (!filtre || !guichet_.Ouverte()) return Acceptable;  // what the program writes stands as it is
     place = static_cast<int>(Filtre(filtre, texte.left(place)).size());
     texte = Filtre(filtre, texte);
     return Acceptable;
@@ -80,14 +80,14 @@ class FiltreSaisie : public QValidator {
 
  private:
   const Natif &natif_;
-  const Porte &porte_;
+  const Guichet &guichet_;
 };
 
 class NatifLigne : public NatifTexte {
  public:
-  NatifLigne(QLineEdit *ligne, ZoneTexte &donnee, Porte &porte)
-      : NatifTexte(ligne, donnee, porte), ligne_(ligne) {
-    ligne->setValidator(new FiltreSaisie(ligne, *this, porte));
+  NatifLigne(QLineEdit *ligne, ZoneTexte &donnee, Guichet &guichet)
+      : NatifTexte(ligne, donnee, guichet), ligne_(ligne) {
+    ligne->setValidator(new FiltreSaisie(ligne, *this, guichet));
     QObject::connect(ligne, &QLineEdit::textEdited, ligne, [this] { Saisi(); });
     QObject::connect(ligne, &QLineEdit::cursorPositionChanged, ligne, [this] { Deplace(); });
     QObject::connect(ligne, &QLineEdit::selectionChanged, ligne, [this] { Deplace(); });
@@ -146,8 +146,8 @@ class Fiche : public QPlainTextEdit {
 
 class NatifBloc : public NatifTexte {
  public:
-  NatifBloc(QPlainTextEdit *bloc, ZoneTexte &donnee, Porte &porte)
-      : NatifTexte(bloc, donnee, porte), bloc_(bloc) {
+  NatifBloc(QPlainTextEdit *bloc, ZoneTexte &donnee, Guichet &guichet)
+      : NatifTexte(bloc, donnee, guichet), bloc_(bloc) {
     bloc->setTabChangesFocus(true);
     bloc->viewport()->setMouseTracking(true);
     // This one also comes of setters; the gate drops it then.
@@ -205,8 +205,8 @@ class ListeNative : public QComboBox {
 
 class NatifListe : public Natif {
  public:
-  NatifListe(QComboBox *combo, ListeChoix &donnee, Porte &porte)
-      : Natif(combo, donnee, porte), combo_(combo) {
+  NatifListe(QComboBox *combo, ListeChoix &donnee, Guichet &guichet)
+      : Natif(combo, donnee, guichet), combo_(combo) {
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     combo->setMaxVisibleItems(14);
@@ -224,11 +224,11 @@ class NatifListe : public Natif {
  protected:
   void RefleterGenre() override {
     const auto &liste = Donnee<ListeChoix>();
-    liste_.Suivre(porte_, liste.Liste, [&](const std::vector<std::string> &elements) {
+    liste_.Suivre(guichet_, liste.Liste, [&](const std::vector<std::string> &elements) {
       Remplir(elements);
       texte_.Oublier();
     });
-    texte_.Suivre(porte_, liste.Text, [&](const std::string &t) { Montrer(t, liste.Liste); });
+    texte_.Suivre(guichet_, liste.Text, [&](const std::string &t) { Montrer(t, liste.Liste); });
   }
 
  private:
@@ -259,14 +259,14 @@ class NatifListe : public Natif {
   }
 
   void Choisi(int rang) {
-    if (!porte_.Ouverte()) return;
+    if (!guichet_.Ouverte()) return;
     const auto &elements = Donnee<ListeChoix>().Liste;
     if (rang >= 0 && static_cast<std::size_t>(rang) < elements.size())
       Entrer(elements[static_cast<std::size_t>(rang)]);
   }
 
   void Entrer(const std::string &texte) {
-    porte_.Passer([this, texte] {
+    guichet_.Passer([this, texte] {
       auto &liste = Donnee<ListeChoix>();
       liste.Text = texte;
       texte_.Savoir(texte);
@@ -307,9 +307,9 @@ class CaseNative : public QCheckBox {
 
 class NatifCase : public Natif {
  public:
-  NatifCase(CaseNative *coche, CaseCochee &donnee, Porte &porte) : Natif(coche, donnee, porte), case_(coche) {
+  NatifCase(CaseNative *coche, CaseCochee &donnee, Guichet &guichet) : Natif(coche, donnee, guichet), case_(coche) {
     QObject::connect(coche, &QCheckBox::clicked, coche, [this](bool valeur) {
-      porte_.Passer([this, valeur] {
+      guichet_.Passer([this, valeur] {
         auto &c = Donnee<CaseCochee>();
         c.Value = valeur;
         valeur_.Savoir(valeur);
@@ -323,7 +323,7 @@ class NatifCase : public Natif {
 
  protected:
   void RefleterGenre() override {
-    valeur_.Suivre(porte_, Donnee<CaseCochee>().Value, [&](bool v) { case_->setChecked(v); });
+    valeur_.Suivre(guichet_, Donnee<CaseCochee>().Value, [&](bool v) { case_->setChecked(v); });
   }
 
  private:
@@ -347,18 +347,18 @@ W *Champ(QWidget *parent) {
 }
 }  // namespace
 
-std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Porte &porte) {
+std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Guichet &guichet) {
   if (donnee.genre() == Genre::Liste)
-    return std::make_unique<NatifListe>(Champ<ListeNative>(parent), static_cast<ListeChoix &>(donnee), porte);
+    return std::make_unique<NatifListe>(Champ<ListeNative>(parent), static_cast<ListeChoix &>(donnee), guichet);
   if (donnee.genre() == Genre::Case)
-    return std::make_unique<NatifCase>(Champ<CaseNative>(parent), static_cast<CaseCochee &>(donnee), porte);
+    return std::make_unique<NatifCase>(Champ<CaseNative>(parent), static_cast<CaseCochee &>(donnee), guichet);
   auto &zone = static_cast<ZoneTexte &>(donnee);
   if (zone.Multiligne) {
     auto *fiche = Champ<Fiche>(parent);
     QPalette palette = fiche->palette();
     palette.setColor(QPalette::Base, Teinte(Palette::Papier));
     fiche->setPalette(palette);
-    return std::make_unique<NatifBloc>(fiche, zone, porte);
+    return std::make_unique<NatifBloc>(fiche, zone, guichet);
   }
-  return std::make_unique<NatifLigne>(Champ<QLineEdit>(parent), zone, porte);
+  return std::make_unique<NatifLigne>(Champ<QLineEdit>(parent), zone, guichet);
 }

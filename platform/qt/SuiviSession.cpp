@@ -5,5 +5,5 @@
 
 void SuiviSession::Suivre() {
   catalogue_.Suivre(session.LangueFrancaise);
-  veille_.Empecher(fenetre.TissageEnCours && port_.PortOpen(), Selon("Tissage en cours", "Weaving"));
+  inhibiteur_.Empecher(fenetre.TissageEnCours && port_.PortOpen(), Selon("Tissage en cours", "Weaving"));
 }

@@ -4,17 +4,17 @@
 
 #include "loom/PortSerie.h"
 #include "platform/qt/Catalogue.h"
-#include "platform/qt/Veille.h"
+#include "platform/qt/Inhibiteur.h"
 
 class SuiviSession {
  public:
   explicit SuiviSession(const PortSerie &port) : port_(port) {}
   // After every event; reads LangueFrancaise, TissageEnCours and the port.
   void Suivre();
-  bool BusMuet() const { return veille_.BusMuet(); }
+  bool BusMuet() const { return inhibiteur_.BusMuet(); }
 
  private:
   const PortSerie &port_;
   Catalogue catalogue_;
-  Veille veille_;
+  Inhibiteur inhibiteur_;
 };

@@ -39,7 +39,7 @@ bool Veilleur::eventFilter(QObject *source, QEvent *e) {
       return !natif->Saisie() || (natif->ClicPropre() && !natif->Widget()->hasFocus());
     case QEvent::FocusIn: {
       const auto recu = natif->Donnee().GotFocus;
-      if (recu) porte_.Passer(recu);
+      if (recu) guichet_.Passer(recu);
       return false;
     }
     default:
@@ -56,7 +56,7 @@ bool Veilleur::Souris(Natif &natif, QMouseEvent &e) {
       if (const auto bouge = natif.Donnee().MouseMove) {
         // By the screen: the window may have moved since the event was made.
         const QPointF place = natif.Widget()->mapFromGlobal(e.globalPosition());
-        porte_.Passer(
+        guichet_.Passer(
             [&, bouge] { bouge(static_cast<int>(e.buttons()), Twips(place.x()), Twips(place.y())); });
       }
       break;
@@ -73,7 +73,7 @@ void Veilleur::Quitter(const Natif &natif) {
   const Natif *autour = natifs_.value(natif.Widget()->parentWidget());
   if (!autour || autour == &fenetre_) return;
   if (const auto bouge = autour->Donnee().MouseMove)
-    porte_.Passer([&, bouge] { bouge(0, natif.Donnee().Left, natif.Donnee().Top); });
+    guichet_.Passer([&, bouge] { bouge(0, natif.Donnee().Left, natif.Donnee().Top); });
 }
 
 void Veilleur::Presser(Natif &natif, const QMouseEvent &e) {
@@ -83,7 +83,7 @@ void Veilleur::Presser(Natif &natif, const QMouseEvent &e) {
   }
   const QPointF place = natif.Widget()->mapFromGlobal(e.globalPosition());
   if (const auto presse = natif.Donnee().MouseDown)
-    porte_.Passer([&, presse] { presse(static_cast<int>(e.button()), Twips(place.x()), Twips(place.y())); });
+    guichet_.Passer([&, presse] { presse(static_cast<int>(e.button()), Twips(place.x()), Twips(place.y())); });
 }
 
 void Veilleur::Relacher(Natif &natif, const QMouseEvent &e) {
@@ -95,11 +95,11 @@ void Veilleur::Relacher(Natif &natif, const QMouseEvent &e) {
   if (gauche) presse_ = nullptr;
   const QPointF place = natif.Widget()->mapFromGlobal(e.globalPosition());
   if (const auto relache = natif.Donnee().MouseUp)
-    porte_.Passer(
+    guichet_.Passer(
         [&, relache] { relache(static_cast<int>(e.button()), Twips(place.x()), Twips(place.y())); });
   // Asked for only now: the record may have been made anew.
   const auto procedure = natif.Donnee().Click;
-  if (clic && procedure) porte_.Passer(procedure);
+  if (clic && procedure) guichet_.Passer(procedure);
 }
 
 bool Veilleur::Cadre(QEvent &e) {
@@ -107,7 +107,7 @@ bool Veilleur::Cadre(QEvent &e) {
     case QEvent::Close:
       // The main window is left by its own command only.
       static_cast<QCloseEvent &>(e).ignore();
-      if (!principale_) porte_.Passer([this] { Decharger(fenetre_.LaFenetre()); });
+      if (!principale_) guichet_.Passer([this] { Decharger(fenetre_.LaFenetre()); });
       return true;
     case QEvent::Move:
       if (!presse_) fenetre_.Deplacee();

@@ -7,7 +7,7 @@
 #include <QRect>
 #include <vector>
 
-#include "platform/qt/NatifFenetre.h"
+#include "platform/qt/NatifCadre.h"
 
 class QInputMethodEvent;
 class QKeyEvent;
@@ -15,8 +15,8 @@ class QMouseEvent;
 
 class Veilleur : public QObject {
  public:
-  Veilleur(NatifFenetre &cadre, bool principale, Porte &porte)
-      : fenetre_(cadre), principale_(principale), porte_(porte) {}
+  Veilleur(NatifCadre &cadre, bool principale, Guichet &guichet)
+      : fenetre_(cadre), principale_(principale), guichet_(guichet) {}
 
   void Surveiller(Natif &natif);
   bool eventFilter(QObject *source, QEvent *e) override;
@@ -43,9 +43,9 @@ class Veilleur : public QObject {
   std::vector<Natif *> OrdreLecture() const;
   QPoint Centre(const Natif &natif) const;
 
-  NatifFenetre &fenetre_;
+  NatifCadre &fenetre_;
   const bool principale_;
-  Porte &porte_;
+  Guichet &guichet_;
   QHash<QObject *, Natif *> natifs_;
   std::vector<Natif *> ordre_;
   Natif *presse_ = nullptr;

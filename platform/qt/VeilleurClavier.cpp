@@ -49,7 +49,7 @@ int EtatMaj(const QKeyEvent &e) {
 bool Veilleur::Avertir(const Controle &controle, int code, int maj) {
   const auto procedure = controle.KeyDown;
   if (!procedure) return false;
-  porte_.Passer([&] { procedure(code, maj); });
+  guichet_.Passer([&] { procedure(code, maj); });
   return true;
 }
 
@@ -67,7 +67,7 @@ bool Veilleur::Enfoncer(Natif &natif, QWidget &source, QKeyEvent &e) {
   const bool pourFenetre = code == Touche::Echappement || ((maj & Touche::Alt) && code >= '0' && code <= 'Z');
   if (pourFenetre && Avertir(fenetre_.Donnee(), code, maj)) return true;
   if (natif.Saisie()) return Saisir(natif, e);
-  return Commander(natif, code, maj, porte_.Touches.Repetee(e));
+  return Commander(natif, code, maj, guichet_.Touches.Repetee(e));
 }
 
 bool Veilleur::Commander(Natif &natif, int code, int maj, bool repetee) {
@@ -75,7 +75,7 @@ bool Veilleur::Commander(Natif &natif, int code, int maj, bool repetee) {
   const bool presse = code == Touche::Espace || code == Touche::Entree;
   if (presse && natif.Bouton()) {
     const auto clic = natif.Donnee().Click;
-    if (!repetee) porte_.Passer(clic);
+    if (!repetee) guichet_.Passer(clic);
   } else {
     Avertir(fenetre_.Donnee(), code, maj);
   }
@@ -101,7 +101,7 @@ bool Veilleur::Filtrer(Natif &natif, QKeyEvent &e) {
   const QString texte = retour ? QString(QChar(Touche::Retour)) : e.text();
   if (texte.isEmpty() || (!retour && !texte[0].isPrint())) return false;
   QString suite;
-  porte_.Passer([&] { suite = Filtre(filtre, texte); });
+  guichet_.Passer([&] { suite = Filtre(filtre, texte); });
   if (suite == texte) return false;
   if (!suite.isEmpty()) {
     QKeyEvent remplace(QEvent::KeyPress, 0, Qt::NoModifier, suite);
@@ -117,7 +117,7 @@ bool Veilleur::Filtrer(Natif &natif, QInputMethodEvent &e) {
   const auto filtre = natif.Donnee().KeyPress;
   if (!filtre || !natif.Ecriture() || e.commitString().isEmpty()) return false;
   QString suite;
-  porte_.Passer([&] { suite = Filtre(filtre, e.commitString()); });
+  guichet_.Passer([&] { suite = Filtre(filtre, e.commitString()); });
   if (suite == e.commitString()) return false;
   QInputMethodEvent remplace(e.preeditString(), e.attributes());
   remplace.setCommitString(suite, e.replacementStart(), e.replacementLength());

@@ -1,4 +1,4 @@
-#include "platform/qt/Toiles.h"
+#include "platform/qt/Peints.h"
 
 #include <QPaintEvent>
 #include <QPainter>
@@ -39,26 +39,26 @@ void PeindreAnneau(QPainter &p, const QRect &place) {
   p.drawRect(QRectF(place).adjusted(2, 2, -2, -2));
 }
 
-void Toile::paintEvent(QPaintEvent *e) {
+void Peint::paintEvent(QPaintEvent *e) {
   QPainter p(this);
   Peindre(p, e->rect());
   if (anneau_) PeindreAnneau(p, rect());
 }
 
-void ToileEtiquette::Cerne(bool cerne) {
+void PeintEtiquette::Cerne(bool cerne) {
   cerne_ = cerne;
   update();
 }
 
-void ToileEtiquette::Plaque(bool plaque) {
+void PeintEtiquette::Plaque(bool plaque) {
   plaque_ = plaque;
   update();
 }
 
-int ToileEtiquette::Drapeaux() const { return int(alignment()) | (wordWrap() ? Qt::TextWordWrap : 0); }
+int PeintEtiquette::Drapeaux() const { return int(alignment()) | (wordWrap() ? Qt::TextWordWrap : 0); }
 
 // All of a label without margins, else what the text takes and the margins around it.
-QRect ToileEtiquette::PlacePlaque() const {
+QRect PeintEtiquette::PlacePlaque() const {
   const QMargins marges = contentsMargins();
   if (marges.isNull()) return rect();
   return fontMetrics()
@@ -67,14 +67,14 @@ QRect ToileEtiquette::PlacePlaque() const {
       .intersected(rect());
 }
 
-void ToileEtiquette::PeindreCerne(QPainter &p) const {
+void PeintEtiquette::PeindreCerne(QPainter &p) const {
   p.setPen(Teinte(Palette::EncreNoire));
   for (int dx = -1; dx <= 1; ++dx)
     for (int dy = -1; dy <= 1; ++dy)
       if (dx != 0 || dy != 0) p.drawText(contentsRect().translated(dx, dy), Drapeaux(), text());
 }
 
-void ToileEtiquette::paintEvent(QPaintEvent *e) {
+void PeintEtiquette::paintEvent(QPaintEvent *e) {
   if (cerne_ || (plaque_ && !text().isEmpty())) {
     QPainter p(this);
     if (plaque_) p.fillRect(PlacePlaque(), Teinte(Palette::Noir));
@@ -86,7 +86,7 @@ void ToileEtiquette::paintEvent(QPaintEvent *e) {
   PeindreAnneau(p, rect());
 }
 
-void ToileDessin::Dessin(const Surface &surface) {
+void PeintDessin::Dessin(const Surface &surface) {
   // The picture holds the very pixels of the surface, which draws on in a copy.
   using Partage = std::shared_ptr<const std::uint32_t[]>;
   image_ = QImage();
@@ -103,20 +103,20 @@ void ToileDessin::Dessin(const Surface &surface) {
 }
 
 // The skin of a shaped window, which fills it, is the one picture that is cut by the outline.
-const QImage &ToileDessin::ImagePour(double echelle) {
+const QImage &PeintDessin::ImagePour(double echelle) {
   const bool peau = size() == window()->size() && !window()->mask().isEmpty();
   if (echelle == 1.0 || !peau) return image_;
   if (sansCle_.isNull()) sansCle_ = SansCle(image_);
   return sansCle_;
 }
 
-void ToileDessin::Fond(Couleur couleur) {
+void PeintDessin::Fond(Couleur couleur) {
   couleur_ = couleur;
   setAttribute(Qt::WA_OpaquePaintEvent);
   update();
 }
 
-void ToileDessin::Peindre(QPainter &p, const QRect &) {
+void PeintDessin::Peindre(QPainter &p, const QRect &) {
   const bool couvert = image_.width() >= width() && image_.height() >= height();
   if (!couvert) p.fillRect(rect(), Teinte(couleur_));
   if (!image_.isNull()) Poser(p, ImagePour(devicePixelRatioF()));
@@ -128,24 +128,24 @@ void ToileDessin::Peindre(QPainter &p, const QRect &) {
   }
 }
 
-void ToileImage::Picture(const QImage &image) {
+void PeintImage::Picture(const QImage &image) {
   image_ = image;
   update();
 }
 
-void ToileImage::Peindre(QPainter &p, const QRect &) {
+void PeintImage::Peindre(QPainter &p, const QRect &) {
   if (!image_.isNull()) Poser(p, image_);
 }
 
-ToileForme::ToileForme(QWidget *parent) : Toile(parent) { setAttribute(Qt::WA_TransparentForMouseEvents); }
+PeintForme::PeintForme(QWidget *parent) : Peint(parent) { setAttribute(Qt::WA_TransparentForMouseEvents); }
 
-void ToileForme::Bord(Couleur couleur, int epaisseur) {
+void PeintForme::Bord(Couleur couleur, int epaisseur) {
   couleur_ = couleur;
   epaisseur_ = epaisseur;
   update();
 }
 
-void ToileForme::Peindre(QPainter &p, const QRect &) {
+void PeintForme::Peindre(QPainter &p, const QRect &) {
   QPen plume(Teinte(couleur_), epaisseur_);
   plume.setJoinStyle(Qt::MiterJoin);
   const double demi = epaisseur_ / 2.0;
@@ -153,11 +153,11 @@ void ToileForme::Peindre(QPainter &p, const QRect &) {
   p.drawRect(QRectF(rect()).adjusted(demi, demi, -demi, -demi));
 }
 
-QRect ToileGrille::Place(int rangee, int colonne) {
+QRect PeintGrille::Place(int rangee, int colonne) {
   return {(30 + 240 * (colonne - 1)) / kTwipsParPixel, (45 + 225 * (rangee - 1)) / kTwipsParPixel, 15, 14};
 }
 
-void ToileGrille::Montrer(const Cases &cases) {
+void PeintGrille::Montrer(const Cases &cases) {
   QRegion changees;
   for (int i = 0; i < kRangees * kColonnes; ++i) {
     const auto place = static_cast<std::size_t>(i);
@@ -167,8 +167,8 @@ void ToileGrille::Montrer(const Cases &cases) {
   update(changees);
 }
 
-void ToileGrille::Peindre(QPainter &p, const QRect &sale) {
-  ToileDessin::Peindre(p, sale);
+void PeintGrille::Peindre(QPainter &p, const QRect &sale) {
+  PeintDessin::Peindre(p, sale);
   for (int i = 0; i < kRangees * kColonnes; ++i) {
     const signed char rang = cases_[static_cast<std::size_t>(i)];
     const QRect place = Place(i / kColonnes + 1, i % kColonnes + 1);

@@ -1,4 +1,4 @@
-#include "platform/qt/Habillage.h"
+#include "platform/qt/StyleChamps.h"
 
 #include <QApplication>
 #include <QProxyStyle>
@@ -20,7 +20,7 @@ class StyleChamps : public QProxyStyle {
 };
 }  // namespace
 
-void HabillerApplication() {
+void InstallerStyle() {
   auto *style = new StyleChamps;
   QApplication::setStyle(style);
   QApplication::setPalette(style->standardPalette());

@@ -2,4 +2,4 @@
 #pragma once
 
 // To be called once, when the application object stands.
-void HabillerApplication();
+void InstallerStyle();

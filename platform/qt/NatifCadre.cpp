@@ -1,4 +1,4 @@
-#include "platform/qt/NatifFenetre.h"
+#include "platform/qt/NatifCadre.h"
 
 #include <QRegion>
 #include <QTimer>
@@ -40,23 +40,23 @@ int EtatActuel(const QWidget *cadre) {
 }
 }  // namespace
 
-NatifFenetre::NatifFenetre(ToileDessin *cadre, Fenetre &donnee, bool principale, Porte &porte)
-    : Natif(cadre, donnee, porte), cadre_(cadre), principale_(principale) {
+NatifCadre::NatifCadre(PeintDessin *cadre, Fenetre &donnee, bool principale, Guichet &guichet)
+    : Natif(cadre, donnee, guichet), cadre_(cadre), principale_(principale) {
   cadre->setAttribute(Qt::WA_ShowWithoutActivating, !principale);
   cadre->setFocus();  // else the first field would have the keyboard
 }
 
-void NatifFenetre::Modale(bool modale) {
+void NatifCadre::Modale(bool modale) {
   cadre_->setWindowModality(modale ? Qt::ApplicationModal : Qt::NonModal);
   cadre_->setAttribute(Qt::WA_ShowWithoutActivating, !modale && !principale_);
 }
 
-void NatifFenetre::RefleterGenre() {
+void NatifCadre::RefleterGenre() {
   const Fenetre &f = LaFenetre();
-  titre_.Suivre(porte_, f.Caption, [&](const std::string &t) { cadre_->setWindowTitle(Texte(t)); });
-  fond_.Suivre(porte_, f.BackColor, [&](Couleur c) { cadre_->Fond(c); });
-  version_.Suivre(porte_, f.Dessin.Version(), [&](auto) { cadre_->Dessin(f.Dessin); });
-  contour_.Suivre(porte_, f.Contour, [&](const Region &contour) {
+  titre_.Suivre(guichet_, f.Caption, [&](const std::string &t) { cadre_->setWindowTitle(Texte(t)); });
+  fond_.Suivre(guichet_, f.BackColor, [&](Couleur c) { cadre_->Fond(c); });
+  version_.Suivre(guichet_, f.Dessin.Version(), [&](auto) { cadre_->Dessin(f.Dessin); });
+  contour_.Suivre(guichet_, f.Contour, [&](const Region &contour) {
     if (contour.empty())
       cadre_->clearMask();
     else
@@ -64,19 +64,19 @@ void NatifFenetre::RefleterGenre() {
   });
 }
 
-void NatifFenetre::RefleterPlace() {
+void NatifCadre::RefleterPlace() {
   const Fenetre &f = LaFenetre();
-  place_.Suivre(porte_, PlaceEcran(f), [&](const QRect &r) {
+  place_.Suivre(guichet_, PlaceEcran(f), [&](const QRect &r) {
     cadre_->setFixedSize(r.size());
     cadre_->move(r.topLeft());
   });
-  etat_.Suivre(porte_, f.WindowState, [&](int etat) {
+  etat_.Suivre(guichet_, f.WindowState, [&](int etat) {
     if (etat < 0 || etat > 2) return;
     if (etat == 0) cadre_->setWindowState(Qt::WindowNoState);
     if (etatConnu_ || etat != 0) AnnoncerResize();
     etatConnu_ = true;
   });
-  visible_.Suivre(porte_, f.Visible && f.Chargee, [&](bool visible) {
+  visible_.Suivre(guichet_, f.Visible && f.Chargee, [&](bool visible) {
     if (visible)
       Paraitre();
     else
@@ -84,7 +84,7 @@ void NatifFenetre::RefleterPlace() {
   });
 }
 
-void NatifFenetre::Paraitre() {
+void NatifCadre::Paraitre() {
   cadre_->show();
   cadre_->raise();
   // A message that was raised before the main window stands above it all the same.
@@ -93,22 +93,22 @@ void NatifFenetre::Paraitre() {
   if (!cadre_->testAttribute(Qt::WA_ShowWithoutActivating)) cadre_->activateWindow();
 }
 
-void NatifFenetre::AnnoncerResize() {
+void NatifCadre::AnnoncerResize() {
   // A state set by a procedure has its event too, behind that procedure. The event may hide the window in the
   // notification area: one that was minimised as well would come back minimised.
   QTimer::singleShot(0, cadre_, [this] {
     const Fenetre &f = LaFenetre();
     const auto resize = f.Resize;
-    if (resize) porte_.Passer(resize);
+    if (resize) guichet_.Passer(resize);
     if (f.Visible && f.WindowState > 0 && f.WindowState <= 2) cadre_->setWindowState(kEtats[f.WindowState]);
   });
 }
 
-void NatifFenetre::Deplacee() {
+void NatifCadre::Deplacee() {
   // Rounding at fractional screen scales is no move.
   constexpr int kTolerance = 2;
   Fenetre &f = LaFenetre();
-  if (!porte_.Ouverte() || !cadre_->isVisible() || f.WindowState != 0) return;
+  if (!guichet_.Ouverte() || !cadre_->isVisible() || f.WindowState != 0) return;
   const QRect voulu = PlaceEcran(f);
   const QPoint ecart = cadre_->pos() - voulu.topLeft();
   if (std::abs(ecart.x()) <= kTolerance && std::abs(ecart.y()) <= kTolerance) return;
@@ -117,10 +117,10 @@ void NatifFenetre::Deplacee() {
   place_.Savoir(PlaceEcran(f));
 }
 
-void NatifFenetre::EtatChange() {
+void NatifCadre::EtatChange() {
   const int etat = EtatActuel(cadre_);
-  if (!porte_.Ouverte() || etat == LaFenetre().WindowState) return;
-  porte_.Passer([this, etat] {
+  if (!guichet_.Ouverte() || etat == LaFenetre().WindowState) return;
+  guichet_.Passer([this, etat] {
     LaFenetre().WindowState = etat;
     etat_.Savoir(etat);
     const auto resize = LaFenetre().Resize;

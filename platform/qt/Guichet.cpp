@@ -1,11 +1,11 @@
-#include "platform/qt/Porte.h"
+#include "platform/qt/Guichet.h"
 
 #include "platform/Garde.h"
 
-Porte::Porte(MagasinImages &images, std::function<void(const std::string &)> rapporter)
+Guichet::Guichet(MagasinImages &images, std::function<void(const std::string &)> rapporter)
     : Images(images), rapporter_(std::move(rapporter)) {}
 
-void Porte::Passer(const std::function<void()> &procedure) {
+void Guichet::Passer(const std::function<void()> &procedure) {
   if (!Ouverte()) return;
   SousGarde(
       [&] {
@@ -16,7 +16,7 @@ void Porte::Passer(const std::function<void()> &procedure) {
   if (Apres) Apres();
 }
 
-void Porte::Ecrire(const std::function<void()> &travail) {
+void Guichet::Ecrire(const std::function<void()> &travail) {
   struct Marque {
     bool &drapeau;
     const bool avant;

@@ -37,7 +37,7 @@ class AvecAnneau : public W {
 };
 
 // A painted widget.
-class Toile : public AvecAnneau<QWidget> {
+class Peint : public AvecAnneau<QWidget> {
  public:
   using AvecAnneau::AvecAnneau;
 
@@ -47,7 +47,7 @@ class Toile : public AvecAnneau<QWidget> {
 };
 
 // A text, with a dark rim of full strength round each letter or a dark plate behind it where that is asked for.
-class ToileEtiquette : public AvecAnneau<QLabel> {
+class PeintEtiquette : public AvecAnneau<QLabel> {
  public:
   using AvecAnneau::AvecAnneau;
   void Cerne(bool cerne);
@@ -64,9 +64,9 @@ class ToileEtiquette : public AvecAnneau<QLabel> {
 };
 
 // Pixels and printed texts of a surface, over a background colour.
-class ToileDessin : public Toile {
+class PeintDessin : public Peint {
  public:
-  using Toile::Toile;
+  using Peint::Peint;
   void Dessin(const Surface &surface);
   void Fond(Couleur couleur);
 
@@ -80,9 +80,9 @@ class ToileDessin : public Toile {
   Couleur couleur_ = 0;
 };
 
-class ToileImage : public Toile {
+class PeintImage : public Peint {
  public:
-  using Toile::Toile;
+  using Peint::Peint;
   void Picture(const QImage &image);
 
  protected:
@@ -92,9 +92,9 @@ class ToileImage : public Toile {
   QImage image_;
 };
 
-class ToileForme : public Toile {
+class PeintForme : public Peint {
  public:
-  explicit ToileForme(QWidget *parent);
+  explicit PeintForme(QWidget *parent);
   void Bord(Couleur couleur, int epaisseur);
 
  protected:
@@ -106,14 +106,14 @@ class ToileForme : public Toile {
 };
 
 // The draft: a ground and the shown cells of 20 rows by 32 columns.
-class ToileGrille : public ToileDessin {
+class PeintGrille : public PeintDessin {
  public:
   static constexpr int kRangees = 20, kColonnes = 32, kImages = 3;
   static constexpr signed char kCachee = -1;
   // Rank of each cell's picture, row after row.
   using Cases = std::array<signed char, kRangees * kColonnes>;
 
-  explicit ToileGrille(QWidget *parent) : ToileDessin(parent) { cases_.fill(kCachee); }
+  explicit PeintGrille(QWidget *parent) : PeintDessin(parent) { cases_.fill(kCachee); }
   void Images(const std::array<QImage, kImages> &images) { images_ = images; }
   // Repaints the cells that differ.
   void Montrer(const Cases &cases);

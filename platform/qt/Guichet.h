@@ -9,9 +9,9 @@
 #include "platform/qt/MagasinImages.h"
 #include "platform/qt/TouchesTenues.h"
 
-class Porte {
+class Guichet {
  public:
-  Porte(MagasinImages &images, std::function<void(const std::string &)> rapporter);
+  Guichet(MagasinImages &images, std::function<void(const std::string &)> rapporter);
 
   // An event comes in: dropped while the mirror writes and after `Fermer`; otherwise its procedure runs under
   // the guard, then the windows are mirrored, then `Apres` runs. The procedure owns copies of what it calls,
@@ -41,9 +41,9 @@ class Montre {
  public:
   // Writes the wanted value where it is not the shown one.
   template <class Ecriture>
-  void Suivre(Porte &porte, const T &voulu, Ecriture &&ecriture) {
+  void Suivre(Guichet &guichet, const T &voulu, Ecriture &&ecriture) {
     if (valeur_ && *valeur_ == voulu) return;
-    porte.Compter();
+    guichet.Compter();
     ecriture(voulu);
     valeur_ = voulu;
   }

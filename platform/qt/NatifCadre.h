@@ -2,11 +2,11 @@
 #pragma once
 
 #include "platform/qt/Natif.h"
-#include "platform/qt/Toiles.h"
+#include "platform/qt/Peints.h"
 
-class NatifFenetre : public Natif {
+class NatifCadre : public Natif {
  public:
-  NatifFenetre(ToileDessin *cadre, Fenetre &donnee, bool principale, Porte &porte);
+  NatifCadre(PeintDessin *cadre, Fenetre &donnee, bool principale, Guichet &guichet);
 
   Fenetre &LaFenetre() const { return Donnee<Fenetre>(); }
   // Blocks the other windows from its next showing on, and takes the keyboard then.
@@ -23,7 +23,7 @@ class NatifFenetre : public Natif {
   void Paraitre();
   void AnnoncerResize();
 
-  ToileDessin *cadre_;
+  PeintDessin *cadre_;
   const bool principale_;
   Montre<Couleur> fond_;
   Montre<std::uint64_t> version_;

@@ -7,10 +7,10 @@
 #include <memory>
 #include <string>
 
-class Veille {
+class Inhibiteur {
  public:
-  Veille();
-  ~Veille();
+  Inhibiteur();
+  ~Inhibiteur();
 
   // Asks the login manager to hold back sleep and idling, or lets go. Returns at once, whatever the bus does;
   // a bus that is not there, refuses or never answers is silence. `raison` is told to whoever asks what holds

@@ -1,4 +1,4 @@
-#include "platform/qt/Veille.h"
+#include "platform/qt/Inhibiteur.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
@@ -13,25 +13,25 @@ const auto kNom = QStringLiteral("brandis-veille");
 }
 
 // What the thread that connects shares with its owner.
-struct Veille::Liaison {
+struct Inhibiteur::Liaison {
   std::mutex garde;
-  Veille *proprietaire = nullptr;  // null once that is gone
+  Inhibiteur *proprietaire = nullptr;  // null once that is gone
   bool enCours = false;
 };
 
-Veille::Veille() : liaison_(std::make_shared<Liaison>()) { liaison_->proprietaire = this; }
+Inhibiteur::Inhibiteur() : liaison_(std::make_shared<Liaison>()) { liaison_->proprietaire = this; }
 
-Veille::~Veille() {
+Inhibiteur::~Inhibiteur() {
   const std::lock_guard tour(liaison_->garde);
   liaison_->proprietaire = nullptr;
 }
 
-bool Veille::BusMuet() const {
+bool Inhibiteur::BusMuet() const {
   const std::lock_guard tour(liaison_->garde);
   return liaison_->enCours;
 }
 
-void Veille::Empecher(bool voulu, const std::string &raison) {
+void Inhibiteur::Empecher(bool voulu, const std::string &raison) {
   if (voulu == voulu_) return;
   voulu_ = voulu;
   raison_ = raison;
@@ -42,7 +42,7 @@ void Veille::Empecher(bool voulu, const std::string &raison) {
 }
 
 // A bus that has hung holds back whoever connects to it, and a pick must not wait: a thread does it.
-void Veille::Relier() {
+void Inhibiteur::Relier() {
   demandee_ = true;
   {
     const std::lock_guard tour(liaison_->garde);
@@ -56,13 +56,13 @@ void Veille::Relier() {
     }
     const std::lock_guard tour(liaison->garde);
     liaison->enCours = false;
-    if (Veille *moi = liaison->proprietaire)
+    if (Inhibiteur *moi = liaison->proprietaire)
       QMetaObject::invokeMethod(
           &moi->vivante_, [moi, bus] { moi->Demander(bus); }, Qt::QueuedConnection);
   }).detach();
 }
 
-void Veille::Demander(const QDBusConnection &bus) {
+void Inhibiteur::Demander(const QDBusConnection &bus) {
   if (!voulu_ || !bus.isConnected()) {
     demandee_ = false;
     return;
