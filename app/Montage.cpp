@@ -4,6 +4,9 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "commands/CommandesProgramme.h"
+#include "commands/RepriseProjet.h"
+#include "events/Evenements.h"
 #include "kit/Attente.h"
 #include "kit/BullesInfo.h"
 #include "kit/FenetreLigne.h"
@@ -14,11 +17,8 @@
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
 #include "mainwindow/CompositionFenetre.h"
-#include "mainwindow/Evenements.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "saved/Journal.h"
-#include "saved/RepriseProjet.h"
-#include "weaving/CommandesProgramme.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/Journal.h"
 
 namespace {
 void Demarrer() {
@@ -44,7 +44,8 @@ void NoterLigne(EvenementLigne evenement) {
     case EvenementLigne::Ouverte:
       return Noter(port + Selon("ligne ouverte", "line opened"));
     case EvenementLigne::Attendue:
-      return Noter(port + Selon("ligne ouverte, le câble manque encore", "line opened, the cable is still out"));
+      return Noter(port +
+                   Selon("ligne ouverte, le câble manque encore", "line opened, the cable is still out"));
     case EvenementLigne::Coupee:
       return Noter(port + Selon("ligne coupée", "line gone"));
     case EvenementLigne::Revenue:

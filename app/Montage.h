@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 #include "platform/qt/PlateformeQt.h"
 
 // Every window of the system, the main window first: the others lie above it.

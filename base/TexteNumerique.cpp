@@ -85,7 +85,8 @@ double Val(std::string_view texte) {
 std::string Str(double nombre) {
   // Not printf, which writes the comma of a French desktop: the reader of numbers knows the period alone.
   char tampon[40];
-  const auto fin = std::to_chars(tampon, tampon + sizeof tampon, std::fabs(nombre), std::chars_format::general, 15);
+  const auto fin =
+      std::to_chars(tampon, tampon + sizeof tampon, std::fabs(nombre), std::chars_format::general, 15);
   std::string texte = Majuscules(std::string_view(tampon, static_cast<std::size_t>(fin.ptr - tampon)));
   if (texte.rfind("0.", 0) == 0) texte.erase(0, 1);
   return (std::signbit(nombre) && nombre != 0 ? "-" : " ") + texte;

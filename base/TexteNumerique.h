@@ -10,8 +10,8 @@
 // exponent E with digits; 0 where there is none. Beyond the range of a double: infinity.
 double Val(std::string_view texte);
 
-// Decimal text with a blank in the sign's place for 0 and above, up to 15 significant digits; a period in every
-// locale.
+// Decimal text with a blank in the sign's place for 0 and above, up to 15 significant digits; a period in
+// every locale.
 std::string Str(double nombre);
 std::string Str(int nombre);
 

@@ -1,13 +1,13 @@
 // Measurements of the rooms without a screen.
 #include <benchmark/benchmark.h>
 
+#include "commands/RepriseProjet.h"
 #include "display/GrilleDuites.h"
 #include "mainwindow/FacesCommandes.h"
 #include "pattern/LecteurLiftplan.h"
 #include "pattern/MatriceLames.h"
-#include "saved/RepriseProjet.h"
+#include "session/Commandes.h"
 #include "tests/Banc.h"
-#include "weaving/Commandes.h"
 #include "weaving/EcouteMetier.h"
 #include "weaving/PlansTissage.h"
 

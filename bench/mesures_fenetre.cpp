@@ -16,12 +16,12 @@
 #include <thread>
 #include <vector>
 
+#include "commands/CommandesProgramme.h"
+#include "events/Evenements.h"
 #include "kit/ModuleTransparence.h"
 #include "mainwindow/CompositionFenetre.h"
-#include "mainwindow/Evenements.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/qt/PlateformeQt.h"
-#include "weaving/CommandesProgramme.h"
+#include "session/FenetreTissagePrincipale.h"
 #include "weaving/EcouteMetier.h"
 
 namespace {

@@ -1,11 +1,13 @@
 #include "display/GrilleDuites.h"
 
 #include "loom/TramesDuite.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "pattern/MatriceLames.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 constexpr int kRangees = 20, kRangeeCourante = 11, kDerniereColonneNoire = 24;
+// The cells on the ground, twips.
+constexpr int kGauche = 30, kHaut = 45, kPasColonne = 240, kPasRangee = 225, kLargeur = 225, kHauteur = 210;
 
 void CacherRangee(int rangee) {
   for (int j = 1; j <= kLames; ++j) fenetre.PicPourTissage.PicPourImage[rangee][j].Visible = false;
@@ -45,8 +47,9 @@ int DuiteApresHaut(Entier p, int distance) {
   return q < 1 ? q + session.NombreDuites : q;
 }
 
-// The steps both layouts share up to the drawing; false when there is nothing to draw.
-bool PreparerDessin() {
+// The steps both layouts share before they draw: the draft is emptied and, while weaving, the pick goes over
+// the line. False when there is nothing to draw.
+bool ViderPuisEnvoyer() {
   ViderGrille();
   if (session.NombreDuites == 0) return false;
   if (fenetre.TissageEnCours) EnvoyerDuite();
@@ -59,7 +62,7 @@ void AfficherDuites(const Entier &duite) {
     AfficherDuitesHaut();
     return;
   }
-  if (!PreparerDessin()) return;
+  if (!ViderPuisEnvoyer()) return;
   for (int r = 1; r <= kRangees; ++r) {
     const int distance = r - kRangeeCourante;
     DessinerRangee(r, distance < 0   ? DuiteApres(duite, -distance)
@@ -69,7 +72,7 @@ void AfficherDuites(const Entier &duite) {
 }
 
 void AfficherDuitesHaut() {
-  if (!PreparerDessin()) return;
+  if (!ViderPuisEnvoyer()) return;
   const Entier p = session.DuiteCourante;
   for (int r = 1; r <= kRangees; ++r) {
     const int distance = r - kRangeeCourante;
@@ -100,8 +103,14 @@ void PreparerGrille() {
 
 void InitialiserCases() {
   for (int r = 1; r <= kRangees; ++r)
-    for (int j = 1; j <= kDerniereColonneNoire; ++j)
-      fenetre.PicPourTissage.PicPourImage[r][j].Picture = r == kRangeeCourante ? ImageCase::Rouge : ImageCase::Noir;
+    for (int j = 1; j <= kLames; ++j) {
+      CaseDuite &c = fenetre.PicPourTissage.PicPourImage[r][j];
+      c.Left = kGauche + kPasColonne * (j - 1);
+      c.Top = kHaut + kPasRangee * (r - 1);
+      c.Width = kLargeur;
+      c.Height = kHauteur;
+      if (j <= kDerniereColonneNoire) c.Picture = r == kRangeeCourante ? ImageCase::Rouge : ImageCase::Noir;
+    }
 }
 
 void CacherBitsEnvoi() {

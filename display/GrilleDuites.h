@@ -18,7 +18,7 @@ void ViderGrille();
 // Hides the same cells, empties the labels from NombreLamesGrille to 20 and LblNombreLigne; a failure inside
 // is passed over.
 void PreparerGrille();
-// Gives the cells their pictures: black in columns 1 to 24, red on row 11, white boxes behind.
+// Gives the cells their places and pictures: black in columns 1 to 24, red on row 11, white boxes behind.
 void InitialiserCases();
 void CacherBitsEnvoi();
 

@@ -1,9 +1,9 @@
 #include "display/Voyants.h"
 
 #include "base/TexteNumerique.h"
-#include "kit/Palette.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/Commandes.h"
+#include "controls/Palette.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 constexpr int kHauteurSurvol = kHauteurBouton + kGonflement;  // twips

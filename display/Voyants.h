@@ -3,8 +3,8 @@
 
 #include "base/Entier.h"
 
-// Sets and paints the lamp of one button, 0..21. A button that is neither at rest nor hovered in its height gets no
-// lamp. Fails with 9 on another index.
+// Sets and paints the lamp of one button, 0..21. A button that is neither at rest nor hovered in its height
+// gets no lamp. Fails with 9 on another index.
 void ChangerVoyant(Entier index, bool etat);
 
 void EteindreVoyantsMode();  // 4, 5 and 17 off

@@ -2,7 +2,7 @@
 // matrix are built. Loaded once at its first touch; after that it is only shown and hidden.
 #pragma once
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 struct Attente : Fenetre {
   Attente();

@@ -4,9 +4,9 @@
 
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/Plateforme.h"
-#include "weaving/ModuleTissage.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/ModuleTissage.h"
 
 BulleInfoBasGauche bulleInfoBasGauche;
 BulleInfoHautDroit bulleInfoHautDroit;

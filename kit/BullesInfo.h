@@ -5,7 +5,7 @@
 
 #include "base/Entier.h"
 #include "base/Table.h"
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 #include "kit/TextesBulles.h"
 
 struct BulleInfo : Fenetre {
@@ -59,5 +59,6 @@ void FermerBulles();
 
 // The status line: the text of a control, in the language in force.
 void EcrireRemarque(const Controle &controle, Paire texte);
-// After a command: the text of a control that has gone goes too, that of one that stands changes its language.
+// After a command: the text of a control that has gone goes too, that of one that stands changes its
+// language.
 void AccorderRemarque();

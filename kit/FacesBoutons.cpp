@@ -3,9 +3,9 @@
 #include <utility>
 
 #include "base/TexteNumerique.h"
+#include "controls/Palette.h"
 #include "kit/FondFenetre.h"
-#include "kit/Palette.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
 
 namespace {
 constexpr int kCoin = 8;

@@ -1,10 +1,10 @@
 #include "kit/FenetreLigne.h"
 
+#include "controls/Palette.h"
 #include "kit/FondFenetre.h"
-#include "kit/Palette.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/Plateforme.h"
-#include "weaving/ModuleTissage.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/ModuleTissage.h"
 
 FenetreLigne fenetreLigne;
 

@@ -2,7 +2,7 @@
 // takes neither the keyboard nor the pointer, and goes by itself.
 #pragma once
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 struct FenetreLigne : Fenetre {
   FenetreLigne();

@@ -3,10 +3,10 @@
 #include "base/TexteNumerique.h"
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/Plateforme.h"
-#include "saved/Journal.h"
-#include "weaving/ModuleTissage.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/Journal.h"
+#include "session/ModuleTissage.h"
 
 FenetreMessage fenetreMessage;
 

@@ -1,7 +1,7 @@
 // The large modal window with the picture heading, raised for a pattern file without lift plan.
 #pragma once
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 struct FenetreMessage : Fenetre {
   FenetreMessage();

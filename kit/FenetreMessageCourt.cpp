@@ -6,8 +6,8 @@
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
 #include "platform/Plateforme.h"
-#include "saved/Journal.h"
-#include "weaving/ModuleTissage.h"
+#include "session/Journal.h"
+#include "session/ModuleTissage.h"
 
 FenetreMessageCourt fenetreMessageCourt;
 

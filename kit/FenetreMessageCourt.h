@@ -3,7 +3,7 @@
 
 #include "base/ErreurExecution.h"
 #include "base/Table.h"
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 struct FenetreMessageCourt : Fenetre {
   FenetreMessageCourt();

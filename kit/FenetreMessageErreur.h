@@ -4,7 +4,7 @@
 #pragma once
 
 #include "base/Table.h"
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 struct FenetreMessageErreur : Fenetre {
   FenetreMessageErreur();

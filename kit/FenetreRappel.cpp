@@ -3,7 +3,7 @@
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
 #include "platform/Plateforme.h"
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 FenetreRappel fenetreRappel;
 

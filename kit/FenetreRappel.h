@@ -3,8 +3,8 @@
 #pragma once
 
 #include "base/Table.h"
-#include "kit/Controles.h"
-#include "saved/Journal.h"
+#include "controls/Controles.h"
+#include "session/Journal.h"
 
 struct FenetreRappel : Fenetre {
   FenetreRappel();

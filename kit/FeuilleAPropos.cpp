@@ -1,14 +1,14 @@
 #include "kit/FeuilleAPropos.h"
 
 #include "base/TexteNumerique.h"
+#include "controls/Palette.h"
 #include "kit/Fabricant.h"
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
-#include "kit/Palette.h"
 #include "kit/ProcedureConnexe.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/Plateforme.h"
-#include "weaving/ModuleTissage.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/ModuleTissage.h"
 
 FeuilleAPropos feuilleAPropos;
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "base/Table.h"
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 struct FeuilleAPropos : Fenetre {
   FeuilleAPropos();

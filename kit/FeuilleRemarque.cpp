@@ -1,13 +1,13 @@
 #include "kit/FeuilleRemarque.h"
 
 #include "base/TexteNumerique.h"
+#include "controls/Palette.h"
 #include "kit/Attente.h"
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
-#include "kit/Palette.h"
 #include "platform/Plateforme.h"
-#include "saved/Journal.h"
-#include "weaving/ModuleTissage.h"
+#include "session/Journal.h"
+#include "session/ModuleTissage.h"
 
 FeuilleRemarque feuilleRemarque;
 

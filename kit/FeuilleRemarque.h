@@ -2,13 +2,13 @@
 #pragma once
 
 #include "base/Table.h"
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 struct FeuilleRemarque : Fenetre {
   FeuilleRemarque();
   void Visiter(Visiteur &v) override;
-  // Takes LignesRemarque, NombreLignesRemarque and DelaiRemarque of the session. Fails with 9 on a count above
-  // 8, and with 6 on one so far below 0 that its height leaves 16 bits.
+  // Takes LignesRemarque, NombreLignesRemarque and DelaiRemarque of the session. Fails with 9 on a count
+  // above 8, and with 6 on one so far below 0 that its height leaves 16 bits.
   void Load() override;
 
   BoitePicture Picture2;

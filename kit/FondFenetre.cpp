@@ -6,9 +6,9 @@
 #include <utility>
 
 #include "base/TexteNumerique.h"
-#include "kit/Palette.h"
+#include "controls/Palette.h"
 #include "platform/Plateforme.h"
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 ReglagesPeinture reglages;
 
@@ -178,7 +178,8 @@ void ArrondirCoins(Surface &cible, int rayon, Couleur bord, Couleur dedans) {
       const double ecart = std::hypot(rayon - x, rayon - y) - rayon;
       if (ecart < -1.5) continue;
       const Couleur c = ecart > 0.5 ? Palette::CleMagenta : ecart > -0.5 ? bord : dedans;
-      for (const auto &[u, v] : {std::pair{x, y}, {d - x, y}, {x, b - y}, {d - x, b - y}}) cible.PSet(u, v, c);
+      for (const auto &[u, v] : {std::pair{x, y}, {d - x, y}, {x, b - y}, {d - x, b - y}})
+        cible.PSet(u, v, c);
     }
 }
 

@@ -7,7 +7,7 @@
 
 #include "base/Entier.h"
 #include "base/Table.h"
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 // Working values of one paint at a time, set by the routine or the caller that needs them.
 struct ReglagesPeinture {
@@ -60,8 +60,8 @@ void PeindreFondPanneauTitre(Surface &cible, const std::string &titre, Couleur f
 void PeindreFondInformation(Surface &cible);
 void PeindreCadreInformation(Surface &cible, Entier gauche, Entier haut, Entier largeur, Entier hauteur);
 void PeindreCadreRemarque(Surface &cible, Entier gauche, Entier haut, Entier largeur, Entier hauteur);
-// Rounds the corners of a framed window: its two outer lines follow them, and what lies outside takes a colour
-// that no window has, for the outline.
+// Rounds the corners of a framed window: its two outer lines follow them, and what lies outside takes a
+// colour that no window has, for the outline.
 void ArrondirCoins(Surface &cible, int rayon, Couleur bord, Couleur dedans);
 // The gradient of `reglages`, from row 200 down, or over all columns.
 void PeindreDegrade();

@@ -1,7 +1,7 @@
 // Window outlines taken from pictures.
 #pragma once
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 // The runs of pixels that differ from the top left one. The last column always counts as transparent, and
 // rows are never merged. Empty when no pixel is opaque. Shows its percent in Attente when that is visible.

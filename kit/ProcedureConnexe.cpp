@@ -1,7 +1,7 @@
 #include "kit/ProcedureConnexe.h"
 
 #include "platform/Plateforme.h"
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 NotificationIcone notificationIcone;
 int ActionIcone = 0;
@@ -54,4 +54,9 @@ void BasculerIconeNotification(Fenetre &fenetre, const std::string &texte, Entie
   IconeActive = plateforme().IconeNotification(ActionIcone, notificationIcone.Bulle);
   // Where nothing can hold the icon, nothing could bring a hidden window back: it is only minimised.
   if (cacher != 0 && IconeActive == 0) fenetre.Visible = true;
+}
+
+int FiltreTouchesNumeriques(int code) {
+  if ((code >= '0' && code <= '9') || code == Touche::Retour || code == '.') return code;
+  return code == ',' ? '.' : 0;
 }

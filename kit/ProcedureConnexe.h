@@ -1,7 +1,8 @@
-// Placing of windows and controls, the pressed look of buttons, and the notification icon.
+// Placing of windows and controls, the pressed look of buttons, the notification icon, and the keys of number
+// fields.
 #pragma once
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 // Middle of the screen's available area.
 void CentrerFenetreEcran(Fenetre &fenetre);
@@ -29,3 +30,7 @@ extern Entier IconeActive;  // 1 when the last call worked
 // `cacher` not 0 adds the icon and hides the window, which stays where no icon can be had; 0 removes it and
 // puts the window back to its normal state.
 void BasculerIconeNotification(Fenetre &fenetre, const std::string &texte, Entier cacher);
+
+// The key filter of the number fields: digits, backspace and the period pass, a comma becomes a period; 0 for
+// any other key.
+int FiltreTouchesNumeriques(int code);

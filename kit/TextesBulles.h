@@ -2,8 +2,8 @@
 // the bubble on its six lines.
 #pragma once
 
-#include "kit/RangeeBulle.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
+#include "session/RangeeBulle.h"
 
 // Sources beyond the commands, which have their own index and their help in their own row.
 namespace SourceBulle {

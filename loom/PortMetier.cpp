@@ -3,8 +3,8 @@
 #include "base/TexteNumerique.h"
 #include "kit/FenetreMessageCourt.h"
 #include "loom/Protocoles.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 // An open port is no failure of opening; every other failure ends the procedure.

@@ -3,7 +3,7 @@
 #include "base/TexteNumerique.h"
 #include "pattern/ConversionsBases.h"
 #include "platform/Plateforme.h"
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 namespace {
 const std::string kExecuter24 =

@@ -3,8 +3,8 @@
 #include "base/TexteNumerique.h"
 #include "loom/PortMetier.h"
 #include "loom/Protocoles.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "saved/Journal.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/Journal.h"
 
 namespace {
 constexpr char kEsc = 27;

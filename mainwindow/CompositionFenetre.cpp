@@ -2,22 +2,22 @@
 
 #include <initializer_list>
 
+#include "controls/Palette.h"
 #include "display/GrilleDuites.h"
 #include "display/Voyants.h"
 #include "kit/Attente.h"
 #include "kit/FenetreMessageCourt.h"
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
-#include "kit/Palette.h"
 #include "kit/ProcedureConnexe.h"
 #include "kit/TextesBulles.h"
 #include "mainwindow/FacesCommandes.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "mainwindow/JeuxBoutons.h"
 #include "mainwindow/PanneauConfiguration.h"
 #include "mainwindow/PanneauDiagnostic.h"
 #include "saved/FichierConfiguration.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 #include "weaving/PlansTissage.h"
 #include "weaving/SequenceurDuites.h"
 

@@ -1,10 +1,10 @@
 #include "mainwindow/FacesCommandes.h"
 
+#include "controls/Palette.h"
 #include "display/Voyants.h"
 #include "kit/FondFenetre.h"
-#include "kit/Palette.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 void PeindreDessin(Surface &face, const FicheCommande &c) {

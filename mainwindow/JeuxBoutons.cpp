@@ -1,7 +1,7 @@
 #include "mainwindow/JeuxBoutons.h"
 
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 void Voir(JeuBoutons jeu, bool visibles) {

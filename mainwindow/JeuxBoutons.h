@@ -1,4 +1,4 @@
-// The sets of buttons of the main window that are shown and hidden together; each row of weaving/Commandes.h
+// The sets of buttons of the main window that are shown and hidden together; each row of session/Commandes.h
 // names its own.
 #pragma once
 

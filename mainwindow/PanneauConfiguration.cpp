@@ -3,16 +3,16 @@
 #include <array>
 #include <filesystem>
 
+#include "base/TexteDate.h"
 #include "base/TexteNumerique.h"
 #include "display/GrilleDuites.h"
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "mainwindow/PanneauDiagnostic.h"
-#include "mainwindow/TexteDate.h"
 #include "pattern/LecteurLiftplan.h"
 #include "pattern/LignesFichier.h"
 #include "pattern/MatriceLames.h"
+#include "session/FenetreTissagePrincipale.h"
 #include "weaving/PlansTissage.h"
 #include "weaving/SequenceurDuites.h"
 

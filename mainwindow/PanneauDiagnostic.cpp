@@ -3,8 +3,8 @@
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
 #include "mainwindow/FacesCommandes.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 void AdapterBande(bool boites17a24, int largeur) {

@@ -6,7 +6,7 @@
 #include <cstdio>
 
 #include "base/TexteNumerique.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 const std::string kChiffres = "0123456789ABCDEF";

@@ -8,8 +8,8 @@
 #include "display/GrilleDuites.h"
 #include "kit/FenetreMessage.h"
 #include "kit/FenetreMessageCourt.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "pattern/LignesFichier.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 // The two readers differ in what they do with a kept line and with a blank one.

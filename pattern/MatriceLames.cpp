@@ -5,7 +5,7 @@
 #include "base/Table.h"
 #include "base/TexteNumerique.h"
 #include "kit/Attente.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 void MarquerLame(Entier duite, double nombre) {

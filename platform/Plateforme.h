@@ -4,8 +4,8 @@
 
 #include <string>
 
-#include "kit/Controles.h"
-#include "loom/PortSerie.h"
+#include "controls/Controles.h"
+#include "platform/PortSerie.h"
 
 // The file-open dialog. FileName goes in with the folder and a wildcard, and comes out with the chosen path.
 struct DialogueFichier {
@@ -48,8 +48,8 @@ class Plateforme {
   // A question with Retry and Cancel; true for Retry.
   virtual bool DemanderReprise(const std::string &texte) = 0;
 
-  // Pushes what was written to the journal onto the disk, without waiting for it. The descriptor may be closed
-  // at once. A push that still waits for its turn takes with it what was written meanwhile.
+  // Pushes what was written to the journal onto the disk, without waiting for it. The descriptor may be
+  // closed at once. A push that still waits for its turn takes with it what was written meanwhile.
   virtual void PousserSurDisque(int descripteur) = 0;
   // Whole days since 30 December 1899.
   virtual double Aujourdhui() = 0;

@@ -1,7 +1,7 @@
 #include "saved/FichierConfiguration.h"
 
 #include "kit/FenetreMessageCourt.h"
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 namespace {
 constexpr const char *kNomFichier = "Configuration.Con";

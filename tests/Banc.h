@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "commands/CommandesProgramme.h"
+#include "events/Evenements.h"
 #include "kit/Attente.h"
 #include "kit/BullesInfo.h"
 #include "kit/FenetreMessage.h"
@@ -23,9 +25,7 @@
 #include "kit/FeuilleRemarque.h"
 #include "kit/FondFenetre.h"
 #include "mainwindow/CompositionFenetre.h"
-#include "mainwindow/Evenements.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/CommandesProgramme.h"
+#include "session/FenetreTissagePrincipale.h"
 
 using V = std::vector<std::string>;
 

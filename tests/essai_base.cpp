@@ -3,8 +3,8 @@
 #include <limits>
 
 #include "base/Table.h"
+#include "base/TexteDate.h"
 #include "base/TexteNumerique.h"
-#include "mainwindow/TexteDate.h"
 #include "tests/Banc.h"
 
 TEST(Base, EntierFailsOnEveryWayOutOf16Bits) {

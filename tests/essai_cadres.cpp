@@ -7,6 +7,8 @@
 #include <filesystem>
 
 #include "app/Montage.h"
+#include "commands/CommandesProgramme.h"
+#include "events/EvenementsFenetre.h"
 #include "kit/Attente.h"
 #include "kit/BullesInfo.h"
 #include "kit/FenetreMessage.h"
@@ -16,9 +18,7 @@
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
 #include "kit/FondFenetre.h"
-#include "mainwindow/EvenementsFenetre.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/CommandesProgramme.h"
+#include "session/FenetreTissagePrincipale.h"
 
 extern "C" __attribute__((weak)) std::size_t __sanitizer_get_current_allocated_bytes();  // ASan
 

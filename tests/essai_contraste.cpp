@@ -9,11 +9,11 @@
 #include <iostream>
 #include <map>
 
+#include "app/vues/Vues.h"
+#include "controls/Palette.h"
 #include "kit/FeuilleAPropos.h"
-#include "kit/Palette.h"
 #include "platform/qt/StyleChamps.h"
 #include "platform/qt/TexteNatif.h"
-#include "app/vues/Vues.h"
 
 namespace {
 constexpr double kContraste = 4.5;

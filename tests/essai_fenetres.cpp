@@ -1,10 +1,10 @@
 // The windows that speak, the help, outlines and painters.
 #include "Banc.h"
 #include "display/Voyants.h"
+#include "events/EvenementsSurvol.h"
 #include "kit/BullesInfo.h"
 #include "kit/Fabricant.h"
 #include "kit/ModuleTransparence.h"
-#include "mainwindow/EvenementsSurvol.h"
 #include "mainwindow/PanneauDiagnostic.h"
 
 namespace {

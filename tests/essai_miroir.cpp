@@ -17,11 +17,11 @@
 #include <filesystem>
 #include <random>
 
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "platform/qt/StyleChamps.h"
-#include "platform/qt/PlateformeQt.h"
-#include "platform/qt/TexteNatif.h"
 #include "platform/qt/Peints.h"
+#include "platform/qt/PlateformeQt.h"
+#include "platform/qt/StyleChamps.h"
+#include "platform/qt/TexteNatif.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 struct FenetreEssai : Fenetre {
@@ -126,7 +126,9 @@ void EssaiMiroir::Melanger(std::mt19937 &hasard) {
   f.Choix.Text = texte();
   f.Nombre.Text = texte();
   f.Coche.Value = de(0, 1) != 0;
-  f.Grille.PicPourImage[de(1, 20)][de(1, 32)] = {de(0, 1) != 0, static_cast<ImageCase>(de(0, 2))};
+  CaseDuite &c = f.Grille.PicPourImage[de(1, 20)][de(1, 32)];
+  c.Visible = de(0, 1) != 0;
+  c.Picture = static_cast<ImageCase>(de(0, 2));
   f.Caption = texte();
   f.Left = de(0, 3000);
   if (de(0, 19) == 0) f.Contour = de(0, 1) ? Region{{0, 0, 40}, {1, 5, 30}, {1, 30, 35}} : Region{};
@@ -392,7 +394,7 @@ TEST_F(EssaiMiroir, AModalWindowHoldsItsProcedureButNotTheTimers) {
 TEST_F(EssaiMiroir, PixelsAreThoseOfTheData) {
   f.Bouton.Dessin.Refaire(40, 29, Rgb(9, 8, 7));
   f.Grille.Dessin.Refaire(515, 320, Rgb(250, 250, 240));
-  f.Grille.PicPourImage[11][24] = {true, ImageCase::Rouge};
+  f.Grille.PicPourImage[11][24] = {5550, 2295, 225, 210, true, ImageCase::Rouge};
   miroir().Refleter();
   auto pixel = [&](const Controle &c, int x, int y) {
     return Natif(f)->grab().toImage().pixelColor(Natif(c)->mapTo(Natif(f), QPoint(x, y))).name();

@@ -3,8 +3,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "commands/RepriseProjet.h"
 #include "saved/FichierConfiguration.h"
-#include "saved/RepriseProjet.h"
 #include "tests/Banc.h"
 #include "tests/Pannes.h"
 

@@ -3,7 +3,6 @@
 #include <poll.h>
 #include <stdlib.h>
 #include <sys/stat.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
@@ -110,11 +109,12 @@ TEST_F(EssaiPortSerie, UnusablePortsAre8002) {
   std::ofstream(Ports() / "com2") << "not a device";
   fs::create_symlink("/dev/null", Ports() / "com3");
   fs::create_symlink("nowhere", Ports() / "com4");
-  for (const auto &[com, raison] : std::map<int, std::string>{{2, "this is not a serial line."},
-                                                              {3, "COM 3 (/dev/null): this is not a serial line."},
-                                                              {4, "COM 4: no such port; is the cable plugged in?"},
-                                                              {99, "COM 99: no such port; is the cable plugged in?"},
-                                                              {0, "no such port; is the cable plugged in?"}}) {
+  for (const auto &[com, raison] :
+       std::map<int, std::string>{{2, "this is not a serial line."},
+                                  {3, "COM 3 (/dev/null): this is not a serial line."},
+                                  {4, "COM 4: no such port; is the cable plugged in?"},
+                                  {99, "COM 99: no such port; is the cable plugged in?"},
+                                  {0, "no such port; is the cable plugged in?"}}) {
     EXPECT_EQ(numeroOuverture(com), Erreur::PortInutilisable) << com;
     EXPECT_FALSE(port.PortOpen()) << com;
     EXPECT_TRUE(port.RaisonRefus().ends_with(raison)) << port.RaisonRefus();

@@ -7,8 +7,8 @@
 #include <chrono>
 #include <random>
 
+#include "commands/RepriseProjet.h"
 #include "saved/FichierConfiguration.h"
-#include "saved/RepriseProjet.h"
 #include "tests/Banc.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // A weaver's session, command by command: what stands on the window and what goes over the line.
 #include "mainwindow/PanneauConfiguration.h"
-#include "saved/Journal.h"
+#include "session/Journal.h"
 #include "tests/Banc.h"
 
 namespace fs = std::filesystem;

@@ -1,6 +1,6 @@
 // The line to the loom: port, frames, listener, solenoid tests, diagnostics.
 #include "base/TexteNumerique.h"
-#include "loom/DiagnosticPort.h"
+#include "diagnostics/DiagnosticPort.h"
 #include "loom/PortMetier.h"
 #include "tests/Banc.h"
 #include "weaving/SequenceurDuites.h"

@@ -19,8 +19,8 @@
 #include "app/Montage.h"
 #include "kit/FenetreLigne.h"
 #include "kit/FenetreMessageCourt.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/qt/StyleChamps.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 struct Chercheur : Visiteur {

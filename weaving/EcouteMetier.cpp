@@ -2,8 +2,8 @@
 
 #include "kit/FenetreMessageCourt.h"
 #include "loom/Protocoles.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "saved/Journal.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/Journal.h"
 #include "weaving/SequenceurDuites.h"
 
 namespace {

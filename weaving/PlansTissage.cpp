@@ -1,8 +1,8 @@
 #include "weaving/PlansTissage.h"
 
 #include "base/TexteNumerique.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "pattern/MatriceLames.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 constexpr int kDuitesToile = 40;

@@ -3,8 +3,9 @@
 #include "base/TexteNumerique.h"
 #include "display/GrilleDuites.h"
 #include "display/Voyants.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/Commandes.h"
+#include "kit/ProcedureConnexe.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 // Twips to the nearest pixel, for a place inside a face.
@@ -13,7 +14,8 @@ int EnPixels(int twips) { return (2 * twips + kTwipsParPixel) / (2 * kTwipsParPi
 // Place in twips.
 void PeindreDessin(int bouton, const std::string &fichier, int x, int y) {
   const std::string chemin = session.CheminApplication + "Dessins Boutons/" + fichier;
-  fenetre.BoutonProgramme[bouton].Dessin.PaintPicture(plateforme().LoadPicture(chemin), EnPixels(x), EnPixels(y));
+  fenetre.BoutonProgramme[bouton].Dessin.PaintPicture(plateforme().LoadPicture(chemin), EnPixels(x),
+                                                      EnPixels(y));
 }
 }  // namespace
 
@@ -25,7 +27,8 @@ void DuiteSuivante() {
   ++session.DuiteCourante;
   if (session.DuiteCourante > session.NombreDuites) session.DuiteCourante = 1;
   AfficherDuites(session.DuiteCourante);
-  if (!fenetre.BoutonProgramme[Commande::Enregistrer].Visible) fenetre.BoutonProgramme[Commande::Enregistrer].Visible = true;
+  if (!fenetre.BoutonProgramme[Commande::Enregistrer].Visible)
+    fenetre.BoutonProgramme[Commande::Enregistrer].Visible = true;
 }
 
 void DuitePrecedente() {
@@ -57,8 +60,3 @@ void FermerEntreeDuite() {
 }
 
 int TxtDuite_KeyPress(int code) { return FiltreTouchesNumeriques(code); }
-
-int FiltreTouchesNumeriques(int code) {
-  if ((code >= '0' && code <= '9') || code == Touche::Retour || code == '.') return code;
-  return code == ',' ? '.' : 0;
-}

@@ -18,7 +18,3 @@ void TxtDuite_KeyDown(int touche);
 int TxtDuite_KeyPress(int code);
 // Takes the pick entry away, its lamp off; nothing is taken.
 void FermerEntreeDuite();
-
-// The key filter of the number fields: digits, backspace and the period pass, a comma becomes a period; 0 for
-// any other key.
-int FiltreTouchesNumeriques(int code);

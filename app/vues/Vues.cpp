@@ -10,7 +10,10 @@
 
 #include "app/Montage.h"
 #include "base/TexteNumerique.h"
+#include "commands/CommandesProgramme.h"
 #include "display/Voyants.h"
+#include "events/EvenementsFenetre.h"
+#include "events/EvenementsSurvol.h"
 #include "kit/Attente.h"
 #include "kit/BullesInfo.h"
 #include "kit/FenetreLigne.h"
@@ -20,10 +23,7 @@
 #include "kit/FenetreRappel.h"
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
-#include "mainwindow/EvenementsFenetre.h"
-#include "mainwindow/EvenementsSurvol.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/CommandesProgramme.h"
+#include "session/FenetreTissagePrincipale.h"
 #include "weaving/SequenceurDuites.h"
 
 namespace fs = std::filesystem;

@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 #include "platform/qt/PlateformeQt.h"
 
 class Vues {

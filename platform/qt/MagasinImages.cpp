@@ -7,7 +7,7 @@
 #include <QtEndian>
 
 #include "base/ErreurExecution.h"
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 namespace {
 // The large pictures, which every start reads, are plain pixels: "P6", width and height, 255, then three

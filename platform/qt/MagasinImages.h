@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/Surface.h"
+#include "controls/Surface.h"
 
 class MagasinImages {
  public:

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 #include "platform/qt/FenetreNative.h"
 #include "platform/qt/Guichet.h"
 

@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 #include "platform/qt/Guichet.h"
 
 class Natif {

@@ -1,10 +1,11 @@
 // Boxes, pictures, labels, outlines and the draft.
 #include <QLabel>
+#include <algorithm>
 
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "platform/qt/Natif.h"
-#include "platform/qt/TexteNatif.h"
 #include "platform/qt/Peints.h"
+#include "platform/qt/TexteNatif.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 class NatifBoite : public Natif {
@@ -34,39 +35,51 @@ class NatifGrille : public NatifBoite {
   void RefleterGenre() override {
     NatifBoite::RefleterGenre();
     cases_.Suivre(guichet_, Releve(), [&](const PeintGrille::Cases &cases) {
-      if (!imagesLues_) LireImages();
+      const bool vide =
+          std::all_of(cases.begin(), cases.end(), [](auto c) { return c == PeintGrille::kCachee; });
+      if (!meublee_ && !vide) Meubler();
       grille_->Montrer(cases);
     });
   }
 
  private:
-  PeintGrille::Cases Releve() const {
+  // Each cell of the data with its rank in the tables of the widget.
+  template <class F>
+  void Parcourir(F &&f) const {
     const auto &grille = static_cast<const PanneauGrille &>(Natif::Donnee());
-    PeintGrille::Cases releve;
     std::size_t i = 0;
-    for (int r = 1; r <= PeintGrille::kRangees; ++r)
-      for (int j = 1; j <= PeintGrille::kColonnes; ++j) {
-        const CaseDuite &c = grille.PicPourImage[r][j];
-        releve[i++] = c.Visible ? static_cast<signed char>(c.Picture) : PeintGrille::kCachee;
-      }
+    for (int r = 1; r <= grille.PicPourImage.Dernier(); ++r)
+      for (int j = 1; j <= kLames; ++j) f(i++, grille.PicPourImage[r][j]);
+  }
+
+  PeintGrille::Cases Releve() const {
+    PeintGrille::Cases releve;
+    Parcourir([&](std::size_t i, const CaseDuite &c) {
+      releve[i] = c.Visible ? static_cast<signed char>(c.Picture) : PeintGrille::kCachee;
+    });
     return releve;
   }
 
-  void LireImages() {
+  void Meubler() {
+    PeintGrille::Places places;
+    Parcourir(
+        [&](std::size_t i, const CaseDuite &c) { places[i] = Pixels(c.Left, c.Top, c.Width, c.Height); });
     // In the order of ImageCase.
-    grille_->Images({guichet_.Images.Nommee("PicBlanc"), guichet_.Images.Nommee("PicNoir"),
-                     guichet_.Images.Nommee("PicRouge")});
-    imagesLues_ = true;
+    grille_->Meubler({guichet_.Images.Nommee("PicBlanc"), guichet_.Images.Nommee("PicNoir"),
+                      guichet_.Images.Nommee("PicRouge")},
+                     places);
+    meublee_ = true;
   }
 
   PeintGrille *grille_;
   Montre<PeintGrille::Cases> cases_;
-  bool imagesLues_ = false;
+  bool meublee_ = false;
 };
 
 class NatifImage : public Natif {
  public:
-  NatifImage(PeintImage *peint, Image &donnee, Guichet &guichet) : Natif(peint, donnee, guichet), peint_(peint) {}
+  NatifImage(PeintImage *peint, Image &donnee, Guichet &guichet)
+      : Natif(peint, donnee, guichet), peint_(peint) {}
 
  protected:
   void RefleterGenre() override {
@@ -82,7 +95,8 @@ class NatifImage : public Natif {
 
 class NatifForme : public Natif {
  public:
-  NatifForme(PeintForme *peint, Forme &donnee, Guichet &guichet) : Natif(peint, donnee, guichet), peint_(peint) {}
+  NatifForme(PeintForme *peint, Forme &donnee, Guichet &guichet)
+      : Natif(peint, donnee, guichet), peint_(peint) {}
 
  protected:
   void RefleterGenre() override {

@@ -10,7 +10,7 @@
 #include <QValidator>
 #include <algorithm>
 
-#include "kit/Palette.h"
+#include "controls/Palette.h"
 #include "platform/qt/Natif.h"
 #include "platform/qt/TexteNatif.h"
 
@@ -307,7 +307,8 @@ class CaseNative : public QCheckBox {
 
 class NatifCase : public Natif {
  public:
-  NatifCase(CaseNative *coche, CaseCochee &donnee, Guichet &guichet) : Natif(coche, donnee, guichet), case_(coche) {
+  NatifCase(CaseNative *coche, CaseCochee &donnee, Guichet &guichet)
+      : Natif(coche, donnee, guichet), case_(coche) {
     QObject::connect(coche, &QCheckBox::clicked, coche, [this](bool valeur) {
       guichet_.Passer([this, valeur] {
         auto &c = Donnee<CaseCochee>();
@@ -349,7 +350,8 @@ W *Champ(QWidget *parent) {
 
 std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Guichet &guichet) {
   if (donnee.genre() == Genre::Liste)
-    return std::make_unique<NatifListe>(Champ<ListeNative>(parent), static_cast<ListeChoix &>(donnee), guichet);
+    return std::make_unique<NatifListe>(Champ<ListeNative>(parent), static_cast<ListeChoix &>(donnee),
+                                        guichet);
   if (donnee.genre() == Genre::Case)
     return std::make_unique<NatifCase>(Champ<CaseNative>(parent), static_cast<CaseCochee &>(donnee), guichet);
   auto &zone = static_cast<ZoneTexte &>(donnee);

@@ -3,7 +3,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 
-#include "kit/Palette.h"
+#include "controls/Palette.h"
 #include "platform/qt/TexteNatif.h"
 
 namespace {
@@ -153,26 +153,22 @@ void PeintForme::Peindre(QPainter &p, const QRect &) {
   p.drawRect(QRectF(rect()).adjusted(demi, demi, -demi, -demi));
 }
 
-QRect PeintGrille::Place(int rangee, int colonne) {
-  return {(30 + 240 * (colonne - 1)) / kTwipsParPixel, (45 + 225 * (rangee - 1)) / kTwipsParPixel, 15, 14};
+void PeintGrille::Meubler(const std::array<QImage, kImages> &images, const Places &places) {
+  images_ = images;
+  places_ = places;
 }
 
 void PeintGrille::Montrer(const Cases &cases) {
   QRegion changees;
-  for (int i = 0; i < kRangees * kColonnes; ++i) {
-    const auto place = static_cast<std::size_t>(i);
-    if (cases[place] != cases_[place]) changees += Place(i / kColonnes + 1, i % kColonnes + 1);
-  }
+  for (std::size_t i = 0; i < kCases; ++i)
+    if (cases[i] != cases_[i]) changees += places_[i];
   cases_ = cases;
   update(changees);
 }
 
 void PeintGrille::Peindre(QPainter &p, const QRect &sale) {
   PeintDessin::Peindre(p, sale);
-  for (int i = 0; i < kRangees * kColonnes; ++i) {
-    const signed char rang = cases_[static_cast<std::size_t>(i)];
-    const QRect place = Place(i / kColonnes + 1, i % kColonnes + 1);
-    if (rang != kCachee && place.intersects(sale))
-      p.drawImage(place, images_[static_cast<std::size_t>(rang)]);
-  }
+  for (std::size_t i = 0; i < kCases; ++i)
+    if (cases_[i] != kCachee && places_[i].intersects(sale))
+      p.drawImage(places_[i], images_[static_cast<std::size_t>(cases_[i])]);
 }

@@ -8,7 +8,8 @@
 #include <array>
 #include <vector>
 
-#include "kit/Surface.h"
+#include "controls/Surface.h"
+#include "session/ModuleTissage.h"
 
 // The ring around what has the keyboard's focus.
 void PeindreAnneau(QPainter &p, const QRect &place);
@@ -46,7 +47,8 @@ class Peint : public AvecAnneau<QWidget> {
   virtual void Peindre(QPainter &, const QRect &) {}
 };
 
-// A text, with a dark rim of full strength round each letter or a dark plate behind it where that is asked for.
+// A text, with a dark rim of full strength round each letter or a dark plate behind it where that is asked
+// for.
 class PeintEtiquette : public AvecAnneau<QLabel> {
  public:
   using AvecAnneau::AvecAnneau;
@@ -105,25 +107,26 @@ class PeintForme : public Peint {
   int epaisseur_ = 1;
 };
 
-// The draft: a ground and the shown cells of 20 rows by 32 columns.
+// The draft: a ground and the shown cells.
 class PeintGrille : public PeintDessin {
  public:
-  static constexpr int kRangees = 20, kColonnes = 32, kImages = 3;
+  static constexpr std::size_t kCases = 20 * kLames, kImages = 3;
   static constexpr signed char kCachee = -1;
-  // Rank of each cell's picture, row after row.
-  using Cases = std::array<signed char, kRangees * kColonnes>;
+  // Rank of each cell's picture, and the place of each in pixels; row after row.
+  using Cases = std::array<signed char, kCases>;
+  using Places = std::array<QRect, kCases>;
 
   explicit PeintGrille(QWidget *parent) : PeintDessin(parent) { cases_.fill(kCachee); }
-  void Images(const std::array<QImage, kImages> &images) { images_ = images; }
+  // Before the first cell is shown.
+  void Meubler(const std::array<QImage, kImages> &images, const Places &places);
   // Repaints the cells that differ.
   void Montrer(const Cases &cases);
-  // Place of a cell in pixels; both count from 1.
-  static QRect Place(int rangee, int colonne);
 
  protected:
   void Peindre(QPainter &, const QRect &) override;
 
  private:
   Cases cases_;
+  Places places_;
   std::array<QImage, kImages> images_;
 };

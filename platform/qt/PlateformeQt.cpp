@@ -1,5 +1,8 @@
 #include "platform/qt/PlateformeQt.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QApplication>
 #include <QDate>
 #include <QDesktopServices>
@@ -11,9 +14,6 @@
 #include <QScreen>
 #include <QTimer>
 #include <QUrl>
-
-#include <fcntl.h>
-#include <unistd.h>
 
 #include "platform/qt/Rapport.h"
 #include "platform/qt/TexteNatif.h"

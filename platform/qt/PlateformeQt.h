@@ -77,7 +77,7 @@ class PlateformeQt : public Plateforme {
   std::unique_ptr<QSystemTrayIcon> icone_;
   QPointer<QScreen> ecran_;  // on which the window opened; its kept place is there
   std::atomic<bool> pousseeAttendue_ = false;
-  QThreadPool disque_;       // one thread, which waits for the disk in the place of the events
+  QThreadPool disque_;  // one thread, which waits for the disk in the place of the events
   bool terminee_ = false, finDehors_ = false;
   SuiviSession suivi_;
   Miroir miroir_;

@@ -21,7 +21,7 @@
 #include <map>
 #include <string>
 
-#include "loom/PortSerie.h"
+#include "platform/PortSerie.h"
 #include "platform/qt/Emission.h"
 
 enum class EvenementLigne {

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <fstream>
 
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 namespace fs = std::filesystem;
 

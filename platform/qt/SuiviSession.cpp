@@ -1,7 +1,7 @@
 #include "platform/qt/SuiviSession.h"
 
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/ModuleTissage.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/ModuleTissage.h"
 
 void SuiviSession::Suivre() {
   catalogue_.Suivre(session.LangueFrancaise);

@@ -2,7 +2,7 @@
 // in force, the machine stays awake while the loom is at work.
 #pragma once
 
-#include "loom/PortSerie.h"
+#include "platform/PortSerie.h"
 #include "platform/qt/Catalogue.h"
 #include "platform/qt/Inhibiteur.h"
 

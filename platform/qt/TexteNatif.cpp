@@ -60,7 +60,7 @@ QFont Fonte(const Police &police) {
   return fonte;
 }
 
-QRect Pixels(const Controle &c) {
+QRect Pixels(double gauche, double haut, double largeur, double hauteur) {
   auto pixel = [](double twips) { return static_cast<int>(std::lround(twips / kTwipsParPixel)); };
-  return {pixel(c.Left), pixel(c.Top), std::max(0, pixel(c.Width)), std::max(0, pixel(c.Height))};
+  return {pixel(gauche), pixel(haut), std::max(0, pixel(largeur)), std::max(0, pixel(hauteur))};
 }

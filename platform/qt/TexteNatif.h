@@ -7,7 +7,7 @@
 #include <QString>
 #include <string>
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 // Bytes are UTF-8, and Windows-1252 where they are not valid UTF-8. Line ends become LF.
 QString Texte(const std::string &octets);
@@ -25,5 +25,6 @@ inline QColor Teinte(Couleur c) { return QColor::fromRgb(c | 0xff000000u); }
 
 // Place and size, each rounded by itself: the size must be that of the surface painted for the control. Never
 // below 0.
-QRect Pixels(const Controle &c);
+QRect Pixels(double gauche, double haut, double largeur, double hauteur);
+inline QRect Pixels(const Controle &c) { return Pixels(c.Left, c.Top, c.Width, c.Height); }
 inline double Twips(double pixels) { return pixels * kTwipsParPixel; }

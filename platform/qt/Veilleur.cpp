@@ -83,7 +83,8 @@ void Veilleur::Presser(Natif &natif, const QMouseEvent &e) {
   }
   const QPointF place = natif.Widget()->mapFromGlobal(e.globalPosition());
   if (const auto presse = natif.Donnee().MouseDown)
-    guichet_.Passer([&, presse] { presse(static_cast<int>(e.button()), Twips(place.x()), Twips(place.y())); });
+    guichet_.Passer(
+        [&, presse] { presse(static_cast<int>(e.button()), Twips(place.x()), Twips(place.y())); });
 }
 
 void Veilleur::Relacher(Natif &natif, const QMouseEvent &e) {

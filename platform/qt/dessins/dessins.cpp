@@ -215,7 +215,8 @@ void Verifier(const QDir &assets, const QStringList &noms) {
   if (!manifeste.isEmpty())
     Echouer(manifeste.first().section(' ', 0, 0), "is in the manifest and has no source");
   for (const QString dossier : {"", "Dessins Boutons/"})
-    for (const QString &fichier : QDir(assets.filePath(dossier)).entryList({"*.png", "*.ppm", "*.bmp"}, QDir::Files))
+    for (const QString &fichier :
+         QDir(assets.filePath(dossier)).entryList({"*.png", "*.ppm", "*.bmp"}, QDir::Files))
       if (!images.contains(dossier + fichier)) Echouer(dossier + fichier, "has no source");
 }
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/Entier.h"
-#include "kit/Surface.h"
+#include "controls/Surface.h"
 
 enum class Genre { Boite, Image, Etiquette, Texte, Liste, Case, Forme, Fenetre };
 enum class Alignement { Gauche, Centre };
@@ -38,7 +38,7 @@ struct Controle {
   double Left = 0, Top = 0, Width = 0, Height = 0;
   bool Visible = true;
   int MousePointer = kPointeurDefaut;
-  std::string MouseIcon;      // picture of the custom pointer
+  std::string MouseIcon;  // picture of the custom pointer
   // Told to assistive tools, in the language in force: what it is, and the state it is in.
   std::string NomAccessible, DescriptionAccessible;
 

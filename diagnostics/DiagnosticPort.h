@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 
 // Writes once and closes, for diagnostics; Etat 0 while the port is not open, else 1. Leaves PortOuvert True.
 // Held in reserve, for whoever tries a port by hand.

@@ -1,12 +1,12 @@
-#include "loom/DiagnosticPort.h"
+#include "diagnostics/DiagnosticPort.h"
 
 #include <cerrno>
 
 #include "base/ErreurSysteme.h"
 #include "base/TexteNumerique.h"
 #include "kit/FenetreMessageCourt.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/SequenceurDuites.h"
+#include "kit/ProcedureConnexe.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 constexpr int kTerminalPlein = 16000, kTerminalCoupe = 4096;  // characters

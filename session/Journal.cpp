@@ -1,4 +1,4 @@
-#include "saved/Journal.h"
+#include "session/Journal.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "platform/Plateforme.h"
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 namespace {
 // How the lines begin that the next start reads back, in either language.

@@ -1,4 +1,4 @@
-#include "loom/EssaisSolenoides.h"
+#include "diagnostics/EssaisSolenoides.h"
 
 #include <string>
 
@@ -6,8 +6,8 @@
 #include "kit/FenetreMessageCourt.h"
 #include "loom/PortMetier.h"
 #include "loom/Protocoles.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 constexpr int kPeriodeTest = 1000;  // milliseconds

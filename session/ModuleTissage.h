@@ -48,13 +48,13 @@ struct Session {
   Table<std::string, kLignesWif> LignesWif;             // [0] is "[LIFTPLAN]", [n] the line of pick n
   Table<std::string, kLignesTravail> LignesTravail;     // the plan in force: key, "=", harnesses
   Table2<Entier, kLignesTravail, kLames> MatriceLames;  // (pick, harness) is 1 when it rises
-  Entier NombreDuites;            // lines of the plan in force, the wrap of the sequencer
-  Entier NombreDuitesWif;         // lines of the lift plan
-  double DateProjet = 0;          // days since 30 December 1899
-  Entier PortMetier;              // 1..4, 0 before the first configuration
-  Entier Etat;                    // result of the last step
-  std::string CheminApplication;  // the program's folder, with its separator
-  std::string MessageErreur;      // text of the last reported error
+  Entier NombreDuites;                         // lines of the plan in force, the wrap of the sequencer
+  Entier NombreDuitesWif;                      // lines of the lift plan
+  double DateProjet = 0;                       // days since 30 December 1899
+  Entier PortMetier;                           // 1..4, 0 before the first configuration
+  Entier Etat;                                 // result of the last step
+  std::string CheminApplication;               // the program's folder, with its separator
+  std::string MessageErreur;                   // text of the last reported error
   std::optional<Entier> DerniereDuiteEnvoyee;  // that went to the line in this process
   Entier IntervalleMessageCourt;  // milliseconds between ticks of the short message, 0 before the first
 

@@ -1,24 +1,24 @@
-#include "saved/RepriseProjet.h"
+#include "commands/RepriseProjet.h"
 
 #include <unistd.h>
 
 #include <cerrno>
 
 #include "base/ErreurSysteme.h"
+#include "base/TexteDate.h"
 #include "base/TexteNumerique.h"
 #include "display/GrilleDuites.h"
 #include "display/Voyants.h"
 #include "kit/FenetreMessageCourt.h"
 #include "kit/FeuilleRemarque.h"
 #include "loom/PortMetier.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "mainwindow/JeuxBoutons.h"
 #include "mainwindow/PanneauConfiguration.h"
-#include "mainwindow/TexteDate.h"
 #include "pattern/LecteurLiftplan.h"
 #include "saved/FichierConfiguration.h"
-#include "saved/Journal.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/Journal.h"
 #include "weaving/PlansTissage.h"
 
 namespace {

@@ -1,10 +1,10 @@
 // The 22 commands: one row of one table tells of each what it is called, how its button looks, where it
 // stands, when its lamp is lit, and what the help says. The procedure that a command runs stands in the
-// dispatcher, weaving/CommandesProgramme.cpp, above everything that it calls.
+// dispatcher, commands/CommandesProgramme.cpp, above everything that it calls.
 #pragma once
 
-#include "kit/RangeeBulle.h"
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
+#include "session/RangeeBulle.h"
 
 namespace Commande {
 // Index of the command's button and of its lamp.

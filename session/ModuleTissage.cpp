@@ -1,4 +1,4 @@
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 #include "platform/Plateforme.h"
 

@@ -1,7 +1,7 @@
 // One row of the help: its bubble, and what it says in each language.
 #pragma once
 
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 // The bubbles, by the corner in which the tail points.
 enum class CoinBulle { BasGauche, HautDroit, HautGauche, BasDroit };

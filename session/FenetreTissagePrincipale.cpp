@@ -1,7 +1,7 @@
-#include "mainwindow/FenetreTissagePrincipale.h"
+#include "session/FenetreTissagePrincipale.h"
 
-#include "kit/Palette.h"
-#include "weaving/Commandes.h"
+#include "controls/Palette.h"
+#include "session/Commandes.h"
 
 FenetreTissagePrincipale fenetre;
 

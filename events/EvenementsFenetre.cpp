@@ -1,18 +1,18 @@
-#include "mainwindow/EvenementsFenetre.h"
+#include "events/EvenementsFenetre.h"
 
 #include <initializer_list>
 
 #include "display/GrilleDuites.h"
+#include "events/EvenementsSurvol.h"
 #include "kit/BullesInfo.h"
 #include "kit/Fabricant.h"
 #include "kit/FeuilleAPropos.h"
 #include "kit/ProcedureConnexe.h"
 #include "mainwindow/CompositionFenetre.h"
-#include "mainwindow/EvenementsSurvol.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
 #include "mainwindow/JeuxBoutons.h"
 #include "pattern/LecteurLiftplan.h"
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 constexpr int kMinimisee = 1, kMaximisee = 2;

@@ -6,14 +6,15 @@
 
 #include "base/Entier.h"
 #include "base/Table.h"
-#include "kit/Controles.h"
+#include "controls/Controles.h"
 #include "platform/Plateforme.h"
-#include "weaving/ModuleTissage.h"
+#include "session/ModuleTissage.h"
 
 // Pictures of a draft cell.
 enum class ImageCase { Blanc, Noir, Rouge };
 
 struct CaseDuite {
+  double Left = 0, Top = 0, Width = 0, Height = 0;  // twips
   bool Visible = false;
   ImageCase Picture = ImageCase::Blanc;
   bool operator==(const CaseDuite &) const = default;
@@ -38,7 +39,7 @@ struct FenetreTissagePrincipale : Fenetre {
   BoitePicture Picture2;
   Image BarreDeplacement, LogoNor, BoutonAide, ImageMetier;
   BoitePicture PicTVCentre, UnInstant, Picture3;
-  Table<BoitePicture, 21> BoutonProgramme;  // weaving/Commandes.h tells what each is and where it stands
+  Table<BoitePicture, 21> BoutonProgramme;  // session/Commandes.h tells what each is and where it stands
   Table<Image, 2> Drapeau;                  // language flags 1 French, 2 English
   Forme ShDrapeau;
   Etiquette Label1, Label2, Remarque, LblCheminWif, LblDate, LblNombreLigne;
@@ -78,10 +79,10 @@ struct FenetreTissagePrincipale : Fenetre {
   Entier LameTest;  // solenoid under test, 1..24
   ::Drapeau TestInterrompu;
   ::Drapeau FormeAppliquee;
-  ::Drapeau TissageEnCours;     // a shown pick is also sent
+  ::Drapeau TissageEnCours;  // a shown pick is also sent
   ::Drapeau PatronCharge;
   ::Drapeau PortOuvert;
-  ::Drapeau DansLiftplan;                     // outlives a reading
+  ::Drapeau DansLiftplan;  // outlives a reading
   SourceRemarque Statut;
   double HautInitial = 0, GaucheInitial = 0;  // the kept, centred place of the window
   ::Drapeau EnDeplacement;

@@ -1,4 +1,4 @@
-#include "weaving/Commandes.h"
+#include "session/Commandes.h"
 
 #include <array>
 

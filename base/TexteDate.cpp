@@ -1,4 +1,4 @@
-#include "mainwindow/TexteDate.h"
+#include "base/TexteDate.h"
 
 #include <algorithm>
 #include <chrono>

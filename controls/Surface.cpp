@@ -1,4 +1,4 @@
-#include "kit/Surface.h"
+#include "controls/Surface.h"
 
 #include <algorithm>
 #include <cstdlib>

@@ -1,12 +1,12 @@
-#include "mainwindow/EvenementsSurvol.h"
+#include "events/EvenementsSurvol.h"
 
+#include "commands/CommandesProgramme.h"
 #include "display/Voyants.h"
 #include "kit/BullesInfo.h"
 #include "kit/FondFenetre.h"
 #include "mainwindow/CompositionFenetre.h"
-#include "mainwindow/FenetreTissagePrincipale.h"
-#include "weaving/Commandes.h"
-#include "weaving/CommandesProgramme.h"
+#include "session/Commandes.h"
+#include "session/FenetreTissagePrincipale.h"
 
 namespace {
 // The lamp on a face that was painted in another size.
@@ -55,9 +55,7 @@ void PicTVCentre_MouseMove() {
   EcrireRemarque(fenetre.PicTVCentre, {"Centre la fenêtre à l'écran", "Center the window on then desk top"});
 }
 
-void TxtVitessePortSerie_MouseMove() {
-  EcrireRemarque(fenetre.TxtVitessePortSerie, kIntervalle);
-}
+void TxtVitessePortSerie_MouseMove() { EcrireRemarque(fenetre.TxtVitessePortSerie, kIntervalle); }
 
 void Picture2_MouseMove() {
   fenetre.Picture2.MousePointer = kPointeurPerso;
