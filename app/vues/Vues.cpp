@@ -118,6 +118,7 @@ void Vues::VoirDebut() {
   Faire([] {
     fenetre.PicTVCentre.Visible = false;
     fenetre.BoutonProgramme[11].Visible = true;
+    AccorderRemarque();
   });
   Voir("un-instant", fenetre, [] { fenetre.UnInstant.Visible = true; });
   Faire([] { fenetre.UnInstant.Visible = false; });
