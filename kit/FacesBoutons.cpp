@@ -39,7 +39,8 @@ struct Face {
   // Grey at `x` columns and `y` rows from the nearest corner, which lies right or at the bottom or both.
   int Gris(int x, int y, bool droite, bool bas) const {
     const bool presDuHaut = y <= x;
-    const int gris = presDuHaut ? coin[y][std::min(x, kCoin - 1)] : Cote(x, bas ? kCoin + 1 : y);
+    const bool sansCreux = bas || (droite && y >= kCoin - 1);  // where it would gleam
+    const int gris = presDuHaut ? coin[y][std::min(x, kCoin - 1)] : Cote(x, sansCreux ? kCoin + 1 : y);
     const bool ombre = (bas && presDuHaut) || (droite && !presDuHaut) || (bas && droite);
     return ombre ? Ombre(gris) : gris;
   }
