@@ -87,6 +87,7 @@ struct Etiquette : Controle {
   bool Cerne = false;    // a dark rim round each letter keeps a light text readable on a light ground
   bool Plaque = false;   // a dark plate behind the text keeps a bright red one readable
   bool Agrandi = false;  // the largest type above its own in which the text fits on one line
+  bool Serre = false;    // narrower letters where the text is wider than its place
 };
 
 struct ZoneTexte : Controle {

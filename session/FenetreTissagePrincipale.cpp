@@ -46,6 +46,7 @@ void PlacerTrame(FenetreTissagePrincipale &f) {
     e.Font = {"Arial", 9.75, true, false};
     e.Alignment = Alignement::Centre;
     e.ForeColor = r == 11 ? Palette::RougeEtiquette : 0;
+    e.Serre = true;                  // a tabby's name
     e.Plaque = e.Agrandi = r == 11;  // the pick on the loom, to be read from the bench
   }
   Placer(f.FondEntreDuite, 0, 0, 1290, 510);

@@ -123,8 +123,9 @@ class NatifEtiquette : public Natif {
   void RefleterGenre() override {
     const auto &e = Donnee<Etiquette>();
     const QSize taille = Pixels(e).size();
-    fonte_.Suivre(guichet_, {e.Font, e.Agrandi ? e.Caption : "", e.Agrandi ? taille.width() : 0},
-                  [&](const auto &) { label_->setFont(e.Agrandi ? Agrandie(e, taille) : Fonte(e.Font)); });
+    const bool ajuste = e.Agrandi || e.Serre;
+    fonte_.Suivre(guichet_, {e.Font, ajuste ? e.Caption : "", ajuste ? taille.width() : 0},
+                  [&](const auto &) { label_->setFont(Ajustee(e, taille)); });
     couleur_.Suivre(guichet_, e.ForeColor, [&](Couleur c) {
       QPalette palette = label_->palette();
       palette.setColor(QPalette::WindowText, Teinte(c));
@@ -158,16 +159,23 @@ class NatifEtiquette : public Natif {
     return e.Plaque && !e.Agrandi;
   }
 
-  // A number has nothing below its line, so its digits may fill the label but for a pixel above and below.
-  static QFont Agrandie(const Etiquette &e, QSize taille) {
+  static QFont Ajustee(const Etiquette &e, QSize taille) {
     QFont fonte = Fonte(e.Font);
     const QString texte = Texte(e.Caption);
     if (texte.isEmpty()) return fonte;
+    const int place = taille.width() - (e.Plaque ? 4 : 0);
+    if (e.Agrandi) fonte = Agrandie(fonte, texte, place, taille.height() - 2);
+    const int largeur = e.Serre ? QFontMetrics(fonte).horizontalAdvance(texte) : 0;
+    if (largeur > place) fonte.setStretch(100 * place / largeur);
+    return fonte;
+  }
+
+  // A number has nothing below its line, so its digits may fill the label but for a pixel above and below.
+  static QFont Agrandie(QFont fonte, const QString &texte, int largeur, int hauteur) {
     for (QFont essai = fonte;; fonte = essai) {
       essai.setPixelSize(fonte.pixelSize() + 1);
       const QFontMetrics mesures(essai);
-      if (mesures.capHeight() > taille.height() - 2 || mesures.horizontalAdvance(texte) > taille.width() - 4)
-        return fonte;
+      if (mesures.capHeight() > hauteur || mesures.horizontalAdvance(texte) > largeur) return fonte;
     }
   }
 
