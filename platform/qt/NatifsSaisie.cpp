@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
+#include <QTextBlock>
 #include <QValidator>
 #include <algorithm>
 
@@ -111,12 +112,16 @@ class NatifLigne : public NatifTexte {
   QLineEdit *ligne_;
 };
 
-// A slip of ruled paper that lies on the loom.
+// A slip of ruled paper that lies on the loom. Its scroll bar stands within its edge.
 class Fiche : public QPlainTextEdit {
  public:
   explicit Fiche(QWidget *parent) : QPlainTextEdit(parent) {
-    setFrameShape(QFrame::NoFrame);
-    setViewportMargins(kMarge, 4, 4, 4);
+    setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    setLineWidth(kBord);
+    document()->setDocumentMargin(0);
+    setViewportMargins(kMarge, 1, kBord, 0);
+    QObject::connect(this, &QPlainTextEdit::textChanged, this, [this] { MontrerBarre(); });
+    MontrerBarre();
   }
 
  protected:
@@ -133,15 +138,24 @@ class Fiche : public QPlainTextEdit {
   void paintEvent(QPaintEvent *e) override {
     QPainter p(viewport());
     p.setPen(Teinte(Palette::PapierLigne));
-    const int pas = fontMetrics().lineSpacing();
-    for (int y = qRound(contentOffset().y() + document()->documentMargin()) + pas; y < height(); y += pas)
+    const QTextBlock premier = document()->firstBlock();
+    const int pas = std::max(1, qRound(blockBoundingRect(premier).height() / std::max(1, premier.lineCount())));
+    for (int y = pas - 1; y < viewport()->height() - 1; y += pas)
       p.drawLine(0, y, viewport()->width(), y);
     p.end();
     QPlainTextEdit::paintEvent(e);
   }
 
  private:
-  static constexpr int kMarge = 14;  // pixels
+  // The line end behind the last line needs no bar.
+  void MontrerBarre() {
+    const bool vide = document()->lastBlock().length() == 1;
+    const int lignes = document()->blockCount() - (vide ? 1 : 0);
+    setVerticalScrollBarPolicy(lignes > kLignes ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+  }
+
+  static constexpr int kBord = 3, kMarge = 14;  // pixels
+  static constexpr int kLignes = 4;             // that the slip of the answers holds
 };
 
 class NatifBloc : public NatifTexte {
@@ -290,7 +304,10 @@ class CaseNative : public QCheckBox {
   void paintEvent(QPaintEvent *) override {
     QPainter p(this);
     const QRectF cadre = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    p.setPen(hasFocus() ? QPen(Teinte(Palette::Orange), 2) : QPen(Teinte(Palette::Encre), 1));
+    QPen bord(Teinte(hasFocus() ? Palette::Orange : Palette::Encre),
+              qRound((hasFocus() ? 2 : 1) * devicePixelRatioF()));
+    bord.setCosmetic(true);  // as thick on every side, where a pixel is not a whole number of the screen's
+    p.setPen(bord);
     p.setBrush(isDown() ? Teinte(Palette::EtainPente) : QColor(Qt::white));
     p.drawRect(cadre);
     if (!isChecked()) return;
