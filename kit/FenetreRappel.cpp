@@ -30,7 +30,7 @@ FenetreRappel::FenetreRappel() {
   Placer(DessinMessage, 1500, 660, 480, 510);  // level with the title
   DessinMessage.Picture = "BITMAP280";
   for (int i = 1; i <= 4; ++i) {
-    Placer(Ligne[i], 825, 1305 + 330 * (i - 1), 7185, 240);
+    Placer(Ligne[i], 825, 1440 + 315 * (i - 1), 7185, 240);
     Ligne[i].Font = {"MS Sans Serif", 9.75, true, false};
     Ligne[i].Abreger = i == 2;
   }
