@@ -1,24 +1,20 @@
-#include "CycleMetier.h"
+#include "simulator/CycleMetier.h"
 
 #include <iterator>
 #include <string_view>
 #include <utility>
 
-namespace simulateur {
-
 namespace {
-
-constexpr Delai EcartScission{150};
+constexpr Delai kEcartScission{150};
 
 // Nothing in here reads as a report, however the pieces are cut.
 using namespace std::string_view_literals;
-constexpr std::string_view Bruit24 =
+constexpr std::string_view kBruit24 =
     "\x00\xFF\x1B"
     "c[\r\n\x80~"sv;
-constexpr std::string_view Bruit16 =
+constexpr std::string_view kBruit16 =
     "\x00\xFF\x1B"
     "[cc]CC\r\n[C \x80"sv;
-
 }  // namespace
 
 CycleMetier::CycleMetier(int nombreLames, Delai cadence, bool surDemande, Scenario scenario)
@@ -77,8 +73,8 @@ std::vector<Geste> CycleMetier::Avancer(Instant maintenant, const LigneSimulee &
   return dus;
 }
 
-// A write leaves whole, when its last byte would have come over the line, as a
-// serial adapter hands it on: only `scinder` splits a report.
+// A write leaves whole, when its last byte would have come over the line, as a serial adapter hands it on:
+// only `scinder` splits a report.
 void CycleMetier::Rapporter(Instant quand, const LigneSimulee &ligne) {
   const Ecart ecart = PrendreEcart();
   Relacher();
@@ -99,7 +95,7 @@ void CycleMetier::Rapporter(Instant quand, const LigneSimulee &ligne) {
   std::string mention;
   if (ecart.doubler) texte += texte;
   if (ecart.bruit) {
-    const std::string_view bruit = nombreLames_ == 16 ? Bruit16 : Bruit24;
+    const std::string_view bruit = nombreLames_ == 16 ? kBruit16 : kBruit24;
     texte.insert(0, bruit);
     coupe += bruit.size();
     mention += " noise";
@@ -108,7 +104,7 @@ void CycleMetier::Rapporter(Instant quand, const LigneSimulee &ligne) {
   if (ecart.scinder) {
     Ecrire(quand + ligne.Duree(coupe), texte.substr(0, coupe));
     texte.erase(0, coupe);
-    quand += ligne.Duree(coupe) + EcartScission;
+    quand += ligne.Duree(coupe) + kEcartScission;
     mention += " split";
   }
   const Instant fin = quand + ligne.Duree(texte.size());
@@ -132,5 +128,3 @@ Ecart CycleMetier::PrendreEcart() {
 void CycleMetier::Ecrire(Instant quand, std::string octets) {
   gestes_.insert({quand, {Geste::Genre::Ecrire, std::move(octets), {}}});
 }
-
-}  // namespace simulateur

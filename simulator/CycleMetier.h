@@ -1,5 +1,5 @@
-// The loom's side of a cycle: what it reports after an execute, when, and how it
-// misbehaves. Pure: time comes in, writes and cuts come out.
+// The loom's side of a cycle: what it reports after an execute, when, and how it misbehaves. Pure: time comes
+// in, writes and cuts come out.
 #pragma once
 
 #include <chrono>
@@ -8,9 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "LigneSimulee.h"
-
-namespace simulateur {
+#include "simulator/LigneSimulee.h"
 
 using Delai = std::chrono::milliseconds;
 
@@ -73,5 +71,3 @@ class CycleMetier {
   std::optional<Instant> rapport_;  // when it will be
   std::multimap<Instant, Geste> gestes_;
 };
-
-}  // namespace simulateur

@@ -1,24 +1,21 @@
-#include "LecteurTrames.h"
+#include "simulator/LecteurTrames.h"
 
 #include <array>
 #include <string_view>
 #include <utility>
 
-namespace simulateur {
-
 namespace {
-
-constexpr char Echap = 27;
-constexpr std::string_view MotCharger = "SET PATTERN";
-constexpr std::size_t TailleMotif = 4;
+constexpr char kEchap = 27;
+constexpr std::string_view kMotCharger = "SET PATTERN";
+constexpr std::size_t kTailleMotif = 4;
 
 // Lines of the text protocol that have only one form.
-constexpr std::array<std::string_view, 6> LignesFixes = {"RELEASE\n",      "RELEASE\r", "PUSH PATTERN\n",
-                                                         "PUSH PATTERN\r", "TEST\r",    "\x1BR\r\n"};
+constexpr std::array<std::string_view, 6> kLignesFixes = {"RELEASE\n",      "RELEASE\r", "PUSH PATTERN\n",
+                                                          "PUSH PATTERN\r", "TEST\r",    "\x1BR\r\n"};
 
-// A whole one of these words is enough to be in step again, even in the middle
-// of a line: a frame may follow one that was cut off.
-constexpr std::array<std::string_view, 4> MotsTexte = {"RELEASE", MotCharger, "PUSH PATTERN", "TEST"};
+// A whole one of these words is enough to be in step again, even in the middle of a line: a frame may follow
+// one that was cut off.
+constexpr std::array<std::string_view, 4> kMotsTexte = {"RELEASE", kMotCharger, "PUSH PATTERN", "TEST"};
 
 bool Commence(std::string_view texte, std::string_view debut) {
   return texte.substr(0, debut.size()) == debut;
@@ -39,25 +36,23 @@ std::uint32_t ValeurHexadecimale(std::string_view chiffres) {
   return valeur;
 }
 
-// `suite` is what stands behind SET PATTERN and a blank: 0x, then 0, 2 or 4
-// digits, then LF.
+// `suite` is what stands behind SET PATTERN and a blank: 0x, then 0, 2 or 4 digits, then LF.
 bool MotifPermis(std::string_view suite) {
-  constexpr std::string_view Prefixe = "0x";
-  if (suite.size() <= Prefixe.size()) return Commence(Prefixe, suite);
-  if (!Commence(suite, Prefixe)) return false;
-  const std::string_view chiffres = suite.substr(Prefixe.size(), suite.size() - 3);
+  constexpr std::string_view kPrefixe = "0x";
+  if (suite.size() <= kPrefixe.size()) return Commence(kPrefixe, suite);
+  if (!Commence(suite, kPrefixe)) return false;
+  const std::string_view chiffres = suite.substr(kPrefixe.size(), suite.size() - 3);
   if (suite.back() == '\n') return chiffres.size() % 2 == 0;
-  return chiffres.size() < TailleMotif && Hexadecimal(suite.back());
+  return chiffres.size() < kTailleMotif && Hexadecimal(suite.back());
 }
 
-// `suite` is what stands behind SET PATTERN: a blank makes it a pick frame,
-// anything else a line typed by hand, which ends in CR.
+// `suite` is what stands behind SET PATTERN: a blank makes it a pick frame, anything else a line typed by
+// hand, which ends in CR.
 bool SuitePermise(std::string_view suite) {
   if (suite.front() == ' ') return MotifPermis(suite.substr(1));
   const auto dernier = static_cast<unsigned char>(suite.back());
   return dernier == '\r' || dernier >= ' ';
 }
-
 }  // namespace
 
 LecteurTrames::LecteurTrames(int nombreLames) : nombreLames_(nombreLames) {}
@@ -110,28 +105,28 @@ bool LecteurTrames::Permis(std::uint8_t octet) const {
 bool LecteurTrames::Permis24(std::uint8_t octet) const {
   const char c = static_cast<char>(octet);
   const std::size_t place = trame_.size();
-  if (place == 0) return c == Echap;
+  if (place == 0) return c == kEchap;
   if (place == 1) return c == 'R' || c == 'I' || c == 'E';
   // Data bytes stand as they are: CR, LF, ESC and 0 among them mean nothing.
-  const std::size_t fin = trame_[1] == 'I' ? 2 + TailleMotif : 2;
+  const std::size_t fin = trame_[1] == 'I' ? 2 + kTailleMotif : 2;
   if (place < fin) return true;
   return c == (place == fin ? '\r' : '\n');
 }
 
 bool LecteurTrames::Permis16(std::uint8_t octet) const {
   const std::string essai = trame_ + static_cast<char>(octet);
-  for (const std::string_view ligne : LignesFixes)
+  for (const std::string_view ligne : kLignesFixes)
     if (Commence(ligne, essai)) return true;
-  if (essai.size() <= MotCharger.size()) return Commence(MotCharger, essai);
-  return Commence(essai, MotCharger) && SuitePermise(std::string_view(essai).substr(MotCharger.size()));
+  if (essai.size() <= kMotCharger.size()) return Commence(kMotCharger, essai);
+  return Commence(essai, kMotCharger) && SuitePermise(std::string_view(essai).substr(kMotCharger.size()));
 }
 
 bool LecteurTrames::Complete() const {
   if (nombreLames_ != 16) {
     if (trame_.size() < 2) return false;
-    return trame_.size() == (trame_[1] == 'I' ? 4 + TailleMotif : 4);
+    return trame_.size() == (trame_[1] == 'I' ? 4 + kTailleMotif : 4);
   }
-  if (trame_.front() == Echap) return trame_.back() == '\n';
+  if (trame_.front() == kEchap) return trame_.back() == '\n';
   return trame_.back() == '\n' || trame_.back() == '\r';
 }
 
@@ -142,8 +137,8 @@ void LecteurTrames::Rejeter(std::uint8_t octet, std::vector<Trame> &suites) {
   trame_.clear();
   perdu_ = true;
   rejetes_.clear();
-  if (!debutSeul && octet == static_cast<std::uint8_t>(Echap)) {
-    trame_ = Echap;
+  if (!debutSeul && octet == static_cast<std::uint8_t>(kEchap)) {
+    trame_ = kEchap;
     perdu_ = false;
     return;
   }
@@ -151,22 +146,21 @@ void LecteurTrames::Rejeter(std::uint8_t octet, std::vector<Trame> &suites) {
     perdu_ = false;
     return;
   }
-  // Counted by its own fault, so not among the bytes passed over; but it may be
-  // the first letter of a word.
+  // Counted by its own fault, so not among the bytes passed over; but it may be the first letter of a word.
   rejetes_ += static_cast<char>(octet);
 }
 
-// True when the reader is in step again; `trame_` then holds the begun frame and
-// `rejetes_` the bytes passed over behind the faulty one.
+// True when the reader is in step again; `trame_` then holds the begun frame and `rejetes_` the bytes passed
+// over behind the faulty one.
 bool LecteurTrames::Retrouver(std::uint8_t octet) {
   rejetes_ += static_cast<char>(octet);
   std::string_view debut;
   bool finLigne = false;
-  if (octet == static_cast<std::uint8_t>(Echap)) {
+  if (octet == static_cast<std::uint8_t>(kEchap)) {
     debut = "\x1B";
   } else if (nombreLames_ == 16) {
     finLigne = octet == '\n' || octet == '\r';
-    for (const std::string_view mot : MotsTexte)
+    for (const std::string_view mot : kMotsTexte)
       if (Finit(rejetes_, mot)) debut = mot;
   }
   if (debut.empty() && !finLigne) return false;
@@ -200,15 +194,15 @@ void LecteurTrames::Conclure24(std::vector<Trame> &suites) {
 
 void LecteurTrames::Conclure16(std::vector<Trame> &suites) {
   const std::string_view ligne(trame_.data(), trame_.size() - 1);
-  if (trame_.front() == Echap || ligne == "RELEASE") {
+  if (trame_.front() == kEchap || ligne == "RELEASE") {
     charge_ = false;
     suites.push_back({GenreTrame::Relache, 0, {}, {}, position_, 0});
   } else if (ligne == "TEST") {
     suites.push_back({GenreTrame::Essai, 0, {}, {}, position_, 0});
   } else if (trame_.back() == '\r') {
     suites.push_back({GenreTrame::Manuel, 0, {}, std::string(ligne), position_, 0});
-  } else if (Commence(ligne, MotCharger)) {
-    Charger(ValeurHexadecimale(ligne.substr(MotCharger.size() + 3)), suites);
+  } else if (Commence(ligne, kMotCharger)) {
+    Charger(ValeurHexadecimale(ligne.substr(kMotCharger.size() + 3)), suites);
   } else {
     Executer(suites);
   }
@@ -220,8 +214,7 @@ void LecteurTrames::Charger(std::uint32_t lames, std::vector<Trame> &suites) {
   suites.push_back({GenreTrame::Chargement, lames, {}, {}, position_, 0});
 }
 
-// An execute takes the pattern: a second one without a new load has nothing to
-// apply.
+// An execute takes the pattern: a second one without a new load has nothing to apply.
 void LecteurTrames::Executer(std::vector<Trame> &suites) {
   if (!charge_) {
     suites.push_back(Faute(static_cast<std::uint8_t>(trame_.back()), "execute without a loaded pattern"));
@@ -234,5 +227,3 @@ void LecteurTrames::Executer(std::vector<Trame> &suites) {
 Trame LecteurTrames::Faute(std::uint8_t octet, std::string texte) const {
   return {GenreTrame::Faute, 0, {}, std::move(texte), position_, octet};
 }
-
-}  // namespace simulateur

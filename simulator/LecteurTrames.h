@@ -1,15 +1,13 @@
 // What a loom hears: the bytes of the line, cut strictly into frames.
 //
-// The reader is pure. It is fed byte by byte, knows nothing of ports or clocks,
-// and says at each byte what that byte completed or spoiled.
+// The reader is pure. It is fed byte by byte, knows nothing of ports or clocks, and says at each byte what
+// that byte completed or spoiled.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
-
-namespace simulateur {
 
 enum class GenreTrame {
   Relache,     // drop what is held
@@ -41,8 +39,7 @@ class LecteurTrames {
   // The line has fallen silent for good: an unfinished frame is a fault.
   std::vector<Trame> Terminer();
 
-  // The line was cut. Forgets the frame under way and the loaded pattern; the
-  // count of bytes goes on.
+  // The line was cut. Forgets the frame under way and the loaded pattern; the count of bytes goes on.
   void Oublier();
 
  private:
@@ -68,5 +65,3 @@ class LecteurTrames {
   std::uint32_t lames_ = 0;
   std::size_t position_ = 0;
 };
-
-}  // namespace simulateur

@@ -1,4 +1,4 @@
-#include "LigneSimulee.h"
+#include "simulator/LigneSimulee.h"
 
 #include <fcntl.h>
 #include <sys/ioctl.h>
@@ -14,32 +14,28 @@
 #include <system_error>
 #include <utility>
 
-namespace simulateur {
-
 namespace fs = std::filesystem;
 
 namespace {
-
 // No program would choose it, so whoever sets a speed is seen to have done so.
-constexpr speed_t VitesseInitiale = B50;
+constexpr speed_t kVitesseInitiale = B50;
 
-constexpr std::array<std::pair<speed_t, long>, 12> Vitesses = {{{B110, 110},
-                                                                {B300, 300},
-                                                                {B600, 600},
-                                                                {B1200, 1200},
-                                                                {B1800, 1800},
-                                                                {B2400, 2400},
-                                                                {B4800, 4800},
-                                                                {B9600, 9600},
-                                                                {B19200, 19200},
-                                                                {B38400, 38400},
-                                                                {B57600, 57600},
-                                                                {B115200, 115200}}};
+constexpr std::array<std::pair<speed_t, long>, 12> kVitesses = {{{B110, 110},
+                                                                 {B300, 300},
+                                                                 {B600, 600},
+                                                                 {B1200, 1200},
+                                                                 {B1800, 1800},
+                                                                 {B2400, 2400},
+                                                                 {B4800, 4800},
+                                                                 {B9600, 9600},
+                                                                 {B19200, 19200},
+                                                                 {B38400, 38400},
+                                                                 {B57600, 57600},
+                                                                 {B115200, 115200}}};
 
 [[noreturn]] void Echouer(const std::string &action) {
   throw EchecLigne(action + ": " + std::strerror(errno));
 }
-
 }  // namespace
 
 LigneSimulee::LigneSimulee(std::string lien, long baud) : lien_(std::move(lien)), baud_(baud) {}
@@ -76,8 +72,8 @@ void LigneSimulee::Ouvrir() {
   reglage.c_lflag = 0;
   reglage.c_cc[VMIN] = 1;
   reglage.c_cc[VTIME] = 0;
-  cfsetispeed(&reglage, VitesseInitiale);
-  cfsetospeed(&reglage, VitesseInitiale);
+  cfsetispeed(&reglage, kVitesseInitiale);
+  cfsetospeed(&reglage, kVitesseInitiale);
   if (tcsetattr(esclave_, TCSANOW, &reglage) != 0) Echouer("cannot set the line");
 }
 
@@ -87,8 +83,8 @@ void LigneSimulee::Lier() {
   fs::create_directory(lien.parent_path(), erreur);
   if (erreur) throw EchecLigne("cannot make " + lien.parent_path().string() + ": " + erreur.message());
   if (fs::is_symlink(fs::symlink_status(lien, erreur))) {
-    // A link left behind may name the very terminal that was made just now: the
-    // system gives freed numbers again. One to an adapter that is unplugged waits for it.
+    // A link left behind may name the very terminal that was made just now: the system gives freed numbers
+    // again. One to an adapter that is unplugged waits for it.
     const fs::path cible = fs::read_symlink(lien, erreur);
     if (cible != esclaveNom_ && (fs::exists(lien, erreur) || cible.parent_path() != "/dev/pts"))
       throw EchecLigne(lien_ + " is in use: it points to " + cible.string());
@@ -121,8 +117,8 @@ std::optional<Instant> LigneSimulee::Echeance() const { return arrivee_; }
 
 void LigneSimulee::OctetsEnVue(Instant maintenant) { arrivee_ = maintenant + Duree(1); }
 
-// Bytes still under way wait in the kernel. A program that empties its transmit
-// buffer does not take them back, as a pseudo-terminal has handed them over already.
+// Bytes still under way wait in the kernel. A program that empties its transmit buffer does not take them
+// back, as a pseudo-terminal has handed them over already.
 std::vector<std::uint8_t> LigneSimulee::Lire(Instant maintenant) {
   if (!Branchee() || !arrivee_ || maintenant < *arrivee_) return {};
   if (baud_ == 0) {
@@ -153,8 +149,8 @@ std::vector<std::uint8_t> LigneSimulee::LireAuPlus(std::size_t nombre) {
   const ssize_t lus = read(maitre_, octets.data(), octets.size());
   octets.resize(lus > 0 ? static_cast<std::size_t>(lus) : 0);
 #ifdef TIOCNXCL
-  // A program that was killed leaves its lock on the terminal, which lives on
-  // here; the next one must be able to open it.
+  // A program that was killed leaves its lock on the terminal, which lives on here; the next one must be able
+  // to open it.
   ioctl(esclave_, TIOCNXCL);
 #endif
   return octets;
@@ -174,10 +170,8 @@ std::optional<long> LigneSimulee::Vitesse() const {
   termios reglage{};
   if (!Branchee() || tcgetattr(maitre_, &reglage) != 0) return std::nullopt;
   const speed_t vitesse = cfgetospeed(&reglage);
-  if (vitesse == VitesseInitiale) return std::nullopt;
-  for (const auto &[code, baud] : Vitesses)
+  if (vitesse == kVitesseInitiale) return std::nullopt;
+  for (const auto &[code, baud] : kVitesses)
     if (code == vitesse) return baud;
   return 0;
 }
-
-}  // namespace simulateur

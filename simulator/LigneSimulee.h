@@ -1,5 +1,5 @@
-// The loom's end of the line: a pseudo-terminal, the link that names it to the
-// program, and the pace at which bytes go over it.
+// The loom's end of the line: a pseudo-terminal, the link that names it to the program, and the pace at which
+// bytes go over it.
 #pragma once
 
 #include <chrono>
@@ -9,8 +9,6 @@
 #include <string>
 #include <string_view>
 #include <vector>
-
-namespace simulateur {
 
 using Horloge = std::chrono::steady_clock;
 using Instant = Horloge::time_point;
@@ -28,8 +26,7 @@ class LigneSimulee {
   LigneSimulee(const LigneSimulee &) = delete;
   LigneSimulee &operator=(const LigneSimulee &) = delete;
 
-  // Makes the pseudo-terminal and the link. Throws EchecLigne, and then leaves
-  // the line cut.
+  // Makes the pseudo-terminal and the link. Throws EchecLigne, and then leaves the line cut.
   void Brancher();
   // Closes the pseudo-terminal; removes the link if it is still this line's own.
   void Couper();
@@ -53,8 +50,8 @@ class LigneSimulee {
   // How long so many bytes take.
   std::chrono::microseconds Duree(std::size_t nombre) const;
 
-  // Speed that the program has set, in baud; 0 for one without a name, none as
-  // long as it stands where Brancher put it.
+  // Speed that the program has set, in baud; 0 for one without a name, none as long as it stands where
+  // Brancher put it.
   std::optional<long> Vitesse() const;
 
  private:
@@ -69,5 +66,3 @@ class LigneSimulee {
   std::string esclaveNom_;
   std::optional<Instant> arrivee_;  // of the byte under way
 };
-
-}  // namespace simulateur

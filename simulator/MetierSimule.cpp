@@ -1,4 +1,4 @@
-#include "MetierSimule.h"
+#include "simulator/MetierSimule.h"
 
 #include <poll.h>
 #include <unistd.h>
@@ -8,14 +8,10 @@
 #include <cerrno>
 #include <iostream>
 
-namespace simulateur {
-
 namespace {
-
 std::string CheminLien(const Reglages &reglages) {
   return reglages.dossier + "/Ports/com" + std::to_string(reglages.port);
 }
-
 }  // namespace
 
 MetierSimule::MetierSimule(const Reglages &reglages)
@@ -41,8 +37,7 @@ void MetierSimule::Tourner(int arret) {
   }
 }
 
-// What is under way at the end is heard at once; a frame that stays unfinished
-// then is the program's fault.
+// What is under way at the end is heard at once; a frame that stays unfinished then is the program's fault.
 int MetierSimule::Finir() {
   if (!duitesAtteintes_) {
     for (const std::uint8_t octet : ligne_.Vider())
@@ -151,9 +146,8 @@ void MetierSimule::Traiter(const Trame &trame, Instant maintenant) {
   if (reglages_.duites && releve_.Duites() >= *reglages_.duites) fini_ = duitesAtteintes_ = true;
 }
 
-// A serial layer puts the old settings back when it closes the port, and its last
-// bytes may be heard only then: so no speed of the program's own is complained of
-// only where the right one was never seen.
+// A serial layer puts the old settings back when it closes the port, and its last bytes may be heard only
+// then: so no speed of the program's own is complained of only where the right one was never seen.
 void MetierSimule::VerifierVitesse() {
   const long attendue = VitesseAttendue(reglages_.lames);
   const std::optional<long> vitesse = ligne_.Vitesse();
@@ -206,5 +200,3 @@ void MetierSimule::Revenir() {
     releve_.Erreur(echec.what());
   }
 }
-
-}  // namespace simulateur

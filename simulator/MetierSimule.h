@@ -1,17 +1,14 @@
-// The simulated loom itself: line, reader, cycle and printed record, tied
-// together around one poll.
+// The simulated loom itself: line, reader, cycle and printed record, tied together around one poll.
 #pragma once
 
 #include <optional>
 #include <string>
 
-#include "CycleMetier.h"
-#include "LecteurTrames.h"
-#include "LigneSimulee.h"
-#include "Reglages.h"
-#include "Releve.h"
-
-namespace simulateur {
+#include "simulator/CycleMetier.h"
+#include "simulator/LecteurTrames.h"
+#include "simulator/LigneSimulee.h"
+#include "simulator/Reglages.h"
+#include "simulator/Releve.h"
 
 class MetierSimule {
  public:
@@ -19,8 +16,7 @@ class MetierSimule {
 
   // Makes the line; throws EchecLigne.
   void Demarrer();
-  // Runs until an end is asked for. arret: descriptor that becomes readable when
-  // a signal wants the end.
+  // Runs until an end is asked for. arret: descriptor that becomes readable when a signal wants the end.
   void Tourner(int arret);
   // Hears what is still on the line, prints the counts. Returns the exit status.
   int Finir();
@@ -51,5 +47,3 @@ class MetierSimule {
   bool vitesseVue_ = false;              // the right one, on this line
   std::optional<long> vitesseSignalee_;  // the wrong one last complained of
 };
-
-}  // namespace simulateur

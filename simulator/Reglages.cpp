@@ -1,13 +1,11 @@
-#include "Reglages.h"
+#include "simulator/Reglages.h"
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <utility>
 
-namespace simulateur {
-
-const char *const TexteAide =
+const char *const kTexteAide =
     R"(Usage: metier-simule [OPTION]...
 Stands in for a dobby loom: makes a pseudo-terminal, points the link Ports/comN of
 the program's folder at it, prints each shed, and reports cycle complete.
@@ -49,9 +47,8 @@ Exit status: 0 without errors, 1 with errors, 2 when it could not start.
 )";
 
 namespace {
-
-constexpr std::array<std::string_view, 7> OptionsValeur = {"--dossier", "--port",   "--lames", "--baud",
-                                                           "--cadence", "--duites", "--fautes"};
+constexpr std::array<std::string_view, 7> kOptionsValeur = {"--dossier", "--port",   "--lames", "--baud",
+                                                            "--cadence", "--duites", "--fautes"};
 
 void ExigerSansValeur(const std::string &nom, const std::optional<std::string> &valeur) {
   if (valeur) throw ErreurUsage(nom + " takes no value");
@@ -116,7 +113,7 @@ bool LireDrapeau(const std::string &nom, Reglages &reglages) {
 }
 
 bool PrendValeur(const std::string &nom) {
-  return std::find(OptionsValeur.begin(), OptionsValeur.end(), nom) != OptionsValeur.end();
+  return std::find(kOptionsValeur.begin(), kOptionsValeur.end(), nom) != kOptionsValeur.end();
 }
 
 void LireValeur(const std::string &nom, const std::string &valeur, Reglages &reglages,
@@ -138,7 +135,6 @@ void LireValeur(const std::string &nom, const std::string &valeur, Reglages &reg
     reglages.fautes = LireFautes(valeur);
   }
 }
-
 }  // namespace
 
 Reglages LireReglages(const std::vector<std::string> &arguments, std::string dossier) {
@@ -164,14 +160,12 @@ Reglages LireReglages(const std::vector<std::string> &arguments, std::string dos
 }
 
 std::optional<long> LireNombre(std::string_view texte, long minimum) {
-  constexpr long Maximum = 1'000'000'000;
+  constexpr long kMaximum = 1'000'000'000;
   long nombre = 0;
   const char *fin = texte.data() + texte.size();
   const auto [arret, erreur] = std::from_chars(texte.data(), fin, nombre);
-  if (erreur != std::errc() || arret != fin || nombre < minimum || nombre > Maximum) return std::nullopt;
+  if (erreur != std::errc() || arret != fin || nombre < minimum || nombre > kMaximum) return std::nullopt;
   return nombre;
 }
 
 long VitesseAttendue(int lames) { return lames == 16 ? 9600 : 1200; }
-
-}  // namespace simulateur

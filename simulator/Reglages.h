@@ -7,9 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "CycleMetier.h"
-
-namespace simulateur {
+#include "simulator/CycleMetier.h"
 
 struct Reglages {
   std::string dossier;
@@ -38,6 +36,4 @@ std::optional<long> LireNombre(std::string_view texte, long minimum);
 // Speed that the loom expects to find set on its line.
 long VitesseAttendue(int lames);
 
-extern const char *const TexteAide;
-
-}  // namespace simulateur
+extern const char *const kTexteAide;

@@ -1,4 +1,4 @@
-#include "Releve.h"
+#include "simulator/Releve.h"
 
 #include <time.h>
 
@@ -7,10 +7,7 @@
 #include <cstdio>
 #include <ostream>
 
-namespace simulateur {
-
 namespace {
-
 std::string Heure() {
   const auto maintenant = std::chrono::system_clock::now().time_since_epoch();
   const auto millisecondes = std::chrono::duration_cast<std::chrono::milliseconds>(maintenant).count();
@@ -52,7 +49,6 @@ std::string Lisible(const std::string &texte) {
   }
   return lisible;
 }
-
 }  // namespace
 
 Releve::Releve(std::ostream &sortie, int nombreLames, bool journal)
@@ -107,5 +103,3 @@ void Releve::NoterDuite(const Trame &trame) {
   else
     Dire(debut + Rangee(trame.lames, nombreLames_) + " lames " + liste + "  " + octets);
 }
-
-}  // namespace simulateur

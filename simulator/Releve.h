@@ -1,13 +1,10 @@
-// The lines that the simulated loom prints, for people or for machines, and the
-// counts behind its last line.
+// The lines that the simulated loom prints, for people or for machines, and the counts behind its last line.
 #pragma once
 
 #include <iosfwd>
 #include <string>
 
-#include "LecteurTrames.h"
-
-namespace simulateur {
+#include "simulator/LecteurTrames.h"
 
 class Releve {
  public:
@@ -15,8 +12,7 @@ class Releve {
   Releve(std::ostream &sortie, int nombreLames, bool journal);
 
   void Dire(const std::string &ligne);
-  // Counts and prints a shed, an error, or another thing heard. A load says
-  // nothing: its shed will.
+  // Counts and prints a shed, an error, or another thing heard. A load says nothing: its shed will.
   void Noter(const Trame &trame);
   void Erreur(const std::string &texte);
   // `N sheds, M errors`
@@ -34,5 +30,3 @@ class Releve {
   long duites_ = 0;
   long erreurs_ = 0;
 };
-
-}  // namespace simulateur

@@ -1,5 +1,4 @@
-// metier-simule: a dobby loom that is not there, to weave, show and test without
-// one.
+// metier-simule: a dobby loom that is not there, to weave, show and test without one.
 #include <signal.h>
 #include <unistd.h>
 
@@ -9,10 +8,9 @@
 #include <iostream>
 #include <system_error>
 
-#include "MetierSimule.h"
+#include "simulator/MetierSimule.h"
 
 namespace {
-
 std::array<int, 2> tuyauArret{};
 
 extern "C" void DemanderArret(int) {
@@ -20,8 +18,8 @@ extern "C" void DemanderArret(int) {
   static_cast<void>(ecrits);
 }
 
-// Signals wake the poll through a pipe, so that the link is removed and the
-// counts are printed whatever ends the loom.
+// Signals wake the poll through a pipe, so that the link is removed and the counts are printed whatever ends
+// the loom.
 bool PoserSignaux() {
   if (pipe(tuyauArret.data()) != 0) return false;
   struct sigaction action {};
@@ -43,19 +41,18 @@ std::string DossierProgramme(const char *nom) {
   if (xdg && *xdg == '/') return std::string(xdg) + "/brandis";
   return maison ? std::string(maison) + "/.local/share/brandis" : dossier.string();
 }
-
 }  // namespace
 
 int main(int nombre, char **arguments) {
   try {
-    const simulateur::Reglages reglages =
-        simulateur::LireReglages({arguments + 1, arguments + nombre}, DossierProgramme(arguments[0]));
+    const Reglages reglages =
+        LireReglages({arguments + 1, arguments + nombre}, DossierProgramme(arguments[0]));
     if (reglages.aide) {
-      std::cout << simulateur::TexteAide;
+      std::cout << kTexteAide;
       return 0;
     }
-    if (!PoserSignaux()) throw simulateur::EchecLigne("cannot make a pipe");
-    simulateur::MetierSimule metier(reglages);
+    if (!PoserSignaux()) throw EchecLigne("cannot make a pipe");
+    MetierSimule metier(reglages);
     metier.Demarrer();
     metier.Tourner(tuyauArret[0]);
     return metier.Finir();

@@ -5,15 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "LecteurTrames.h"
+#include "simulator/LecteurTrames.h"
 
 using namespace std::string_view_literals;
-using simulateur::GenreTrame;
-using simulateur::LecteurTrames;
-using simulateur::Trame;
 
 namespace {
-
 // One letter for each thing heard, with its pattern or the offset of its byte.
 std::string Entendre(LecteurTrames &lecteur, std::string_view octets) {
   std::string entendu;
@@ -39,7 +35,6 @@ std::string Duite(std::initializer_list<int> numeros) {
   for (const int lame : numeros) lames |= 1U << (lame - 1);
   return "D" + std::to_string(lames);
 }
-
 }  // namespace
 
 TEST(LecteurTrames24, LitLesHuitLamesDeChaqueGroupe) {

@@ -20,23 +20,22 @@
 #include <utility>
 
 namespace {
-
 // Qt Svg draws every shape antialiased and passes over shape-rendering. A crisp shape is therefore
 // a layer of its own, drawn three times as large and taken back by the middle of each pixel.
-constexpr int Agrandissement = 3;
+constexpr int kAgrandissement = 3;
 
 struct Source {
-  QString Nom;
-  QByteArray Octets;
-  QSize Taille;
-  bool Alpha = false;
-  QList<int> CoucheDeForme;  // layer of each shape outside defs, in document order
-  QList<bool> CoucheNette;   // per layer
+  QString nom;
+  QByteArray octets;
+  QSize taille;
+  bool alpha = false;
+  QList<int> coucheDeForme;  // layer of each shape outside defs, in document order
+  QList<bool> coucheNette;   // per layer
 };
 
-const QSet<QString> Formes = {"path", "rect", "circle", "ellipse", "line", "polyline", "polygon", "use"};
-const QSet<QString> Autres = {"svg", "g", "defs", "linearGradient", "radialGradient", "stop", "title"};
-QString AvertissementQt;
+const QSet<QString> kFormes = {"path", "rect", "circle", "ellipse", "line", "polyline", "polygon", "use"};
+const QSet<QString> kAutres = {"svg", "g", "defs", "linearGradient", "radialGradient", "stop", "title"};
+QString avertissementQt;
 
 [[noreturn]] void Echouer(const QString &nom, const QString &raison) {
   throw std::runtime_error((nom + ": " + raison).toStdString());
@@ -75,7 +74,7 @@ void VerifierElement(const QString &nom, const QXmlStreamReader &element, bool n
                      const QSet<QString> &palette) {
   static const QSet<QString> porteurs = {"fill", "stroke", "stop-color", "color"};
   const QString genre = element.name().toString();
-  if (!Formes.contains(genre) && !Autres.contains(genre)) Echouer(nom, "element " + genre);
+  if (!kFormes.contains(genre) && !kAutres.contains(genre)) Echouer(nom, "element " + genre);
   for (const QXmlStreamAttribute &attribut : element.attributes()) {
     const QString valeur = attribut.value().toString().trimmed().toLower();
     if (attribut.name() == QLatin1String("style")) Echouer(nom, "style attribute");
@@ -88,10 +87,10 @@ void VerifierElement(const QString &nom, const QXmlStreamReader &element, bool n
 
 Source LireSource(const QDir &assets, const QString &nom, const QSet<QString> &palette) {
   Source source;
-  source.Nom = nom;
-  source.Octets = LireFichier(assets.filePath("sources/" + nom + ".svg"));
+  source.nom = nom;
+  source.octets = LireFichier(assets.filePath("sources/" + nom + ".svg"));
   QList<bool> nets = {false};
-  QXmlStreamReader lecteur(source.Octets);
+  QXmlStreamReader lecteur(source.octets);
   for (int defs = 0; !lecteur.atEnd();) {
     const auto jeton = lecteur.readNext();
     const bool estDefs = lecteur.name() == QLatin1String("defs");
@@ -103,17 +102,17 @@ Source LireSource(const QDir &assets, const QString &nom, const QSet<QString> &p
     defs += estDefs;
     VerifierElement(nom, lecteur, nets.last(), palette);
     if (lecteur.name() == QLatin1String("svg")) {
-      source.Taille = QSize(attributs.value("width").toInt(), attributs.value("height").toInt());
-      if (source.Taille.isEmpty()) Echouer(nom, "width and height are not whole pixels");
+      source.taille = QSize(attributs.value("width").toInt(), attributs.value("height").toInt());
+      if (source.taille.isEmpty()) Echouer(nom, "width and height are not whole pixels");
       if (attributs.value("viewBox") !=
-          QString("0 0 %1 %2").arg(source.Taille.width()).arg(source.Taille.height()))
+          QString("0 0 %1 %2").arg(source.taille.width()).arg(source.taille.height()))
         Echouer(nom, "viewBox is not the size in pixels");
-      source.Alpha = attributs.value("data-alpha") == QLatin1String("1");
+      source.alpha = attributs.value("data-alpha") == QLatin1String("1");
     }
-    if (defs > 0 || !Formes.contains(lecteur.name().toString())) continue;
-    if (source.CoucheNette.isEmpty() || nets.last() || source.CoucheNette.last())
-      source.CoucheNette << nets.last();
-    source.CoucheDeForme << int(source.CoucheNette.size()) - 1;
+    if (defs > 0 || !kFormes.contains(lecteur.name().toString())) continue;
+    if (source.coucheNette.isEmpty() || nets.last() || source.coucheNette.last())
+      source.coucheNette << nets.last();
+    source.coucheDeForme << int(source.coucheNette.size()) - 1;
   }
   if (lecteur.hasError()) Echouer(nom, lecteur.errorString());
   return source;
@@ -122,15 +121,15 @@ Source LireSource(const QDir &assets, const QString &nom, const QSet<QString> &p
 // The source with the shapes of one layer only; groups and defs stay.
 QByteArray ExtraireCouche(const Source &source, int couche) {
   QByteArray sortie;
-  QXmlStreamReader lecteur(source.Octets);
+  QXmlStreamReader lecteur(source.octets);
   QXmlStreamWriter ecrivain(&sortie);
   for (int forme = 0, defs = 0; !lecteur.atEnd();) {
     const auto jeton = lecteur.readNext();
     if (jeton != QXmlStreamReader::StartElement && jeton != QXmlStreamReader::EndElement) continue;
     const bool debut = jeton == QXmlStreamReader::StartElement;
     if (lecteur.name() == QLatin1String("defs")) defs += debut ? 1 : -1;
-    if (debut && defs == 0 && Formes.contains(lecteur.name().toString()) &&
-        source.CoucheDeForme[forme++] != couche)
+    if (debut && defs == 0 && kFormes.contains(lecteur.name().toString()) &&
+        source.coucheDeForme[forme++] != couche)
       lecteur.skipCurrentElement();
     else
       ecrivain.writeCurrentToken(lecteur);
@@ -139,20 +138,20 @@ QByteArray ExtraireCouche(const Source &source, int couche) {
 }
 
 QImage RendreCouche(const Source &source, int couche) {
-  const int echelle = source.CoucheNette[couche] ? Agrandissement : 1;
+  const int echelle = source.coucheNette[couche] ? kAgrandissement : 1;
   QSvgRenderer rendu(ExtraireCouche(source, couche));
   // Sixteen bits a channel: a sample on an edge must give back its very colour.
   const auto format =
       echelle == 1 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGBA64_Premultiplied;
-  QImage grande(source.Taille * echelle, format);
+  QImage grande(source.taille * echelle, format);
   grande.fill(Qt::transparent);
   QPainter peintre(&grande);
   rendu.render(&peintre, QRectF(grande.rect()));
   peintre.end();
-  if (!rendu.isValid() || !AvertissementQt.isEmpty())
-    Echouer(source.Nom, "is not understood: " + AvertissementQt);
+  if (!rendu.isValid() || !avertissementQt.isEmpty())
+    Echouer(source.nom, "is not understood: " + avertissementQt);
   if (echelle == 1) return grande;
-  QImage image(source.Taille, QImage::Format_ARGB32_Premultiplied);
+  QImage image(source.taille, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   for (int y = 0; y < image.height(); ++y)
     for (int x = 0; x < image.width(); ++x)
@@ -162,9 +161,9 @@ QImage RendreCouche(const Source &source, int couche) {
 }
 
 QImage RendreSource(const Source &source) {
-  QImage image(source.Taille, QImage::Format_ARGB32_Premultiplied);
+  QImage image(source.taille, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
-  for (int couche = 0; couche < source.CoucheNette.size(); ++couche) {
+  for (int couche = 0; couche < source.coucheNette.size(); ++couche) {
     const QImage dessus = RendreCouche(source, couche);
     // A soft edge over a key colour would leave a coloured rim around the window's outline.
     const QRgb coin = image.pixel(0, 0);
@@ -172,13 +171,13 @@ QImage RendreSource(const Source &source) {
     for (int y = 0; cle && y < image.height(); ++y)
       for (int x = 0; x < image.width(); ++x)
         if (qAlpha(dessus.pixel(x, y)) % 255 != 0 && image.pixel(x, y) == coin)
-          Echouer(source.Nom, QString("soft edge over the key colour at %1, %2").arg(x).arg(y));
+          Echouer(source.nom, QString("soft edge over the key colour at %1, %2").arg(x).arg(y));
     QPainter(&image).drawImage(0, 0, dessus);
   }
   const QByteArray pixels = PixelsDe(image);
-  for (qsizetype i = 3; !source.Alpha && i < pixels.size(); i += 4)
-    if (pixels[i] != '\xff') Echouer(source.Nom, QString("pixel %1 is not opaque").arg(i / 4));
-  return image.convertToFormat(source.Alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+  for (qsizetype i = 3; !source.alpha && i < pixels.size(); i += 4)
+    if (pixels[i] != '\xff') Echouer(source.nom, QString("pixel %1 is not opaque").arg(i / 4));
+  return image.convertToFormat(source.alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
 }
 
 // One manifest line per name; a raster is written only where its pixels have changed.
@@ -196,12 +195,12 @@ QStringList Traiter(const QDir &assets, const QStringList &noms, bool dessiner) 
       const bool pareille = ancienne.size() == image.size() && PixelsDe(ancienne) == PixelsDe(image);
       if (!pareille && !image.save(chemin)) Echouer(chemin, "cannot be written");
     }
-    if (image.size() != source.Taille) Echouer(chemin, "is missing or has not the size of its source");
+    if (image.size() != source.taille) Echouer(chemin, "is missing or has not the size of its source");
     lignes << QString("%1 %2x%3 %4 %5")
                   .arg(nom)
                   .arg(image.width())
                   .arg(image.height())
-                  .arg(Empreinte(source.Octets), Empreinte(PixelsDe(image)));
+                  .arg(Empreinte(source.octets), Empreinte(PixelsDe(image)));
   }
   return lignes;
 }
@@ -239,7 +238,7 @@ int main(int argc, char **argv) {
   QStringList arguments = application.arguments().mid(1);
   if (arguments.isEmpty()) return qCritical("dessins-outil <assets> [--verifier | name...]"), 2;
   const auto journal = qInstallMessageHandler(
-      [](QtMsgType, const QMessageLogContext &, const QString &texte) { AvertissementQt = texte; });
+      [](QtMsgType, const QMessageLogContext &, const QString &texte) { avertissementQt = texte; });
   try {
     if (arguments[0] == "--icone") return FaireIcone(arguments), 0;
     const QDir assets(arguments.takeFirst());
