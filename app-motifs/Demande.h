@@ -21,10 +21,13 @@ enum class Verbe {
 
 struct Demande {
   Verbe verbe = Verbe::Fenetre;
-  std::vector<std::string> fichiers;
-  std::vector<int> fois;  // of each file, for `assembler`
-  std::string vers, sortie;
-  int flotte, groupe = 1, port = 0;  // port 0: the one of the settings
+  std::vector<std::string>
+      fichiers;              // as they were written; never empty but for the window, help and version
+  std::vector<int> fois;     // of each file, for `assembler`
+  std::string vers, sortie;  // folder and file to write to; empty for the place that the verb chooses
+  int flotte;                // threads, the longest float that is no finding
+  int groupe = 1;            // ends that the threading list tells in one row
+  int port = 0;              // COM number, 0 for the one of the settings
   bool remplacer = false, json = false, separer = false;
 };
 

@@ -5,7 +5,8 @@
 
 #include "base/ErreurExecution.h"
 
-// Signed 16-bit; every + - * and every narrowing that leaves -32768..32767 fails with 6.
+// Signed 16-bit, 0 when made; every + - * and every narrowing that leaves -32768..32767 fails with 6, and
+// leaves the number as it was. Comparing and dividing go by way of int, which loses nothing.
 class Entier {
  public:
   constexpr Entier() = default;

@@ -6,7 +6,8 @@
 
 #include "base/ErreurExecution.h"
 
-// Elements 0 to `dernier`.
+// Elements 0 to `dernier`, each as its type makes it. Copies are deep; references hold until the table is
+// assigned.
 template <class T, int dernier>
 class Table {
  public:

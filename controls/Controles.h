@@ -77,6 +77,7 @@ struct Image : Controle {
   std::string Picture;  // name of a picture of the program, empty for none
 };
 
+// A text that is only read; one as high as two lines breaks at its width.
 struct Etiquette : Controle {
   Genre genre() const override { return Genre::Etiquette; }
   std::string Caption;
@@ -90,6 +91,8 @@ struct Etiquette : Controle {
   bool Serre = false;    // narrower letters where the text is wider than its place
 };
 
+// A field. What the weaver types stands in `Text` before any event runs; `SelStart` and `SelLength` count
+// characters, from 0, and tell as well as set the selection.
 struct ZoneTexte : Controle {
   Genre genre() const override { return Genre::Texte; }
   std::string Text;
@@ -105,6 +108,7 @@ struct ListeChoix : Controle {
   bool Saisie = false;
 };
 
+// `Value` is changed before Click runs.
 struct CaseCochee : Controle {
   Genre genre() const override { return Genre::Case; }
   bool Value = false;

@@ -22,6 +22,7 @@ class PortSerie {
   virtual std::string RaisonRefus() const = 0;  // of the last 8002: a sentence in the language in force
   virtual void Output(const std::string &octets) = 0;  // never waits; 8018
   virtual std::string Input() = 0;                     // all that was received; never waits; 57
+  // Length and mode of reading are kept and tell back; all that is there is read, whatever they say.
   virtual void InputLen(Entier longueur) = 0;
   virtual Entier InputLen() const = 0;
   virtual void InputMode(long mode) = 0;
@@ -30,11 +31,12 @@ class PortSerie {
   virtual Entier OutBufferCount() const = 0;       // bytes
   virtual Entier OutBufferSize() const = 0;        // bytes
   virtual Entier InBufferCount() = 0;              // bytes
+  // 0 none, 1 XON/XOFF, 2 RTS/CTS, 3 both; at once where the port is open.
   virtual void Handshaking(long protocole) = 0;
   virtual long Handshaking() const = 0;
   virtual void RTSEnable(bool etat) = 0;
   virtual bool DTREnable() const = 0;
   virtual Entier SThreshold() const = 0;
   virtual std::string ParityReplace() const = 0;
-  virtual Entier CommEvent() const = 0;
+  virtual Entier CommEvent() const = 0;  // number of the last event of the line, 0 for none
 };

@@ -12,7 +12,8 @@
 
 class FenetreNative : private Visiteur {
  public:
-  // `principale` is the main window, or null for itself; the others lie above it.
+  // `principale` is the main window, or null for itself; the others lie above it, and it outlives them. The
+  // data has to stay where it is, though it may be made anew there.
   FenetreNative(Fenetre &donnee, FenetreNative *principale, Guichet &guichet);
   ~FenetreNative() override;
 

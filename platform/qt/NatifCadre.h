@@ -6,6 +6,7 @@
 
 class NatifCadre : public Natif {
  public:
+  // `cadre` is the top-level widget, which somebody else owns; it has to outlive this.
   NatifCadre(PeintDessin *cadre, Fenetre &donnee, bool principale, Guichet &guichet);
 
   Fenetre &LaFenetre() const { return Donnee<Fenetre>(); }

@@ -82,6 +82,7 @@ class PeintDessin : public Peint {
   Couleur couleur_ = 0;
 };
 
+// A picture in its own size from the top left corner, what is beyond the widget cut off.
 class PeintImage : public Peint {
  public:
   using Peint::Peint;
@@ -94,6 +95,7 @@ class PeintImage : public Peint {
   QImage image_;
 };
 
+// The outline of a box inside its rectangle, `epaisseur` pixels wide; the pointer passes through it.
 class PeintForme : public Peint {
  public:
   explicit PeintForme(QWidget *parent);
