@@ -15,7 +15,8 @@ preparer_programme() {
 }
 
 ouvrir_ecran() {
-  exec 3< <(exec Xvfb -displayfd 1 -screen 0 $((1024 * echelle))x$((768 * echelle))x24 -wr -nolisten tcp 2>/dev/null)
+  # Without -noreset it starts over when its last client goes, and refuses one that comes meanwhile.
+  exec 3< <(exec Xvfb -displayfd 1 -noreset -screen 0 $((1024 * echelle))x$((768 * echelle))x24 -wr -nolisten tcp 2>/dev/null)
   xvfb=$!
   metier=$xvfb brandis=$xvfb
   trap 'kill "$metier" "$brandis" "$xvfb" 2>/dev/null || true' EXIT
