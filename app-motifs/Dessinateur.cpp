@@ -15,7 +15,7 @@ Entree *Charger(const fs::path &dossier, const std::string &nom, const char *ent
   std::error_code erreur;
   const fs::path ici = dossier / (nom + ".so");
   const fs::path partie =
-      fs::exists(ici, erreur) ? ici : dossier.parent_path() / "lib" / "brandis" / (nom + ".so");
+      fs::exists(ici, erreur) ? ici : dossier.parent_path() / "lib/brandis/parties" / (nom + ".so");
   void *biblio = dlopen(partie.c_str(), RTLD_NOW | RTLD_LOCAL);
   void *adresse = biblio ? dlsym(biblio, entree) : nullptr;
   if (!adresse) {

@@ -9,7 +9,7 @@
 
 // The picture of a pattern as bytes, of the kind that the ending of `nom` tells (png, svg, pdf). Refuses
 // other endings and a missing part; `dossierExecutable` is where the program lies, and its parts there or in
-// ../lib/brandis.
+// ../lib/brandis/parties.
 std::string DessinerAvecLaPartie(const std::string &dossierExecutable, const Motif &motif,
                                  const std::string &nom, Langue langue);
 
