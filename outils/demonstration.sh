@@ -9,8 +9,6 @@ essai=$build/demonstration
 journal=$essai/metier.log
 . "$racine/outils/ecran.sh"
 
-image() { import -window root -crop 812x642+106+63 +repage "$images/$1.png"; echo "  picture: $images/$1.png"; }
-
 preparer_programme "$build"
 ouvrir_ecran
 ouvrir_metier --cadence 300

@@ -38,6 +38,13 @@ fenetre_la() { xdotool search --onlyvisible --name "$1" >/dev/null 2>&1; }
 fenetre_partie() { ! fenetre_la "$1"; }
 leves() { [ "$(grep -c '^shed ' "$journal")" -ge "$1" ]; }
 
+# The window and what stands on it, as a file in $images.
+image() {
+  import -window root -crop $((812 * echelle))x$((642 * echelle))+$((106 * echelle))+$((63 * echelle)) \
+    +repage "$images/$1.png"
+  echo "  picture: $images/$1.png"
+}
+
 # Places are those of the window at scale 1, from its top left corner.
 pointer() { xdotool mousemove $((108 * echelle + $1 * echelle)) $((65 * echelle + $2 * echelle)) sleep 0.15; }
 clic() { pointer "$1" "$2" && xdotool click 1 sleep 0.4; }
