@@ -1,9 +1,10 @@
 // The program.
 #include <QApplication>
-#include <QFile>
 #include <QTimer>
+#include <filesystem>
 
 #include "app/Montage.h"
+#include "platform/qt/Avance.h"
 #include "platform/qt/InstanceUnique.h"
 #include "platform/qt/Rapport.h"
 #include "platform/qt/StyleChamps.h"
@@ -14,29 +15,44 @@ void ChoisirEcran() {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
     qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
-}  // namespace
 
-int main(int nombre, char **mots) {
-  ChoisirEcran();
-  QApplication application(nombre, mots);
+// The application object, which knows it too, comes later.
+std::string DossierExecutable() { return std::filesystem::read_symlink("/proc/self/exe").parent_path(); }
+
+void Preparer() {
   QApplication::setApplicationName(QStringLiteral("Brandis"));
   QApplication::setQuitOnLastWindowClosed(false);  // the window also hides behind its notification icon
   InstallerStyle();
   QGuiApplication::setDesktopFileName(QStringLiteral("brandis"));
+}
+
+int Lancer(int nombre, char **mots, const DossiersProgramme &dossiers) {
+  Avance avance(dossiers.dessins);
+  QApplication application(nombre, mots);
+  avance.Ouvrir();
+  Preparer();
+  ImagesLues images = avance.Attendre();
+  InstanceUnique instance(dossiers.programme);
+  if (!instance.Premiere()) {
+    if (!instance.AppelerPremiere()) Annoncer(TexteDejaOuvert(dossiers.programme));
+    return 0;
+  }
+  PlateformeQt machine(dossiers);
+  machine.RecevoirImages(std::move(images));
+  Monter(machine);
+  // Once the window stands: nobody calls before.
+  QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });
+  return Tourner(machine);
+}
+}  // namespace
+
+int main(int nombre, char **mots) {
+  ChoisirEcran();
   try {
-    const DossiersProgramme dossiers =
-        TrouverDossiers(QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString());
-    InstanceUnique instance(dossiers.programme);
-    if (!instance.Premiere()) {
-      if (!instance.AppelerPremiere()) Annoncer(TexteDejaOuvert(dossiers.programme));
-      return 0;
-    }
-    PlateformeQt machine(dossiers);
-    Monter(machine);
-    // Once the window stands: nobody calls before.
-    QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });
-    return Tourner(machine);
+    return Lancer(nombre, mots, TrouverDossiers(DossierExecutable()));
   } catch (const SansDossier &e) {
+    QApplication application(nombre, mots);
+    Preparer();
     RapporterEtFinir(e.what());
   }
 }

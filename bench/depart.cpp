@@ -9,7 +9,9 @@
 #include <cstdlib>
 
 #include "app/Montage.h"
+#include "platform/qt/Avance.h"
 #include "platform/qt/StyleChamps.h"
+#include "session/Journal.h"
 
 namespace {
 // The window paints itself and all that lies in it before the queue runs on.
@@ -31,6 +33,7 @@ class Guetteur : public QObject {
     const auto ici = duration_cast<nanoseconds>(system_clock::now().time_since_epoch()).count();
     std::printf("%.2f\n", static_cast<double>(ici - debut_) / 1e6);
     std::fflush(stdout);
+    NoterFin();  // else the next start would remind of this one
     std::_Exit(0);
   }
   Miroir &miroir_;
@@ -41,12 +44,16 @@ class Guetteur : public QObject {
 
 int main(int nombre, char **mots) {
   if (nombre < 2) return 2;
+  const DossiersProgramme dossiers = TrouverDossiers(BRANDIS_PROGRAMME);
+  Avance avance(dossiers.dessins);
   QApplication application(nombre, mots);
+  avance.Ouvrir();
   QApplication::setQuitOnLastWindowClosed(false);
   InstallerStyle();
-  PlateformeQt machine(TrouverDossiers(BRANDIS_PROGRAMME));
+  PlateformeQt machine(dossiers);
   Guetteur guetteur(machine.LeMiroir(), std::atoll(mots[1]));
   application.installEventFilter(&guetteur);
+  machine.RecevoirImages(avance.Attendre());
   Monter(machine);
   return QApplication::exec();
 }

@@ -31,8 +31,10 @@ std::size_t Surface::Place(int x, int y) const {
 }
 
 void Surface::Refaire(int largeur, int hauteur, Couleur fond) {
+  const std::size_t avant = Place(0, hauteur_);
   largeur_ = std::max(largeur, 0);
   hauteur_ = std::max(hauteur, 0);
+  if (Place(0, hauteur_) != avant) pixels_.reset();
   Effacer(fond);
 }
 
@@ -45,7 +47,9 @@ void Surface::Redimensionner(int largeur, int hauteur, Couleur fond) {
 }
 
 void Surface::Effacer(Couleur fond) {
-  pixels_ = std::make_shared<std::uint32_t[]>(Place(0, hauteur_), kOpaque | fond);
+  const std::size_t n = Place(0, hauteur_);
+  if (pixels_.use_count() != 1) pixels_ = std::make_shared_for_overwrite<std::uint32_t[]>(n);
+  std::fill_n(pixels_.get(), n, kOpaque | fond);
   ecrits_.clear();
   Changer();
 }

@@ -1,10 +1,12 @@
 #include "platform/qt/MagasinImages.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
 #include <QtEndian>
+#include <algorithm>
 
 #include "base/ErreurExecution.h"
 #include "controls/Controles.h"
@@ -56,6 +58,33 @@ Surface EnSurface(QImage image) {
 }
 }  // namespace
 
+ImagesLues LireImagesDuDepart(const std::vector<std::string> &dossiers) {
+  ImagesLues lues;
+  QStringList avant;
+  for (const std::string &dossier : dossiers) {
+    const QString images = QString::fromStdString(dossier) + QStringLiteral("/Images/");
+    for (const QString &nom :
+         QDir(images).entryList({QStringLiteral("*.ppm")}, QDir::Files, QDir::Unsorted)) {
+      const QString seul = nom.chopped(4);
+      const auto cache = [&](const QString &d) {
+        return QFileInfo::exists(d + seul + QStringLiteral(".png"));
+      };
+      if (std::none_of(avant.begin(), avant.end(), cache))
+        lues.try_emplace(seul.toStdString(), LirePixels(images + nom));
+    }
+    avant << images;
+  }
+  std::erase_if(lues, [](const auto &lue) { return lue.second.isNull(); });
+  return lues;
+}
+
+QImage MagasinImages::Prendre(const std::string &nom) {
+  if (auto lue = lues_.extract(nom)) return lue.mapped();
+  QImage image = Cherchee(nom);
+  if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
+  return image;
+}
+
 QImage MagasinImages::Cherchee(const std::string &nom) const {
   const QString place = QStringLiteral("/Images/") + QString::fromStdString(nom);
   QStringList dossiers;
@@ -74,17 +103,13 @@ QImage MagasinImages::Cherchee(const std::string &nom) const {
 const QImage &MagasinImages::Nommee(const std::string &nom) {
   const auto connue = nommees_.find(nom);
   if (connue != nommees_.end()) return connue->second;
-  const QImage image = Cherchee(nom);
-  if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
-  return nommees_[nom] = image;
+  return nommees_[nom] = Prendre(nom);
 }
 
 const Surface &MagasinImages::Picture(const std::string &nom) {
   const auto connue = surfaces_.find(nom);
   if (connue != surfaces_.end()) return connue->second;
-  QImage image = Cherchee(nom);
-  if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
-  return surfaces_[nom] = EnSurface(std::move(image));
+  return surfaces_[nom] = EnSurface(Prendre(nom));
 }
 
 std::string MagasinImages::Trouve(const std::string &chemin) const {

@@ -139,9 +139,9 @@ class Fiche : public QPlainTextEdit {
     QPainter p(viewport());
     p.setPen(Teinte(Palette::PapierLigne));
     const QTextBlock premier = document()->firstBlock();
-    const int pas = std::max(1, qRound(blockBoundingRect(premier).height() / std::max(1, premier.lineCount())));
-    for (int y = pas - 1; y < viewport()->height() - 1; y += pas)
-      p.drawLine(0, y, viewport()->width(), y);
+    const int pas =
+        std::max(1, qRound(blockBoundingRect(premier).height() / std::max(1, premier.lineCount())));
+    for (int y = pas - 1; y < viewport()->height() - 1; y += pas) p.drawLine(0, y, viewport()->width(), y);
     p.end();
     QPlainTextEdit::paintEvent(e);
   }

@@ -57,8 +57,9 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
     FinirAttentes();
     suivi_.Suivre();
   });
-  // Once the windows stand: nobody waits for the icon.
-  QTimer::singleShot(0, &vivante_, [this] {
+  // Once the windows stand and are painted: nobody waits for the icon.
+  constexpr int kRetardIcone = 100;  // milliseconds
+  QTimer::singleShot(kRetardIcone, &vivante_, [this] {
     const QImage icone = images_.Cherchee("Brandis");
     if (!icone.isNull()) QApplication::setWindowIcon(QPixmap::fromImage(icone));
   });

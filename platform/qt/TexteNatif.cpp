@@ -19,6 +19,8 @@ QString DeWindows1252(const std::string &octets) {
   }
   return texte;
 }
+
+QString familleChoisie = QStringLiteral("Arial");
 }  // namespace
 
 QString Texte(const std::string &octets) {
@@ -50,9 +52,11 @@ QString Filtre(const std::function<int(int)> &filtre, const QString &texte) {
   return passes;
 }
 
+void ChoisirFamille(const QString &famille) { familleChoisie = famille; }
+
 QFont Fonte(const Police &police) {
-  // One family for both; where the desktop has no Arial, it knows the one of the same measures.
-  QFont fonte(police.Nom == "MS Sans Serif" ? u"Arial"_qs : Texte(police.Nom));
+  // Where the desktop has no Arial, it knows the one of the same measures.
+  QFont fonte(familleChoisie);
   // In pixels, so that the desktop's own dots per inch change no layout.
   fonte.setPixelSize(std::max(1, qRound(police.Taille * 96 / 72)));
   fonte.setBold(police.Gras);

@@ -20,7 +20,9 @@ QString CaractereDeCode(int code);
 // for 0.
 QString Filtre(const std::function<int(int)> &filtre, const QString &texte);
 
+// In the family that stands for Arial, which is the one of both families of the system.
 QFont Fonte(const Police &police);
+void ChoisirFamille(const QString &famille);
 inline QColor Teinte(Couleur c) { return QColor::fromRgb(c | 0xff000000u); }
 
 // Place and size, each rounded by itself: the size must be that of the surface painted for the control. Never

@@ -64,8 +64,10 @@ QByteArray PixelsDe(const QImage &image) {
 QString CheminImage(const QString &nom) {
   static const QRegularExpression bouton("^IMG[0-9]{3}$");
   if (bouton.match(nom).hasMatch()) return "Dessins Boutons/" + nom + ".BMP";
-  // The large ones that every start reads: plain pixels are there in half the time.
-  static const QSet<QString> aLire = {"Attente", "Fond24", "Habillage", "UnInstant"};
+  // Those that every start reads: plain pixels are there in half the time.
+  static const QSet<QString> aLire = {"Attente",      "BITMAP101",   "BoutonAide", "Drapeau1",
+                                      "Drapeau2",     "Fond24",      "Habillage",  "ImageMetier",
+                                      "Indicateur24", "PicTVCentre", "Picture3",   "UnInstant"};
   return nom + (aLire.contains(nom) ? ".ppm" : ".png");
 }
 
