@@ -34,7 +34,7 @@ class Atelier : public Banc {
     Configurer({{5, option}, {7, std::to_string(duite)}});
   }
   void Tisser(int duites) {
-    Commande(10);
+    Commande(Commande::Demarrer);
     Rapports(duites - 1);
   }
   using Banc::Commande;
@@ -117,8 +117,8 @@ std::map<std::string, std::string> Dessiner() {
     a.OuvrirSerge();
     dessins["patron"] = Dessin(6, false);
     a.Tisser(5);
-    a.Commande(4);
-    a.Commande(17);
+    a.Commande(Commande::TisserToile);
+    a.Commande(Commande::TisserPatronEtToile);
     dessins["retour-toile"] = Dessin(0, true);
   }
   {

@@ -111,13 +111,13 @@ void Vues::VoirDebut() {
   Faire([] { Decharger(fenetreMessageCourt); });
   Prendre("depart", fenetre);
   Voir("deplacee", fenetre, [] {
-    fenetre.BoutonProgramme[11].Visible = false;
+    fenetre.BoutonProgramme[Commande::BasculerBulles].Visible = false;
     fenetre.PicTVCentre.Visible = true;
     PicTVCentre_MouseMove();
   });
   Faire([] {
     fenetre.PicTVCentre.Visible = false;
-    fenetre.BoutonProgramme[11].Visible = true;
+    fenetre.BoutonProgramme[Commande::BasculerBulles].Visible = true;
     AccorderRemarque();
   });
   Voir("un-instant", fenetre, [] { fenetre.UnInstant.Visible = true; });
@@ -139,7 +139,7 @@ void Vues::VoirPanneaux() {
   Faire([] { BoutonProgramme_Click(18); });
   Voir("diagnostic-24", fenetre, [] {
     for (int i : {1, 4, 5, 13, 24}) fenetre.CheckSelenoide[i].Value = true;
-    ChangerVoyant(20, true);
+    ChangerVoyant(Commande::DebuterTest, true);
     fenetre.Text1.Text = "0\r\n0 : 1 4 5 13 24\r\n";
   });
   Faire([] { BoutonProgramme_Click(19); });
