@@ -15,7 +15,8 @@ ouvrir_metier --cadence 300
 
 echo "First start"
 ouvrir_programme
-image 0-message-du-premier-depart      # the settings file is not there yet
+attendre fenetre_la '^Note$'           # the settings file is not there yet
+image 0-message-du-premier-depart
 attendre fenetre_partie '^Note$'
 image 1-premier-ecran
 echo "Configure: COM 1, weave option Pattern"
