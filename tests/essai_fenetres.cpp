@@ -301,6 +301,11 @@ TEST_F(Fenetres, MessageCourt) {
   EXPECT_TRUE(f.Visible);
   f.Timer1.Timer();
   EXPECT_FALSE(f.Visible || f.Chargee || f.Timer1.Interval());
+  for (int i = 1; i <= 5; ++i) {
+    AfficherMessageCourt("Error", "trois");
+    f.Ligne[i].Click();
+    EXPECT_FALSE(f.Visible) << i;
+  }
 }
 
 TEST_F(Fenetres, MessageModal) {

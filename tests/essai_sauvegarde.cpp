@@ -237,7 +237,9 @@ TEST_F(Sauvegarde, QuitWaitsUntilItsFailureIsRead) {
     Demarrer();
     pf.termine = false;
     Messages();
+    bool lue = false;
     pf.pendantModal = [&](Fenetre &f) {
+      lue = true;
       EXPECT_EQ(&f, &fenetreMessageCourt);
       EXPECT_EQ(fenetreMessageCourt.Timer1.Interval(), 0);
       EXPECT_FALSE(pf.termine);
@@ -245,7 +247,7 @@ TEST_F(Sauvegarde, QuitWaitsUntilItsFailureIsRead) {
       EXPECT_EQ(pf.termine, deuxFois);
     };
     Commande(0);
-    EXPECT_TRUE(pf.termine);
+    EXPECT_TRUE(lue && pf.termine);
     EXPECT_EQ(Messages().at(0), "Error|L'erreur # 75 a été générée par Brandis\rPath/File access error");
   }
   EXPECT_EQ(LireFichier("elsewhere"), "precious");

@@ -167,7 +167,7 @@ TEST_F(SessionEntiere, TheJournalKnowsWhatWasOnTheLoom) {
   EXPECT_FALSE(LireDerniereSeance().inachevee);
 
   // Full: it moves on, and the start looks into both. Neither a folder nor a link in its place stops a pick.
-  EcrireFichier("Journal.txt", std::string(kTailleJournal, 'x') + "\n" +
+  EcrireFichier("Journal.txt", std::string(kTailleJournal, 'x') + "\n2026-\n" +
                                    "2026-01-02 03:04:05  Duite envoyée : 37 (ligne 37), lames 1\n");
   Noter("full");
   EXPECT_FALSE(fs::exists(Data("Journal.txt")));

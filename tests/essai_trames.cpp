@@ -162,6 +162,7 @@ TEST_F(Trames, WalkingTestAndTheLoomsOwn) {
   }
   Ecrits();
   Commande(21);
+  EXPECT_TRUE(fenetre.Voyants[21] && !fenetre.Voyants[20]);
   EXPECT_EQ(fenetre.Timer2.Interval(), 0);
   fenetre.Timer2.Timer();  // a tick that was under way
   EXPECT_EQ(Ecrits(), V{kLiberer});
