@@ -92,7 +92,7 @@ TEST_F(Fenetres, MotsDesBulles) {
 
 TEST_F(Fenetres, PlacesDesBulles) {
   for (int i = 0; i <= 21; ++i) Placer(fenetre.BoutonProgramme[i], 1000, 5000, 1200, 435);
-  Placer(fenetre.Drapeau[1], 1000, 5000, 480, 300);
+  for (int i : {1, 2}) Placer(fenetre.Drapeau[i], 1000 * i, 5000, 480, 300);
   Placer(fenetre.LogoNor, 1000, 5000, 765, 480);
   Placer(fenetre.FenetreConfiguration, 3000, 2000, 4725, 5190);
   Placer(fenetre.PicNor, 1700, 4000, 7065, 2940);
@@ -109,6 +109,7 @@ TEST_F(Fenetres, PlacesDesBulles) {
                      {bouton(19), bulleInfoBasGauche, 8715, 5400},
                      {bouton(21), bulleInfoBasGauche, 8735, 5400},
                      {[] { AfficherBulleDrapeau(1); }, bulleInfoBasGauche, 4665, 3030},
+                     {[] { AfficherBulleDrapeau(2); }, bulleInfoBasGauche, 4665, 4030},
                      {AfficherBulleBarre, bulleInfoHautGauche, 1400, 4900},
                      {AfficherBulleLogo, bulleInfoBasDroit, 4800, 800},
                      // The hover reads the size that it has just swollen.
@@ -249,6 +250,8 @@ TEST_F(Fenetres, PlacesDesControles) {
   for (const auto &[c, gauche, haut] : places)
     EXPECT_EQ(std::pair(c.Left, c.Top), std::pair(gauche, haut)) << &c - &std::get<0>(places[0]);
   EXPECT_TRUE(!f.PicNor.Visible && !b[2].Visible && !b[9].Visible && !b[10].Visible && !f.Contour.empty());
+  const auto gris = [&](int i) { return b[i].Dessin.Point(b[i].Dessin.Largeur() / 2, 4) & 255; };
+  EXPECT_GT(gris(0), gris(1) + 30) << "light faces on the window, dark ones on its foot";
 }
 
 TEST_F(Fenetres, IconeDeNotification) {

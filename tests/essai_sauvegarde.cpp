@@ -220,7 +220,9 @@ TEST_F(Sauvegarde, ACopyThatIsFoundCountsWhenItIsWhole) {
     std::filesystem::remove(Data("Resume2.Trm"));
     if (!possible) std::filesystem::create_directory(Data("Resume2.Trm"));
     Demarrer();
+    session.CheminWif = "open";
     Commande(3);
+    EXPECT_EQ(session.CheminWif, possible ? chemin : "open");
     EXPECT_EQ(Messages().back(),
               possible ? "Error|The last save was cut off: the save before stands."
                        : "Error|L'erreur # 75 a été générée par Brandis\rPath/File access error");

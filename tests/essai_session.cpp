@@ -244,6 +244,7 @@ TEST_F(SessionEntiere, PanelTakesWhatItKnowsAndCancelDropsTheRest) {
   Configurer(tout);
   EXPECT_EQ(etat(), "4 24 2 12 11 up reverse A");  // 16 lasted for the plan and the draft
   EXPECT_EQ(session.NombreLamesGrille, 16);
+  EXPECT_TRUE(fenetre.CheckSelenoide[16].Visible && !fenetre.CheckSelenoide[17].Visible);
   EXPECT_EQ(fenetre.BitsDuite[1].size(), 16u);
   Configurer({{1, " COM 3 "},
               {4, " Haut"},
