@@ -9,6 +9,8 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <set>
+#include <sstream>
 
 namespace fs = std::filesystem;
 
@@ -42,35 +44,23 @@ class Processus : public QProcess {
   }
 };
 
-// Bits of harnesses premiere..premiere+7 of a plan line, the lowest the least significant.
-inline int Octet(const std::vector<int> &lames, int premiere) {
-  int octet = 0;
-  for (int lame : lames)
-    if (lame >= premiere && lame < premiere + 8) octet |= 1 << (lame - premiere);
-  return octet;
-}
-
-// The harnesses of these bytes as the loom lists them.
-inline std::string Liste(const std::vector<int> &octets) {
+// What a loom raises for a pick of these harnesses: the last eight do not go out, 1 to 8 do twice.
+inline std::string Leve(const std::set<int> &lames, int metier = 24) {
+  std::set<int> levees;
+  for (int lame : lames) {
+    if (lame <= metier - 8) levees.insert(lame);
+    if (lame <= 8) levees.insert(metier - 8 + lame);
+  }
   std::string liste;
-  for (std::size_t i = 0; i < 8 * octets.size(); ++i)
-    if (octets[i / 8] >> i % 8 & 1) liste += (liste.empty() ? "" : ",") + std::to_string(i + 1);
+  for (int lame : levees) liste += (liste.empty() ? "" : ",") + std::to_string(lame);
   return liste.empty() ? "-" : liste;
-}
-
-// What the loom prints for a pick of these harnesses: a frame carries 8..1, 16..9 and 8..1 again.
-inline std::string Leve(const std::vector<int> &lames) {
-  const int a = Octet(lames, 1), b = Octet(lames, 9);
-  char trame[64];
-  std::snprintf(trame, sizeof trame, " 1B520D0A1B49%02X%02X%02X000D0A1B450D0A", a, b, a);
-  return Liste({a, b, a}) + trame;
 }
 
 class BoutEnBout : public ::testing::Test {
  protected:
   const QTemporaryDir temporaire;
   const std::string dossier = temporaire.path().toStdString();
-  std::vector<std::vector<int>> lames;  // of pick n at [n - 1]
+  std::vector<std::set<int>> lames;  // of pick n at [n - 1]
   std::unique_ptr<Processus> metier, programme;
 
   void SetUp() override {
@@ -148,13 +138,12 @@ class BoutEnBout : public ::testing::Test {
     Faire("fichier " + dossier + "/Data/motif.wif");
     ASSERT_TRUE(EtatDevient("boutons=11010000011"));  // Start and Stop stand
   }
-  // The next shed: its harnesses and the bytes of its frame, without a release that was left from a stop.
+  // The harnesses of the next shed; the loom itself finds fault with any byte of its frame.
   std::string Shed() {
-    const std::string ligne = metier->LigneQuiCommence("shed ");
-    const auto place = ligne.find(' ', 5), octets = ligne.rfind(' ');
-    if (place == std::string::npos) return "";
-    const auto debut = std::max(octets + 1, ligne.size() - std::min<std::size_t>(ligne.size(), 32));
-    return ligne.substr(place + 1, octets - place) + ligne.substr(debut);
+    std::istringstream ligne(metier->LigneQuiCommence("shed "));
+    std::string mot, numero, levees;
+    ligne >> mot >> numero >> levees;
+    return levees;
   }
   std::string Attendu(int duite) const { return Leve(lames[static_cast<std::size_t>((duite - 1) % 12)]); }
   // Weaves `picks` picks of an option, saves in the middle of it and leaves; the next program resumes. A

@@ -6,7 +6,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -176,10 +175,4 @@ TEST(Catalogue, TheToolkitSpeaksTheLanguageInForce) {
   EXPECT_EQ(ouvrir(), "&Ouvrir");
   catalogue.Suivre(false);
   EXPECT_EQ(ouvrir(), "&Open");
-}
-
-int main(int nombre, char **mots) {
-  QCoreApplication application(nombre, mots);
-  testing::InitGoogleTest(&nombre, mots);
-  return RUN_ALL_TESTS();
 }

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QTemporaryDir>
 #include <QTest>
 #include <filesystem>
@@ -68,6 +69,8 @@ void PlusTard(const auto &suite) { QMetaObject::invokeMethod(qApp, suite, Qt::Qu
 
 class EssaiCadres : public testing::Test {
  protected:
+  // One warning for every window that cannot be raised.
+  static void SetUpTestSuite() { QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false")); }
   void SetUp() override {
     dossier = std::make_unique<QTemporaryDir>();
     const std::string base = dossier->path().toStdString();
@@ -110,6 +113,7 @@ QImage EnImage(const Surface &s) {
 }
 
 void PeindreRemarque(Surface &s) { PeindreCadreRemarque(s, 0, 0, s.Largeur(), s.Hauteur()); }
+void PeindreInformation(Surface &s) { PeindreCadreInformation(s, 2, 1, s.Largeur() - 9, s.Hauteur() - 5); }
 void PeindrePanneau(Surface &s) { PeindreFondPanneau(s, Gris(224)); }
 void PeindreOnglet(Surface &s) { PeindreFondPanneauOnglet(s, "Configure", Gris(224)); }
 void PeindreCreux(Surface &s) { PeindreFondPanneauCreux(s, Gris(224)); }
@@ -117,10 +121,10 @@ void PeindreCreux(Surface &s) { PeindreFondPanneauCreux(s, Gris(224)); }
 TEST_F(EssaiCadres, FramesAreThoseOfTheGoldenPictures) {
   reglages.StyleCadreRemarque = 1;
   for (const auto &[l, h] : {std::pair{589, 248}, std::pair{332, 187}}) {
-    Surface planche(l, 7 * h, Rgb(255, 0, 255));
+    Surface planche(l, 8 * h, Rgb(255, 0, 255));
     int y = 0;
-    for (auto *peindre : {PeindreFenetreMessage, PeindreFondInformation, PeindreRemarque, PeindrePanneau,
-                          PeindreOnglet, PeindreCreux}) {
+    for (auto *peindre : {PeindreFenetreMessage, PeindreFondInformation, PeindreInformation, PeindreRemarque,
+                          PeindrePanneau, PeindreOnglet, PeindreCreux}) {
       Surface s(l, h, Gris(192));
       peindre(s);
       planche.PaintPicture(s, 0, y), y += h;
@@ -156,10 +160,13 @@ TEST_F(EssaiCadres, TheWindowIsDraggedCentredAndMinimisedByHand) {
   QWidget *barre = Natif(fenetre.BarreDeplacement), *cadre = Natif(fenetre);
   session.BullesActives = false;
   const QPoint depart(20, 10), ecran = barre->mapToGlobal(depart), place = cadre->pos();
+  QTest::mouseMove(barre, depart + QPoint(5, 5));
+  EXPECT_EQ(cadre->pos(), place) << "nobody holds it";
   QTest::mousePress(barre, Qt::LeftButton, {}, depart);
   for (const QPoint pas : {QPoint(30, -5), QPoint(-60, -40)})
     QTest::mouseMove(barre, barre->mapFromGlobal(ecran + pas));
   QTest::mouseRelease(barre, Qt::LeftButton, {}, barre->mapFromGlobal(ecran + QPoint(-60, -40)));
+  QTest::mouseMove(barre, depart - QPoint(5, 5));
   EXPECT_EQ(cadre->pos(), place + QPoint(-60, -40));
   EXPECT_FALSE(Natif(fenetre.BoutonProgramme[11])->isVisible());
   QTest::mouseClick(Natif(fenetre.PicTVCentre), Qt::LeftButton);
@@ -218,11 +225,3 @@ TEST_F(EssaiCadres, QuitEndsTheProcessOnceWhateverWindowStands) {
   }
 }
 }  // namespace
-
-int main(int nombre, char **mots) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_LOGGING_RULES", "default.warning=false");  // one for every window it cannot raise
-  QApplication application(nombre, mots);
-  testing::InitGoogleTest(&nombre, mots);
-  return RUN_ALL_TESTS();
-}

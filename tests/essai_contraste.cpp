@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -75,6 +76,10 @@ double Mesurer(const QImage &image, const QRect &place, QRgb couleur, const std:
 
 class EssaiContraste : public testing::Test {
  protected:
+  static void SetUpTestSuite() {
+    InstallerStyle();
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
+  }
   // All texts of a window that can be seen.
   struct Releveur : Visiteur {
     Releveur(EssaiContraste &essai, const std::string &vue, Fenetre &f)
@@ -178,13 +183,3 @@ TEST_F(EssaiContraste, EveryPictureWithWordsIsReadable) {
   }
 }
 }  // namespace
-
-int main(int nombre, char **mots) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  qputenv("QT_LOGGING_RULES", "default.warning=false");
-  QApplication application(nombre, mots);
-  QApplication::setQuitOnLastWindowClosed(false);
-  InstallerStyle();
-  testing::InitGoogleTest(&nombre, mots);
-  return RUN_ALL_TESTS();
-}

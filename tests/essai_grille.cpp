@@ -94,26 +94,6 @@ TEST_F(Grille, ColumnsFollowTheHarnessCounts) {
   EXPECT_TRUE(cases[11][25].Picture == ImageCase::Blanc && cases[12][1].Picture == ImageCase::Noir);
 }
 
-TEST_F(Grille, LampIsAFewPixelsInTheCorner) {
-  BoitePicture &b = fenetre.BoutonProgramme[4];
-  const int l = b.Dessin.Largeur(), h = b.Dessin.Hauteur();
-  for (bool vert : {false, true}) {
-    ChangerVoyant(4, vert);
-    for (int x : {l - 9, l - 6})
-      for (int y : {h - 11, h - 8})
-        EXPECT_EQ(b.Dessin.Point(x, y), vert ? Rgb(10, 239, 123) : Rgb(250, 3, 3));
-    for (const auto &[x, y] : {std::pair{8, 12}, {10, 10}}) EXPECT_EQ(b.Dessin.Point(l - x, h - y), Gris(85));
-  }
-  b.Height = 515;
-  session.SurvolActif = true;  // grown by five pixels
-  ChangerVoyant(4, false);
-  EXPECT_EQ(b.Dessin.Point(l - 14, h - 16), Rgb(250, 3, 3));
-  b.Height = 500;
-  const auto version = b.Dessin.Version();
-  ChangerVoyant(4, true);
-  EXPECT_EQ(b.Dessin.Version(), version) << "a button of another height has no lamp";
-}
-
 TEST_F(Grille, LampsAfterARepaintOfAllFaces) {
   for (const auto &[option, voyant] : {std::pair{"Pattern", 5}, {"Tabby", 4}, {"Pattern and Tabby", 17}}) {
     Configurer({{5, option}, {7, "1"}});

@@ -66,6 +66,7 @@ struct FenetreEssai : Fenetre {
 
 class EssaiMiroir : public testing::Test {
  protected:
+  static void SetUpTestSuite() { InstallerStyle(); }
   void SetUp() override {
     QDir(dossier.path()).mkpath("Images");
     QImage image(15, 14, QImage::Format_RGB32);
@@ -409,12 +410,3 @@ TEST_F(EssaiMiroir, PixelsAreThoseOfTheData) {
 }
 
 }  // namespace
-
-int main(int nombre, char **mots) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication application(nombre, mots);
-  QApplication::setQuitOnLastWindowClosed(false);
-  InstallerStyle();
-  testing::InitGoogleTest(&nombre, mots);
-  return RUN_ALL_TESTS();
-}

@@ -197,10 +197,3 @@ TEST_F(EssaiFenetre, SectionsAndProject) {
   QTest::mouseClick(Touche(f, "sections"), Qt::LeftButton);
   EXPECT_EQ(LireMotif(cible.toStdString()).Duites(), 4 * 8);
 }
-
-int main(int nombre, char **mots) {
-  qputenv("QT_QPA_PLATFORM", "offscreen");
-  ::testing::InitGoogleTest(&nombre, mots);
-  QApplication application(nombre, mots);
-  return RUN_ALL_TESTS();
-}

@@ -328,9 +328,3 @@ TEST_F(EssaiPortSerie, SettingsAndOrderOfPorts) {
   EXPECT_FALSE(AvantNaturel("/dev/ttyS10", "/dev/ttyS2"));
 }
 }  // namespace
-
-int main(int nombre, char **mots) {
-  QCoreApplication application(nombre, mots);
-  testing::InitGoogleTest(&nombre, mots);
-  return RUN_ALL_TESTS();
-}
