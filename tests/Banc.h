@@ -155,10 +155,11 @@ class Banc : public ::testing::Test {
     std::ofstream(Data(nom), std::ios::binary) << contenu;
     return Data(nom);
   }
-  std::string LireFichier(const std::string &nom) const {
-    std::ifstream f(Data(nom), std::ios::binary);
+  static std::string Lire(const std::string &chemin) {
+    std::ifstream f(chemin, std::ios::binary);
     return {std::istreambuf_iterator<char>(f), {}};
   }
+  std::string LireFichier(const std::string &nom) const { return Lire(Data(nom)); }
   // A pattern of these lift plan lines, closed as real files are.
   std::string Motif(const V &lignes, const std::string &nom = "motif.wif") const;
   // n picks "i=a,b", each with its own pair of harnesses among 1..16.

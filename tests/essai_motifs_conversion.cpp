@@ -1,7 +1,5 @@
 // Files of other makers, made weavable by brandis-motifs and opened by the loom's program: every shed as the
 // file says.
-#include <algorithm>
-#include <cctype>
 #include <cstdlib>
 
 #include "tests/Banc.h"
@@ -12,58 +10,6 @@ namespace fs = std::filesystem;
 namespace {
 using Foules = std::vector<std::set<int>>;
 
-// Reads a file in the plainest way, everything in memory as text, and with none of the converter's code.
-class Temoin {
- public:
-  explicit Temoin(const std::string &chemin) {
-    std::ifstream f(chemin, std::ios::binary);
-    std::string tout{std::istreambuf_iterator<char>(f), {}}, section;
-    std::transform(tout.begin(), tout.end(), tout.begin(),
-                   [](unsigned char c) { return c == '\r' ? '\n' : static_cast<char>(std::tolower(c)); });
-    std::stringstream lignes(tout.substr(tout.find("[wif]")));
-    for (std::string l; std::getline(lignes, l);) {
-      l = l.substr(0, l.find(';'));
-      l.erase(std::remove_if(l.begin(), l.end(), [](unsigned char c) { return std::isspace(c); }), l.end());
-      const auto egal = l.find('=');
-      if (l.size() > 2 && l.front() == '[' && l.back() == ']')
-        section = l;
-      else if (egal != std::string::npos)
-        sections_[section][l.substr(0, egal)] = l.substr(egal + 1);
-    }
-  }
-
-  Foules Sheds() {
-    auto plan = sections_["[liftplan]"], pedalage = sections_["[treadling]"];
-    const bool parPedales = plan.empty();
-    int duites = std::atoi(sections_["[weft]"]["threads"].c_str());
-    for (const auto &[cle, _] : parPedales ? pedalage : plan)
-      duites = std::max(duites, std::atoi(cle.c_str()));
-    const std::string montante = sections_["[weaving]"]["risingshed"];
-    const int lames = std::atoi(sections_["[weaving]"]["shafts"].c_str());
-    Foules foules;
-    for (int d = 1; d <= duites; ++d) {
-      std::set<int> foule;
-      if (parPedales)
-        for (int p : LamesDe("=" + pedalage[std::to_string(d)]))
-          foule.merge(LamesDe("=" + sections_["[tieup]"][std::to_string(p)]));
-      else
-        foule = LamesDe("=" + plan[std::to_string(d)]);
-      foule.erase(0);
-      if (montante == "false") {
-        std::set<int> autres;
-        for (int l = 1; l <= lames; ++l)
-          if (!foule.count(l)) autres.insert(l);
-        foule = autres;
-      }
-      foules.push_back(foule);
-    }
-    return foules;
-  }
-
- private:
-  std::map<std::string, std::map<std::string, std::string>> sections_;
-};
-
 class Conversion : public BancConfigure {
  protected:
   // The program's answer; its words go into `dit`.
@@ -73,8 +19,7 @@ class Conversion : public BancConfigure {
         std::system(("LC_ALL=" + langue + " LSAN_OPTIONS=" BRANDIS_FUITES " " BRANDIS_MOTIFS " " + mots +
                      " >" + journal + " 2>&1")
                         .c_str());
-    std::ifstream f(journal);
-    dit = {std::istreambuf_iterator<char>(f), {}};
+    dit = Lire(journal);
     return WIFEXITED(etat) ? WEXITSTATUS(etat) : -1;
   }
   // Opens a file and compares the matrix cells and the bit strings with the sheds.
@@ -94,9 +39,12 @@ class Conversion : public BancConfigure {
     }
     EXPECT_FALSE(fenetre.DansLiftplan) << chemin;  // the next file is read from its own plan on
   }
-  std::string Lu(const std::string &chemin) {
-    std::ifstream f(chemin, std::ios::binary);
-    return {std::istreambuf_iterator<char>(f), {}};
+  // The sheds that a file is known to hold, a line each.
+  Foules FoulesDe(const std::string &nom) const {
+    std::stringstream texte(Lire(fichiers + "/../foules/" + nom + ".txt"));
+    Foules foules;
+    for (std::string l; std::getline(texte, l);) foules.push_back(LamesDe(l));
+    return foules;
   }
 
   const std::string fichiers = BRANDIS_FICHIERS;
@@ -110,12 +58,12 @@ TEST_F(Conversion, EveryFileShedForShed) {
   for (const auto &entree : fs::directory_iterator(fichiers)) {
     const std::string chemin = entree.path(), sorti = Data(entree.path().filename());
     ASSERT_EQ(Lancer("convertir '" + chemin + "' --vers " + pf.dossier + "/Data"), 0) << dit;
-    const Foules foules = Temoin(chemin).Sheds();
+    const Foules foules = FoulesDe(entree.path().stem());
     ASSERT_FALSE(foules.empty()) << chemin;
     ExpectFoules(sorti, foules);
     // The form is its own form.
     ASSERT_EQ(Lancer("convertir '" + sorti + "' --vers " + pf.dossier + "/encore"), 0) << dit;
-    EXPECT_EQ(Lu(sorti), Lu(pf.dossier + "/encore/" + entree.path().filename().string()));
+    EXPECT_EQ(Lire(sorti), Lire(pf.dossier + "/encore/" + entree.path().filename().string()));
     ++vus;
   }
   EXPECT_GE(vus, 10);
@@ -167,7 +115,7 @@ TEST_F(Conversion, ProjectOfSixteenHarnesses) {
   EXPECT_EQ(session.OptionTissage, 1);
   EXPECT_FALSE(session.DirectionTissage);
   EXPECT_EQ(session.NombreDuites, 8);
-  const Foules foules = Temoin(serge).Sheds();
+  const Foules foules = FoulesDe("serge-1.0");
   for (int d = 1; d <= 8; ++d) {
     std::string bits(16, '0');
     for (int l : foules[static_cast<std::size_t>(d - 1)]) bits[static_cast<std::size_t>(16 - l)] = '1';
@@ -217,7 +165,7 @@ TEST_F(Conversion, CommandLine) {
     EXPECT_EQ(Lancer(mots), etat) << mots << "\n" << dit;
     EXPECT_NE(dit.find(texte), std::string::npos) << mots << "\n" << dit;
   }
-  EXPECT_NE(Lu(ancien), "le mien");
+  EXPECT_NE(Lire(ancien), "le mien");
   EXPECT_FALSE(fs::exists(sortie + ".gif"));
   EXPECT_EQ(Lancer("info /absent", "fr_CA.UTF-8"), 2);
   EXPECT_NE(dit.find("/absent: ce fichier ne peut être lu"), std::string::npos) << dit;
@@ -229,12 +177,12 @@ TEST_F(Conversion, Pictures) {
       {".png", "\x89PNG"}, {".SVG", "<?xml"}, {".pdf", "%PDF-"}};
   for (const auto &[fin, tete] : genres) {
     ASSERT_EQ(Lancer("dessiner " + fichiers + "/pedales-ensemble.wif -o " + sortie + fin), 0) << dit;
-    EXPECT_EQ(Lu(sortie + fin).rfind(tete, 0), 0u) << fin;
+    EXPECT_EQ(Lire(sortie + fin).rfind(tete, 0), 0u) << fin;
   }
   // A long piece takes several pages.
   ASSERT_EQ(Lancer("assembler " + fichiers + "/serge-1.0.wif x100 -o " + sortie + ".wif"), 0) << dit;
   ASSERT_EQ(Lancer("dessiner " + sortie + ".wif --remplacer -o " + sortie + ".pdf"), 0) << dit;
-  const std::string pdf = Lu(sortie + ".pdf");
+  const std::string pdf = Lire(sortie + ".pdf");
   const auto compte = pdf.find("/Count ");
   ASSERT_NE(compte, std::string::npos);
   EXPECT_EQ(std::atoi(pdf.c_str() + compte + 7), 13);
