@@ -42,7 +42,6 @@ std::string Pannes::Desarmer() {
 
 #define APPEL(nom, parametres, arguments) \
   int __real_##nom parametres;            \
-  int __wrap_##nom parametres;            \
   int __wrap_##nom parametres { return Tombe() ? -1 : __real_##nom arguments; }
 
 extern "C" {
@@ -55,11 +54,9 @@ APPEL(unlink, (const char *chemin), (chemin))
 APPEL(chmod, (const char *chemin, mode_t droits), (chemin, droits))
 
 // Nothing here outlives the machine, so nothing need reach the disk, which may be busy.
-int __wrap_fsync(int d);
 int __wrap_fsync(int) { return Tombe() ? -1 : 0; }
 
 int __real_open(const char *chemin, int mode, ...);
-int __wrap_open(const char *chemin, int mode, ...);
 int __wrap_open(const char *chemin, int mode, ...) {
   va_list reste;
   va_start(reste, mode);
@@ -69,7 +66,6 @@ int __wrap_open(const char *chemin, int mode, ...) {
 }
 
 int __real_close(int d);
-int __wrap_close(int d);
 int __wrap_close(int d) {
   const bool tombe = Tombe();
   const int erreur = errno, resultat = __real_close(d);
@@ -78,13 +74,11 @@ int __wrap_close(int d) {
 }
 
 ssize_t __real_pread(int d, void *octets, std::size_t taille, off_t place);
-ssize_t __wrap_pread(int d, void *octets, std::size_t taille, off_t place);
 ssize_t __wrap_pread(int d, void *octets, std::size_t taille, off_t place) {
   return Tombe() ? -1 : __real_pread(d, octets, taille, place);
 }
 
 ssize_t __real_pwrite(int d, const void *octets, std::size_t taille, off_t place);
-ssize_t __wrap_pwrite(int d, const void *octets, std::size_t taille, off_t place);
 ssize_t __wrap_pwrite(int d, const void *octets, std::size_t taille, off_t place) {
   const bool coupe = panne == Panne::Partielle || panne == Panne::Coupee;
   if (arme && coupe && vus.size() + 1 == voulu) {

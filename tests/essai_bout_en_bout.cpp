@@ -3,21 +3,6 @@
 
 #include "tests/BoutEnBout.h"
 
-TEST_F(BoutEnBout, APatternIsWovenRoundAndTheNextStartGoesOn) {
-  DemarrerMetier();
-  Tisser();
-  for (int n = 1; n <= 30; ++n) ASSERT_EQ(Shed(), Attendu(n)) << "pick " << n;
-  Cliquer(9);
-  ASSERT_NE(metier->LigneQuiCommence("release"), "");
-  const std::string arrete = Etat();
-  Quitter();
-
-  DemarrerProgramme();
-  EXPECT_EQ(Etat().substr(0, Etat().find(' ')), arrete.substr(0, arrete.find(' '))) << "the cursor survives";
-  Cliquer(14);
-  Cliquer(15);
-}
-
 TEST_F(BoutEnBout, AMisbehavingLoomIsFollowedOrWaitedFor) {
   DemarrerMetier({"--fautes", "2:scinder,4:doubler,6:bruit,8:retarder=60,11:perdre"});
   Tisser();

@@ -2,7 +2,6 @@
 #include "Banc.h"
 #include "display/Voyants.h"
 #include "events/EvenementsSurvol.h"
-#include "kit/BullesInfo.h"
 #include "kit/Fabricant.h"
 #include "kit/ModuleTransparence.h"
 #include "mainwindow/PanneauDiagnostic.h"
@@ -55,21 +54,14 @@ TEST_F(Fenetres, ChaqueCommandeASonAide) {
 }
 
 TEST_F(Fenetres, MotsDesBulles) {
-  const struct {
-    int index;
-    bool francais;
-    const char *statut, *lignes;
-  } cas[] = {{15, true, "Annuler la configuration ",
-              "||Fermeture de la fenêtre|des configurations sans|enregistrement|"},
-             {17, false, "Weave the pattern with tabby", "||Weave |the pattern|with tabby |"},
-             {21, false, "End the loom selft test", "||End the loom|self test||"}};
-  for (const auto &[index, francais, statut, lignes] : cas) {
-    session.LangueFrancaise = francais;
-    AfficherBulleBouton(index);
-    EXPECT_EQ(fenetre.Remarque.Caption, statut);
-    EXPECT_EQ(LignesDe(bulleInfoBasGauche), lignes);
-  }
+  AfficherBulleBouton(21);
+  EXPECT_EQ(fenetre.Remarque.Caption, "End the loom selft test");
+  EXPECT_EQ(LignesDe(bulleInfoBasGauche), "||End the loom|self test||");
   session.LangueFrancaise = true;
+  AfficherBulleBouton(15);
+  EXPECT_EQ(fenetre.Remarque.Caption, "Annuler la configuration ");
+  EXPECT_EQ(LignesDe(bulleInfoBasGauche),
+            "||Fermeture de la fenêtre|des configurations sans|enregistrement|");
   Bouger(fenetre.LogoNor);
   EXPECT_EQ(fenetre.Remarque.Caption, std::string(Fabricant::Nom) + " : " + Fabricant::Site);
   EXPECT_EQ(LignesDe(bulleInfoBasDroit), std::string("||") + Fabricant::RaisonSociale + "|||");
@@ -84,29 +76,25 @@ TEST_F(Fenetres, PlacesDesBulles) {
   Placer(fenetre.LogoNor, 1000, 5000, 765, 480);
   Placer(fenetre.FenetreConfiguration, 3000, 2000, 4725, 5190);
   Placer(fenetre.PicNor, 1700, 4000, 7065, 2940);
-  struct Cas {
-    std::function<void()> afficher;
-    const BulleInfo &bulle;
-    double haut, gauche;
-  };
   const auto bouton = [](int i) { return [i] { AfficherBulleBouton(i); }; };
-  const Cas cas[] = {{bouton(0), bulleInfoHautDroit, 6235, 650},
-                     {bouton(1), bulleInfoBasGauche, 4715, 3700},
-                     {bouton(6), bulleInfoBasGauche, 4415, 2200},
-                     {bouton(13), bulleInfoBasGauche, 6715, 6700},
-                     {bouton(19), bulleInfoBasGauche, 8715, 5400},
-                     {bouton(21), bulleInfoBasGauche, 8735, 5400},
-                     {[] { AfficherBulleDrapeau(1); }, bulleInfoBasGauche, 4665, 3030},
-                     {[] { AfficherBulleDrapeau(2); }, bulleInfoBasGauche, 4665, 4030},
-                     {AfficherBulleBarre, bulleInfoHautGauche, 1400, 4900},
-                     {AfficherBulleLogo, bulleInfoBasDroit, 4800, 800},
-                     // The hover reads the size that it has just swollen.
-                     {[] { BoutonProgramme_MouseMove(5); }, bulleInfoBasGauche, 4635, 3780}};
+  const std::tuple<std::function<void()>, const BulleInfo &, double, double> cas[] = {
+      {bouton(0), bulleInfoHautDroit, 6235, 650},
+      {bouton(1), bulleInfoBasGauche, 4715, 3700},
+      {bouton(6), bulleInfoBasGauche, 4415, 2200},
+      {bouton(13), bulleInfoBasGauche, 6715, 6700},
+      {bouton(19), bulleInfoBasGauche, 8715, 5400},
+      {bouton(21), bulleInfoBasGauche, 8735, 5400},
+      {[] { AfficherBulleDrapeau(1); }, bulleInfoBasGauche, 4665, 3030},
+      {[] { AfficherBulleDrapeau(2); }, bulleInfoBasGauche, 4665, 4030},
+      {AfficherBulleBarre, bulleInfoHautGauche, 1400, 4900},
+      {AfficherBulleLogo, bulleInfoBasDroit, 4800, 800},
+      // The hover reads the size that it has just swollen.
+      {[] { BoutonProgramme_MouseMove(5); }, bulleInfoBasGauche, 4635, 3780}};
   fenetre.HautInitial = fenetre.Top = 3315;
   fenetre.GaucheInitial = fenetre.Left = 8340;
-  for (const Cas &c : cas) {
-    c.afficher();
-    EXPECT_EQ(std::pair(c.bulle.Top, c.bulle.Left), std::pair(c.haut, c.gauche)) << &c - cas;
+  for (const auto &[afficher, bulle, haut, gauche] : cas) {
+    afficher();
+    EXPECT_EQ(std::pair(bulle.Top, bulle.Left), std::pair(haut, gauche));
   }
 }
 
@@ -217,8 +205,7 @@ TEST_F(Fenetres, LesPanneauxSontCentres) {
                                                                  {f.FenetreConfiguration, 2997.5, 2175},
                                                                  {f.PicLblIndiqueLigneRendu, 8112.5, 2160},
                                                                  {f.PicPourControle, 2107.5, 6985}};
-  for (const auto &[c, gauche, haut] : places)
-    EXPECT_EQ(std::pair(c.Left, c.Top), std::pair(gauche, haut)) << &c - &std::get<0>(places[0]);
+  for (const auto &[c, gauche, haut] : places) EXPECT_EQ(std::pair(c.Left, c.Top), std::pair(gauche, haut));
   EXPECT_TRUE(!f.PicNor.Visible && !f.Contour.empty());
   const auto gris = [&](int i) {
     const Surface &face = f.BoutonProgramme[i].Dessin;

@@ -155,14 +155,11 @@ class EssaiPannes : public Banc {
 };
 }  // namespace
 
-TEST_F(EssaiPannes, ASaveOverALongerProject) {
-  Preparer(3, 2);
-  ToutEssayer();
-}
-
-TEST_F(EssaiPannes, ASaveOverAShorterProject) {
-  Preparer(2, 3);
-  ToutEssayer();
+TEST_F(EssaiPannes, ASaveOverALongerOrAShorterProject) {
+  for (const auto &[anciennes, nouvelles] : {std::pair{3, 2}, {2, 3}}) {
+    Preparer(anciennes, nouvelles);
+    ToutEssayer();
+  }
 }
 
 TEST_F(EssaiPannes, TheFirstSave) {
