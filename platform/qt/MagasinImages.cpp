@@ -7,28 +7,35 @@
 #include <QPainter>
 #include <QtEndian>
 #include <algorithm>
+#include <fstream>
+#include <memory>
 
 #include "base/ErreurExecution.h"
 #include "controls/Controles.h"
 
 namespace {
-// The large pictures, which every start reads, are plain pixels: "P6", width and height, 255, then three
-// bytes each. The toolkit's reader takes them one by one.
-QImage LirePixels(const QString &chemin) {
-  QFile fichier(chemin);
-  if (!fichier.open(QIODevice::ReadOnly) || fichier.readLine() != "P6\n") return {};
-  const QList<QByteArray> taille = fichier.readLine().split(' ');
-  fichier.readLine();
-  QImage image(taille.value(0).toInt(), taille.value(1).trimmed().toInt(), QImage::Format_RGB32);
-  const qsizetype n = image.sizeInBytes() / 4;
-  if (n <= 0 || fichier.size() - fichier.pos() < 3 * n) return {};
-  const uchar *source = fichier.map(fichier.pos(), 3 * n);
-  if (!source) return {};
+// The pictures that every start reads are plain pixels: "P6", width and height, 255, then three bytes each.
+// No object of the toolkit's helps: the first thread that has one counts as the main one.
+QImage LirePixels(const std::string &chemin) {
+  constexpr int kCote = 8192;  // pixels
+  std::ifstream fichier(chemin, std::ios::binary);
+  std::string genre;
+  int largeur = 0, hauteur = 0, clarte = 0;
+  fichier >> genre >> largeur >> hauteur >> clarte;
+  fichier.get();
+  if (!fichier || genre != "P6" || clarte != 255 || largeur < 1 || hauteur < 1 || largeur > kCote ||
+      hauteur > kCote)
+    return {};
+  const std::size_t n = static_cast<std::size_t>(largeur) * static_cast<std::size_t>(hauteur);
+  const auto octets = std::make_unique_for_overwrite<uchar[]>(3 * n + 1);
+  octets[3 * n] = 0;
+  if (!fichier.read(reinterpret_cast<char *>(octets.get()), static_cast<std::streamsize>(3 * n))) return {};
+  QImage image(largeur, hauteur, QImage::Format_RGB32);
   auto *pixels = reinterpret_cast<QRgb *>(image.bits());
-  // Four bytes at a time, the fourth being the next pixel's; the last pixel has none behind it.
-  for (qsizetype i = 0; i < n - 1; ++i, source += 3)
-    pixels[i] = 0xff000000u | qFromBigEndian<quint32>(source) >> 8;
-  pixels[n - 1] = qRgb(source[0], source[1], source[2]);
+  // Four bytes at a time, the fourth being the next pixel's, or the one more behind the last.
+  const uchar *source = octets.get();
+  for (std::size_t k = 0; k < n; ++k, source += 3)
+    pixels[k] = 0xff000000u | qFromBigEndian<quint32>(source) >> 8;
   return image;
 }
 
@@ -39,7 +46,7 @@ QImage Lire(const QString &chemin) {
   const QByteArray fin = fichier.suffix().toLower().toLatin1();
   QImageReader lecteur(chemin, fin);
   lecteur.setAutoDetectImageFormat(false);
-  const QImage image = fin == "ppm" ? LirePixels(chemin) : lecteur.read();
+  const QImage image = fin == "ppm" ? LirePixels(QFile::encodeName(chemin).toStdString()) : lecteur.read();
   return image.isNull() ? QImageReader(chemin).read() : image;
 }
 
@@ -70,7 +77,7 @@ ImagesLues LireImagesDuDepart(const std::vector<std::string> &dossiers) {
         return QFileInfo::exists(d + seul + QStringLiteral(".png"));
       };
       if (std::none_of(avant.begin(), avant.end(), cache))
-        lues.try_emplace(seul.toStdString(), LirePixels(images + nom));
+        lues.try_emplace(seul.toStdString(), LirePixels(QFile::encodeName(images + nom).toStdString()));
     }
     avant << images;
   }
