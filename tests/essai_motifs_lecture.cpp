@@ -5,11 +5,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <new>
+#include <random>
 
 #include "motifs/Assemblage.h"
 #include "motifs/Constats.h"
@@ -18,7 +20,6 @@
 #include "motifs/FormeTissable.h"
 #include "motifs/LectureMotif.h"
 #include "motifs/Planche.h"
-#include "tests/MotifHasard.h"
 
 namespace fs = std::filesystem;
 using V = std::vector<std::string>;
@@ -307,15 +308,18 @@ TEST_F(Lecture, HeadersOfAGluedFile) {
   EXPECT_EQ(FormeTissable(ComprendreMotif(forme, "m")), forme);
 }
 
-// Bytes thrown into wild but right files: a refusal with its reason, or a pattern that survives its own
+// Bytes thrown into right files: a refusal with its reason, or a pattern that survives its own
 // weavable form unchanged.
 TEST_F(Lecture, ThousandsOfWildFiles) {
   const std::string signes = "=,\n\r[]90-;\xFF\x1a";
   const V bouts{"[TIEUP]\n", "[LIFTPLAN]\n", "[COLOR TABLE]\n1=2,3", "[WARP]\nThreads=12\n", "999999999999"};
+  V fichiers;
+  for (const auto &e : fs::directory_iterator(BRANDIS_FICHIERS)) fichiers.push_back(LireBrut(e.path()));
+  std::sort(fichiers.begin(), fichiers.end());
   std::mt19937 h(7);
   int lus = 0, refuses = 0;
   for (int i = 0; i < 3000; ++i) {
-    std::string texte = MotifHasard(h).Texte(h);
+    std::string texte = fichiers[h() % fichiers.size()];
     for (auto n = i % 4 ? 1 + h() % 6 : 0; n > 0; --n) {
       const std::size_t place = h() % texte.size();
       if (h() % 3 == 0)
