@@ -197,7 +197,7 @@ TEST_F(Fenetres, UnBoutonGonfleEtReprendSaTaille) {
   }
 }
 
-TEST_F(Fenetres, LesPanneauxSontCentres) {
+TEST_F(Fenetres, LesPanneauxSontCentresEtLesTouchesClairesOuSombres) {
   const FenetreTissagePrincipale &f = fenetre;
   const std::tuple<const Controle &, double, double> places[] = {{f, 1620, 975},
                                                                  {f.PicPourTissage, 2257.5, 2160},

@@ -19,7 +19,6 @@ class EssaiPannes : public Banc {
  protected:
   struct Fichiers {
     std::string entete, lignes;
-    bool sansEntete = false, sansLignes = false;
   };
   enum Fin { Deux, Ancien, Nouveau, Dechire };
   // What a save told.
@@ -59,11 +58,10 @@ class EssaiPannes : public Banc {
     pf.messages.clear();
   }
   void SemerProjet(const Fichiers &f) const {
-    for (const char *nom :
-         {"Reprise.Avant", "Reprise.Avant.neuf", "Reprise.Ecartee", "Resume.Trm", "Resume2.Trm"})
+    for (const char *nom : {"Reprise.Avant", "Reprise.Avant.neuf", "Reprise.Ecartee"})
       std::filesystem::remove(Data(nom));
-    if (!f.sansEntete) EcrireFichier("Resume.Trm", f.entete);
-    if (!f.sansLignes) EcrireFichier("Resume2.Trm", f.lignes);
+    EcrireFichier("Resume.Trm", f.entete);
+    EcrireFichier("Resume2.Trm", f.lignes);
   }
   // Save under this fault, in its own process: what it told, or kTue.
   int Enregistrer(long n, Panne panne) {
@@ -175,7 +173,7 @@ TEST_F(EssaiPannes, APuttingBackThatIsCutOffItself) {
   SemerProjet(avant);
   ASSERT_EQ(Enregistrer(static_cast<long>(appels.rfind('w') + 1), Panne::Coupee), kTue);
   const std::string copie = LireFichier("Reprise.Avant");
-  const Fichiers dechires{LireFichier("Resume.Trm"), LireFichier("Resume2.Trm"), false, false};
+  const Fichiers dechires{LireFichier("Resume.Trm"), LireFichier("Resume2.Trm")};
   const auto semer = [&] {
     SemerProjet(dechires);
     EcrireFichier("Reprise.Avant", copie);
