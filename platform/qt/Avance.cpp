@@ -1,6 +1,7 @@
 #include "platform/qt/Avance.h"
 
 #include <fontconfig/fontconfig.h>
+#include <sys/resource.h>
 
 #include <QFontDatabase>
 
@@ -24,16 +25,23 @@ QString FamillePourArial() {
   FcPatternDestroy(voulue);
   return famille;
 }
+
+// Behind the opening of the display, where there are not cores enough for both.
+void EnRetrait() { setpriority(PRIO_PROCESS, 0, 10); }
 }  // namespace
 
 Avance::Avance(const std::vector<std::string> &dossiers)
     : polices_([this] {
+        EnRetrait();
         FcInit();
         famille_ = FamillePourArial();
         application_.acquire();
         QFontDatabase::hasFamily(famille_);
       }),
-      dessins_([this, dossiers] { images_ = LireImagesDuDepart(dossiers); }) {}
+      dessins_([this, dossiers] {
+        EnRetrait();
+        images_ = LireImagesDuDepart(dossiers);
+      }) {}
 
 ImagesLues Avance::Attendre() {
   polices_.join();

@@ -8,7 +8,7 @@
 #include <QtEndian>
 #include <algorithm>
 #include <fstream>
-#include <memory>
+#include <vector>
 
 #include "base/ErreurExecution.h"
 #include "controls/Controles.h"
@@ -26,16 +26,19 @@ QImage LirePixels(const std::string &chemin) {
   if (!fichier || genre != "P6" || clarte != 255 || largeur < 1 || hauteur < 1 || largeur > kCote ||
       hauteur > kCote)
     return {};
-  const std::size_t n = static_cast<std::size_t>(largeur) * static_cast<std::size_t>(hauteur);
-  const auto octets = std::make_unique_for_overwrite<uchar[]>(3 * n + 1);
-  octets[3 * n] = 0;
-  if (!fichier.read(reinterpret_cast<char *>(octets.get()), static_cast<std::streamsize>(3 * n))) return {};
   QImage image(largeur, hauteur, QImage::Format_RGB32);
-  auto *pixels = reinterpret_cast<QRgb *>(image.bits());
-  // Four bytes at a time, the fourth being the next pixel's, or the one more behind the last.
-  const uchar *source = octets.get();
-  for (std::size_t k = 0; k < n; ++k, source += 3)
-    pixels[k] = 0xff000000u | qFromBigEndian<quint32>(source) >> 8;
+  // A row at a time, which stays in reach; four bytes of it at a time, the fourth being the next pixel's or
+  // the one more.
+  const auto rangee = static_cast<std::size_t>(3 * largeur);
+  std::vector<uchar> octets(rangee + 1);
+  for (int y = 0; y < hauteur; ++y) {
+    if (!fichier.read(reinterpret_cast<char *>(octets.data()), static_cast<std::streamsize>(rangee)))
+      return {};
+    auto *pixels = reinterpret_cast<QRgb *>(image.scanLine(y));
+    const uchar *source = octets.data();
+    for (int x = 0; x < largeur; ++x, source += 3)
+      pixels[x] = 0xff000000u | qFromBigEndian<quint32>(source) >> 8;
+  }
   return image;
 }
 
