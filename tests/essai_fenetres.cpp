@@ -236,6 +236,12 @@ TEST_F(Fenetres, IconeDeNotification) {
 }
 
 TEST_F(Fenetres, ApresUnDeplacementLAideSEteint) {
+  const BoitePicture &ouvrir = fenetre.BoutonProgramme[1];
+  const double largeur = ouvrir.Width;
+  Bouger(fenetre.BoutonProgramme[1]);
+  EXPECT_TRUE(session.SurvolActif && ouvrir.Width > largeur);
+  fenetre.Drapeau[2].Click();
+  EXPECT_TRUE(!session.SurvolActif && ouvrir.Width == largeur) << "a repaint ends the hover";
   Bouger(fenetre.BarreDeplacement);
   EXPECT_TRUE(bulleInfoHautGauche.Visible);
   fenetre.Top += 1;

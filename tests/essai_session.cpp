@@ -48,6 +48,7 @@ TEST_F(SessionEntiere, FromTheFirstStartToTheNext) {
   EXPECT_EQ(Visibles(), kSansPatron);
   Pas(14, kConfiguration);
   EXPECT_TRUE(fenetre.Voyants[14] && !fenetre.Drapeau[1].Visible);
+  EXPECT_EQ(fenetre.ComConfiguration[1].Text, "COM 1") << "as it stands while no port was chosen";
   fenetre.ComConfiguration[1].Text = "COM 2";
   fenetre.ComConfiguration[5].Text = "Pattern";
   Pas(13, kSansPatron);

@@ -2,6 +2,7 @@
 #include "base/TexteNumerique.h"
 #include "diagnostics/DiagnosticPort.h"
 #include "loom/PortMetier.h"
+#include "loom/TramesDuite.h"
 #include "tests/Banc.h"
 #include "weaving/SequenceurDuites.h"
 
@@ -181,6 +182,15 @@ TEST_F(Trames, WalkingTestAndTheLoomsOwn) {
 TEST_F(Trames, PortEventsAsText) {
   // The names of the handshaking modes stand before the events and take 1 to 3 from them.
   OuvrirPort();
+  for (const auto &[code, texte] : {std::pair{1001, "Pause reçue"}, {1004, "Erreur de cadrage"}}) {
+    port.evenement = code;  // errors show until the first event
+    AfficherEtatPort();
+    EXPECT_EQ(Messages(), V{std::string("Error|") + texte});
+  }
+  EXPECT_TRUE(port.ouvert) << "nobody answered that it should close";
+  port.recus = {kRapport + "x"};
+  LireReponseMetier();
+  EXPECT_EQ(session.Etat, 6) << "whatever comes behind the report";
   port.recus = {"data"};
   for (const auto &[code, texte] :
        {std::pair{0, "Pas de protocole de communication"},
@@ -219,6 +229,6 @@ TEST_F(Trames, TerminalBoxAndItsCaptureFile) {
   std::string suite = "\bx";
   AjouterTerminal(fenetre.txtTerm, suite);
   EXPECT_EQ(NombreCaracteres(fenetre.txtTerm.Text), 11905);
-  EXPECT_EQ(fenetre.txtTerm.SelStart, 11905);
+  EXPECT_EQ(std::pair(fenetre.txtTerm.SelStart, fenetre.txtTerm.SelLength), std::pair(11905, 0));
   EXPECT_EQ(std::pair(pf.reprises, contenu), std::pair(3, std::string("ab\r\nc\r\nd\r\n")));
 }
