@@ -152,6 +152,7 @@ TEST_F(Trames, SolenoidsByHand) {
 TEST_F(Trames, WalkingTestAndTheLoomsOwn) {
   Commande(18);
   Commande(20);
+  EXPECT_TRUE(fenetre.Voyants[20] && !fenetre.Voyants[21]);
   EXPECT_EQ(fenetre.Timer2.Interval(), 1000);
   for (int i = 0; i < 24; ++i) fenetre.Timer2.Timer();
   ASSERT_EQ(port.ecrits.size(), 75u);
