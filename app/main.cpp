@@ -16,8 +16,11 @@ void ChoisirEcran() {
     qputenv("QT_QPA_PLATFORM", "xcb;wayland");
 }
 
-// The application object, which knows it too, comes later.
-std::string DossierExecutable() { return std::filesystem::read_symlink("/proc/self/exe").parent_path(); }
+// The application object, which knows it too, comes later. Empty where the machine does not tell.
+std::string DossierExecutable() {
+  std::error_code muette;
+  return std::filesystem::read_symlink("/proc/self/exe", muette).parent_path();
+}
 
 void Preparer() {
   QApplication::setApplicationName(QStringLiteral("Brandis"));
@@ -30,8 +33,8 @@ int Lancer(int nombre, char **mots, const DossiersProgramme &dossiers) {
   Avance avance(dossiers.dessins);
   QApplication application(nombre, mots);
   avance.Ouvrir();
-  Preparer();
   ImagesLues images = avance.Attendre();
+  Preparer();
   InstanceUnique instance(dossiers.programme);
   if (!instance.Premiere()) {
     if (!instance.AppelerPremiere()) Annoncer(TexteDejaOuvert(dossiers.programme));

@@ -49,11 +49,12 @@ int main(int nombre, char **mots) {
   QApplication application(nombre, mots);
   avance.Ouvrir();
   QApplication::setQuitOnLastWindowClosed(false);
+  ImagesLues images = avance.Attendre();
   InstallerStyle();
   PlateformeQt machine(dossiers);
   Guetteur guetteur(machine.LeMiroir(), std::atoll(mots[1]));
   application.installEventFilter(&guetteur);
-  machine.RecevoirImages(avance.Attendre());
+  machine.RecevoirImages(std::move(images));
   Monter(machine);
   return QApplication::exec();
 }
