@@ -28,6 +28,25 @@ TEST(Base, TablesRefuseWhatIsOutside) {
   for (const auto &acces : dehors) EXPECT_EQ(Echec(acces), 9);
 }
 
+// They are made as far as they are written.
+TEST(Base, ATableIsWholeFromTheStart) {
+  Table<std::string, 100> t;
+  const Table<std::string, 100> &lue = t;
+  EXPECT_EQ(lue[100], "");
+  std::string &premier = t[0] = "a";
+  t[100] = "z";
+  Table<std::string, 100> copie;
+  std::string &second = copie[1] = "b";
+  copie = t;
+  copie[99] = "y";
+  premier = "c", second = "d";
+  EXPECT_EQ(lue[0] + lue[50] + lue[99] + lue[100], "cz");
+  EXPECT_EQ(copie[0] + copie[1] + copie[99] + copie[100], "adyz");
+  Table2<Entier, 2, 4> m;
+  m(2, 3) = 7;
+  EXPECT_EQ(int{m(1, 3)} + int{m(0, 4)} + int{m(2, 3)}, 7);
+}
+
 TEST(Base, ValReadsTheNumberAtTheHead) {
   const std::pair<const char *, double> cas[] = {
       {"12", 12}, {" 1 2 . 5x", 12.5}, {"-3", -3},  {"+4", 4},     {"1.2.3", 1.2},
