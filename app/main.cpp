@@ -30,10 +30,10 @@ void Preparer() {
 }
 
 int Lancer(int nombre, char **mots, const DossiersProgramme &dossiers) {
-  Avance avance(dossiers.dessins);
+  Avance avance;
   QApplication application(nombre, mots);
   avance.Ouvrir();
-  ImagesLues images = avance.Attendre();
+  avance.Attendre();
   Preparer();
   InstanceUnique instance(dossiers.programme);
   if (!instance.Premiere()) {
@@ -41,7 +41,6 @@ int Lancer(int nombre, char **mots, const DossiersProgramme &dossiers) {
     return 0;
   }
   PlateformeQt machine(dossiers);
-  machine.RecevoirImages(std::move(images));
   Monter(machine);
   // Once the window stands: nobody calls before.
   QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });

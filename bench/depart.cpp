@@ -45,16 +45,15 @@ class Guetteur : public QObject {
 int main(int nombre, char **mots) {
   if (nombre < 2) return 2;
   const DossiersProgramme dossiers = TrouverDossiers(BRANDIS_PROGRAMME);
-  Avance avance(dossiers.dessins);
+  Avance avance;
   QApplication application(nombre, mots);
   avance.Ouvrir();
   QApplication::setQuitOnLastWindowClosed(false);
-  ImagesLues images = avance.Attendre();
+  avance.Attendre();
   InstallerStyle();
   PlateformeQt machine(dossiers);
   Guetteur guetteur(machine.LeMiroir(), std::atoll(mots[1]));
   application.installEventFilter(&guetteur);
-  machine.RecevoirImages(std::move(images));
   Monter(machine);
   return QApplication::exec();
 }

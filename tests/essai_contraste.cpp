@@ -176,7 +176,7 @@ TEST_F(EssaiContraste, EveryPictureWithWordsIsReadable) {
   for (const auto &[nom, encre, place] : images) {
     QString chemin = QStringLiteral(BRANDIS_PROGRAMME "/Images/") + nom;
     QImage image(chemin + ".png");
-    if (image.isNull()) image.load(chemin + ".ppm");
+    if (image.isNull()) image.load(chemin + ".bmp");
     ASSERT_FALSE(image.isNull()) << nom;
     const double c = Mesurer(image, place, 0xff000000u | encre, [](QPoint) { return true; });
     EXPECT_GE(c, kContraste) << nom;

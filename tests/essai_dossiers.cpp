@@ -12,6 +12,7 @@
 
 #include "base/ErreurExecution.h"
 #include "platform/qt/DossierProgramme.h"
+#include "platform/qt/LectureBmp.h"
 #include "platform/qt/MagasinImages.h"
 
 namespace fs = std::filesystem;
@@ -130,17 +131,79 @@ TEST_F(EssaiDossiers, AProgramsFolderThatCannotBeWrittenFillsTheUsersOwn) {
   for (const fs::path &p : {bin, bin / "Data"}) fs::permissions(p, fs::perms::owner_all);
 }
 
+// 32 bits a pixel, top row first, the pixels at 64 bytes.
+std::string UnBitmap(QSize taille, QRgb pixel) {
+  const auto mots = [](std::initializer_list<std::uint32_t> m) {
+    return std::string(reinterpret_cast<const char *>(m.begin()), 4 * m.size());
+  };
+  std::string bitmap = "BM" + mots({0, 0, 64, 40, static_cast<std::uint32_t>(taille.width()),
+                                    static_cast<std::uint32_t>(-taille.height()), 32u << 16 | 1});
+  bitmap.resize(64);
+  for (int i = 0; i < taille.width() * taille.height(); ++i) bitmap += mots({pixel});
+  return bitmap;
+}
+
 TEST_F(EssaiDossiers, PicturesAreReadWhereTheyLie) {
-  const std::string pixel = "P6\n1 1\n255\n";
-  Ecrire(partage / "Dessins Boutons/a.ppm", pixel + "\x10\x20\x30");
-  Ecrire(partage / "Dessins Boutons/b.ppm", pixel + "\x10\x20\x30");
-  Ecrire(maison / "Dessins Boutons/b.ppm", pixel + "\x40\x50\x60");
+  Ecrire(partage / "Dessins Boutons/a.bmp", UnBitmap({1, 1}, 0xff102030));
+  Ecrire(partage / "Dessins Boutons/b.bmp", UnBitmap({1, 1}, 0xff102030));
+  Ecrire(maison / "Dessins Boutons/b.bmp", UnBitmap({1, 1}, 0xff405060));
   MagasinImages images({maison.string(), bin.string(), partage.string()});
-  EXPECT_EQ(images.LoadPicture(maison.string() + "/Dessins Boutons/a.ppm").Point(0, 0),
+  EXPECT_EQ(images.LoadPicture(maison.string() + "/Dessins Boutons/a.bmp").Point(0, 0),
             Rgb(0x10, 0x20, 0x30));
-  EXPECT_EQ(images.LoadPicture(maison.string() + "/Dessins Boutons/b.ppm").Point(0, 0),
+  EXPECT_EQ(images.LoadPicture(maison.string() + "/Dessins Boutons/b.bmp").Point(0, 0),
             Rgb(0x40, 0x50, 0x60));
-  EXPECT_THROW(images.LoadPicture(maison.string() + "/Dessins Boutons/c.ppm"), ErreurExecution);
+  EXPECT_THROW(images.LoadPicture(maison.string() + "/Dessins Boutons/c.bmp"), ErreurExecution);
+}
+
+TEST_F(EssaiDossiers, TheProgramsBitmapsAreReadWithoutTheToolkitAndShowTheSame) {
+  int lus = 0;
+  for (const auto &fichier : fs::recursive_directory_iterator(BRANDIS_PROGRAMME)) {
+    const QString chemin = QString::fromStdString(fichier.path());
+    if (!chemin.endsWith(QStringLiteral(".bmp"), Qt::CaseInsensitive)) continue;
+    const QImage image = LireBmp(fichier.path());
+    EXPECT_EQ(image, QImage(chemin).convertToFormat(image.format())) << fichier.path();
+    ++lus;
+  }
+  EXPECT_GT(lus, 30);
+}
+
+TEST_F(EssaiDossiers, ABitmapOfAnotherKindOrCutShortIsLeftToTheToolkit) {
+  const fs::path chemin = base / "a.bmp";
+  const std::string bon = UnBitmap({200, 100}, 0xff102030);  // large enough to stay in its file
+  const auto autre = [&](std::size_t place, char octet) {
+    return std::string(bon).replace(place, 1, 1, octet);
+  };
+  // Not one: the letters, the place of the pixels, the width, the height, the bits, the compression, the
+  // opacity.
+  for (const std::string &mauvais :
+       {bon.substr(0, bon.size() - 1), bon.substr(0, 30), std::string(), autre(0, 'b'), autre(10, 65),
+        autre(10, 8), autre(13, 127), autre(18, 0), autre(21, -128), autre(25, -128), autre(25, 127),
+        autre(28, 16), autre(30, 1), autre(30, 3), autre(67, 0)}) {
+    Ecrire(chemin, mauvais);
+    EXPECT_TRUE(LireBmp(chemin).isNull()) << "size " << mauvais.size() << ", case " << mauvais.substr(0, 34);
+  }
+  EXPECT_TRUE(LireBmp(base).isNull());
+  // The same with its pixels where no memory has them is another's to read.
+  Ecrire(chemin, autre(10, 54) + std::string(10, 0));
+  EXPECT_TRUE(LireBmp(chemin).isNull());
+  EXPECT_EQ(MagasinImages({base.string()}).LoadPicture(chemin).Largeur(), 200);
+}
+
+TEST_F(EssaiDossiers, WhatIsDrawnOnAPictureStaysInMemory) {
+  const fs::path chemin = base / "a.bmp";
+  const std::string bon = UnBitmap({200, 100}, 0xff102030);
+  Ecrire(chemin, bon);
+  MagasinImages images({base.string()});
+  Surface copie = images.LoadPicture(chemin);
+  QImage image = LireBmp(chemin);
+  image.setPixel(3, 4, 0xffffffff);
+  copie.PSet(3, 4, Gris(255));
+  EXPECT_EQ(images.LoadPicture(chemin).Point(3, 4), Rgb(0x10, 0x20, 0x30));
+  EXPECT_EQ(Lire(chemin), bon);
+  // A file that is put in the picture's place, as an upgrade does, leaves the picture as it is.
+  Ecrire(base / "neuf.bmp", UnBitmap({1, 1}, 0));
+  fs::rename(base / "neuf.bmp", chemin);
+  EXPECT_EQ(copie.Point(199, 99), Rgb(0x10, 0x20, 0x30));
 }
 
 TEST_F(EssaiDossiers, WithoutAFolderTheProgramSaysWhatIsMissingAndEnds) {

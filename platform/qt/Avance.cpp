@@ -3,7 +3,8 @@
 #include <fontconfig/fontconfig.h>
 #include <sys/resource.h>
 
-#include <QFontDatabase>
+#include <QDBusConnection>
+#include <QGuiApplication>
 
 #include "platform/qt/TexteNatif.h"
 
@@ -30,22 +31,17 @@ QString FamillePourArial() {
 void EnRetrait() { setpriority(PRIO_PROCESS, 0, 10); }
 }  // namespace
 
-Avance::Avance(const std::vector<std::string> &dossiers)
-    : polices_([this] {
+Avance::Avance()
+    : fil_([this] {
         EnRetrait();
         FcInit();
         famille_ = FamillePourArial();
+        lue_.release();
         application_.acquire();
-        QFontDatabase::hasFamily(famille_);
-      }),
-      dessins_([this, dossiers] {
-        EnRetrait();
-        images_ = LireImagesDuDepart(dossiers);
+        if (QGuiApplication::platformName() != QStringLiteral("offscreen")) QDBusConnection::sessionBus();
       }) {}
 
-ImagesLues Avance::Attendre() {
-  polices_.join();
-  dessins_.join();
+void Avance::Attendre() {
+  lue_.acquire();
   if (!famille_.isEmpty()) ChoisirFamille(famille_);
-  return std::move(images_);
 }

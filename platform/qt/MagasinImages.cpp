@@ -1,55 +1,25 @@
 #include "platform/qt/MagasinImages.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
-#include <QtEndian>
-#include <algorithm>
-#include <fstream>
-#include <vector>
 
 #include "base/ErreurExecution.h"
 #include "controls/Controles.h"
+#include "platform/qt/LectureBmp.h"
 
 namespace {
-// The pictures that every start reads are plain pixels: "P6", width and height, 255, then three bytes each.
-// No object of the toolkit's helps: the first thread that has one counts as the main one.
-QImage LirePixels(const std::string &chemin) {
-  constexpr int kCote = 8192;  // pixels
-  std::ifstream fichier(chemin, std::ios::binary);
-  std::string genre;
-  int largeur = 0, hauteur = 0, clarte = 0;
-  fichier >> genre >> largeur >> hauteur >> clarte;
-  fichier.get();
-  if (!fichier || genre != "P6" || clarte != 255 || largeur < 1 || hauteur < 1 || largeur > kCote ||
-      hauteur > kCote)
-    return {};
-  QImage image(largeur, hauteur, QImage::Format_RGB32);
-  // A row at a time, which stays in reach; four bytes of it at a time, the fourth being the next pixel's or
-  // the one more.
-  const auto rangee = static_cast<std::size_t>(3 * largeur);
-  std::vector<uchar> octets(rangee + 1);
-  for (int y = 0; y < hauteur; ++y) {
-    if (!fichier.read(reinterpret_cast<char *>(octets.data()), static_cast<std::streamsize>(rangee)))
-      return {};
-    auto *pixels = reinterpret_cast<QRgb *>(image.scanLine(y));
-    const uchar *source = octets.data();
-    for (int x = 0; x < largeur; ++x, source += 3)
-      pixels[x] = 0xff000000u | qFromBigEndian<quint32>(source) >> 8;
-  }
-  return image;
-}
-
 // As the name's ending tells: to find the kind by the content, the toolkit first loads every picture library.
 QImage Lire(const QString &chemin) {
   const QFileInfo fichier(chemin);
   if (!fichier.exists()) return {};
   const QByteArray fin = fichier.suffix().toLower().toLatin1();
+  if (fin == "bmp")
+    if (QImage image = LireBmp(QFile::encodeName(chemin).toStdString()); !image.isNull()) return image;
   QImageReader lecteur(chemin, fin);
   lecteur.setAutoDetectImageFormat(false);
-  const QImage image = fin == "ppm" ? LirePixels(QFile::encodeName(chemin).toStdString()) : lecteur.read();
+  const QImage image = lecteur.read();
   return image.isNull() ? QImageReader(chemin).read() : image;
 }
 
@@ -68,28 +38,7 @@ Surface EnSurface(QImage image) {
 }
 }  // namespace
 
-ImagesLues LireImagesDuDepart(const std::vector<std::string> &dossiers) {
-  ImagesLues lues;
-  QStringList avant;
-  for (const std::string &dossier : dossiers) {
-    const QString images = QString::fromStdString(dossier) + QStringLiteral("/Images/");
-    for (const QString &nom :
-         QDir(images).entryList({QStringLiteral("*.ppm")}, QDir::Files, QDir::Unsorted)) {
-      const QString seul = nom.chopped(4);
-      const auto cache = [&](const QString &d) {
-        return QFileInfo::exists(d + seul + QStringLiteral(".png"));
-      };
-      if (std::none_of(avant.begin(), avant.end(), cache))
-        lues.try_emplace(seul.toStdString(), LirePixels(QFile::encodeName(images + nom).toStdString()));
-    }
-    avant << images;
-  }
-  std::erase_if(lues, [](const auto &lue) { return lue.second.isNull(); });
-  return lues;
-}
-
 QImage MagasinImages::Prendre(const std::string &nom) {
-  if (auto lue = lues_.extract(nom)) return lue.mapped();
   QImage image = Cherchee(nom);
   if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
   return image;
@@ -102,7 +51,7 @@ QImage MagasinImages::Cherchee(const std::string &nom) const {
   dossiers << QStringLiteral(":");
   QImage image;
   for (const QString &dossier : dossiers)
-    for (const char *fin : {".ppm", ".png"})
+    for (const char *fin : {".bmp", ".png"})
       if (image.isNull()) image = Lire(dossier + place + QLatin1String(fin));
   if (image.isNull()) return image;
   // The formats that surfaces and screens take, so that no painting converts.

@@ -8,20 +8,12 @@
 
 #include "controls/Surface.h"
 
-using ImagesLues = std::map<std::string, QImage>;
-
-// The pictures of the program that stand as plain pixels, those of every start; what cannot be read is left
-// out. Needs no application object. `dossiers` as below.
-ImagesLues LireImagesDuDepart(const std::vector<std::string> &dossiers);
-
 class MagasinImages {
  public:
-  // Folders that hold `Images/NAME.ppm` or `.png` and picture files; the first that has the picture counts,
+  // Folders that hold `Images/NAME.bmp` or `.png` and picture files; the first that has the picture counts,
   // and for `Images` the resources after them.
   explicit MagasinImages(std::vector<std::string> dossiers) : dossiers_(std::move(dossiers)) {}
 
-  // Pictures that were read elsewhere; each is taken instead of being read, once.
-  void Recevoir(ImagesLues images) { lues_ = std::move(images); }
   // A picture of the program, read anew and not kept; null when there is none.
   QImage Cherchee(const std::string &nom) const;
   // A picture of the program with its transparency, for what the mirror shows by name; fails with 481.
@@ -38,6 +30,6 @@ class MagasinImages {
   std::string Trouve(const std::string &chemin) const;
 
   std::vector<std::string> dossiers_;
-  ImagesLues lues_, nommees_;
+  std::map<std::string, QImage> nommees_;
   std::map<std::string, Surface> surfaces_, fichiers_;
 };

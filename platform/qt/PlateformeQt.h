@@ -25,7 +25,6 @@ class PlateformeQt : public Plateforme {
   explicit PlateformeQt(const DossiersProgramme &dossiers);
 
   Miroir &LeMiroir() { return miroir_; }
-  void RecevoirImages(ImagesLues images) { images_.Recevoir(std::move(images)); }
   // Receives the message number of a press on the notification icon.
   std::function<void(int message)> MessageIcone;
   // Brings the main window before the others, out of the notification area or the task bar too.

@@ -6,6 +6,7 @@
 //   dessins-outil <assets> --verifier   writes nothing; fails when a source or a raster has drifted
 //   dessins-outil --icone <source> <pixels> <raster>    one source in another size
 #include <QCryptographicHash>
+#include <QDataStream>
 #include <QDir>
 #include <QFile>
 #include <QGuiApplication>
@@ -65,10 +66,36 @@ QString CheminImage(const QString &nom) {
   static const QRegularExpression bouton("^IMG[0-9]{3}$");
   if (bouton.match(nom).hasMatch()) return "Dessins Boutons/" + nom + ".BMP";
   // Those that every start reads: plain pixels are there in half the time.
-  static const QSet<QString> aLire = {"Attente",      "BITMAP101",   "BoutonAide", "Drapeau1",
-                                      "Drapeau2",     "Fond24",      "Habillage",  "ImageMetier",
-                                      "Indicateur24", "PicTVCentre", "Picture3",   "UnInstant"};
-  return nom + (aLire.contains(nom) ? ".ppm" : ".png");
+  static const QSet<QString> aLire = {"Attente",     "BITMAP101", "BoutonAide",  "Drapeau1",     "Drapeau2",
+                                      "Fond24",      "Habillage", "ImageMetier", "Indicateur24", "LogoNor",
+                                      "PicTVCentre", "Picture3",  "UnInstant"};
+  return nom + (aLire.contains(nom) ? ".bmp" : ".png");
+}
+
+// The toolkit writes bitmaps with three bytes a pixel. With four, and the top row first, the pixels lie in
+// the file as they lie in memory, at a place that suits them there: the program need not read them.
+bool EcrireDuHaut(const QString &chemin, const QImage &image) {
+  constexpr quint32 kPixels = 128, kRgb = 40, kMasques = 108;  // bytes: their place, and the two headers
+  const bool alpha = image.hasAlphaChannel();
+  const QImage droite = image.convertToFormat(alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+  QFile fichier(chemin);
+  if (!fichier.open(QIODevice::WriteOnly | QIODevice::Truncate)) return false;
+  QDataStream flux(&fichier);
+  flux.setByteOrder(QDataStream::LittleEndian);
+  flux.writeRawData("BM", 2);
+  flux << quint32(kPixels + droite.sizeInBytes()) << quint32(0) << kPixels;
+  flux << (alpha ? kMasques : kRgb) << qint32(droite.width()) << qint32(-droite.height()) << quint16(1)
+       << quint16(32) << quint32(alpha ? 3 : 0);
+  for (int reste = 0; reste < 5; ++reste) flux << quint32(0);
+  if (alpha) flux << quint32(0xff0000) << quint32(0xff00) << quint32(0xff) << quint32(0xff000000);
+  while (fichier.pos() < kPixels) flux << quint8(0);
+  for (int y = 0; y < droite.height(); ++y)
+    for (int x = 0; x < droite.width(); ++x) flux << quint32(droite.pixel(x, y));
+  return flux.status() == QDataStream::Ok && fichier.flush();
+}
+
+bool Ecrire(const QString &chemin, const QImage &image) {
+  return chemin.endsWith(".bmp") ? EcrireDuHaut(chemin, image) : image.save(chemin);
 }
 
 // What Qt Svg would pass over in silence, and every colour from elsewhere, is refused.
@@ -195,7 +222,7 @@ QStringList Traiter(const QDir &assets, const QStringList &noms, bool dessiner) 
     if (dessiner) {
       const QImage ancienne = std::exchange(image, RendreSource(source));
       const bool pareille = ancienne.size() == image.size() && PixelsDe(ancienne) == PixelsDe(image);
-      if (!pareille && !image.save(chemin)) Echouer(chemin, "cannot be written");
+      if (!pareille && !Ecrire(chemin, image)) Echouer(chemin, "cannot be written");
     }
     if (image.size() != source.taille) Echouer(chemin, "is missing or has not the size of its source");
     lignes << QString("%1 %2x%3 %4 %5")
@@ -216,8 +243,7 @@ void Verifier(const QDir &assets, const QStringList &noms) {
   if (!manifeste.isEmpty())
     Echouer(manifeste.first().section(' ', 0, 0), "is in the manifest and has no source");
   for (const QString dossier : {"", "Dessins Boutons/"})
-    for (const QString &fichier :
-         QDir(assets.filePath(dossier)).entryList({"*.png", "*.ppm", "*.bmp"}, QDir::Files))
+    for (const QString &fichier : QDir(assets.filePath(dossier)).entryList({"*.png", "*.bmp"}, QDir::Files))
       if (!images.contains(dossier + fichier)) Echouer(dossier + fichier, "has no source");
 }
 
