@@ -29,11 +29,11 @@ void Preparer() {
   QGuiApplication::setDesktopFileName(QStringLiteral("brandis"));
 }
 
-int Lancer(int nombre, char **mots, const DossiersProgramme &dossiers) {
+int Lancer(int nombre, char **mots) {
   Avance avance;
+  const DossiersProgramme dossiers = TrouverDossiers(DossierExecutable());
   QApplication application(nombre, mots);
   avance.Ouvrir();
-  avance.Attendre();
   Preparer();
   InstanceUnique instance(dossiers.programme);
   if (!instance.Premiere()) {
@@ -41,6 +41,7 @@ int Lancer(int nombre, char **mots, const DossiersProgramme &dossiers) {
     return 0;
   }
   PlateformeQt machine(dossiers);
+  machine.LeMiroir().AvantEcriture([&] { avance.Attendre(); });
   Monter(machine);
   // Once the window stands: nobody calls before.
   QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });
@@ -51,7 +52,7 @@ int Lancer(int nombre, char **mots, const DossiersProgramme &dossiers) {
 int main(int nombre, char **mots) {
   ChoisirEcran();
   try {
-    return Lancer(nombre, mots, TrouverDossiers(DossierExecutable()));
+    return Lancer(nombre, mots);
   } catch (const SansDossier &e) {
     QApplication application(nombre, mots);
     Preparer();

@@ -44,16 +44,16 @@ class Guetteur : public QObject {
 
 int main(int nombre, char **mots) {
   if (nombre < 2) return 2;
-  const DossiersProgramme dossiers = TrouverDossiers(BRANDIS_PROGRAMME);
   Avance avance;
+  const DossiersProgramme dossiers = TrouverDossiers(BRANDIS_PROGRAMME);
   QApplication application(nombre, mots);
   avance.Ouvrir();
   QApplication::setQuitOnLastWindowClosed(false);
-  avance.Attendre();
   InstallerStyle();
   PlateformeQt machine(dossiers);
   Guetteur guetteur(machine.LeMiroir(), std::atoll(mots[1]));
   application.installEventFilter(&guetteur);
+  machine.LeMiroir().AvantEcriture([&] { avance.Attendre(); });
   Monter(machine);
   return QApplication::exec();
 }

@@ -1,7 +1,7 @@
 #include "platform/qt/Avance.h"
 
 #include <fontconfig/fontconfig.h>
-#include <sys/resource.h>
+#include <sched.h>
 
 #include <QDBusConnection>
 #include <QGuiApplication>
@@ -27,21 +27,47 @@ QString FamillePourArial() {
   return famille;
 }
 
-// Behind the opening of the display, where there are not cores enough for both.
-void EnRetrait() { setpriority(PRIO_PROCESS, 0, 10); }
+// The cores but this one: some kernels leave a short thread where it was born. False where there are none.
+bool AutresCoeurs(cpu_set_t &coeurs) {
+  const int ici = sched_getcpu();
+  if (ici < 0 || sched_getaffinity(0, sizeof coeurs, &coeurs) != 0) return false;
+  CPU_CLR(static_cast<std::size_t>(ici), &coeurs);
+  return CPU_COUNT(&coeurs) > 0;
+}
 }  // namespace
 
-Avance::Avance()
-    : fil_([this] {
-        EnRetrait();
-        FcInit();
-        famille_ = FamillePourArial();
-        lue_.release();
-        application_.acquire();
-        if (QGuiApplication::platformName() != QStringLiteral("offscreen")) QDBusConnection::sessionBus();
-      }) {}
+Avance::Avance() {
+  pthread_attr_t voulu;
+  pthread_attr_init(&voulu);
+  cpu_set_t coeurs;
+  if (AutresCoeurs(coeurs)) pthread_attr_setaffinity_np(&voulu, sizeof coeurs, &coeurs);
+  const auto lire = [](void *avance) -> void * {
+    static_cast<Avance *>(avance)->LirePolices();
+    return nullptr;
+  };
+  if (pthread_create(&polices_, &voulu, lire, this) != 0) {
+    LirePolices();
+    lues_ = true;
+  }
+  pthread_attr_destroy(&voulu);
+}
+
+Avance::~Avance() {
+  if (!lues_) pthread_join(polices_, nullptr);
+}
+
+void Avance::LirePolices() {
+  FcInit();
+  famille_ = FamillePourArial();
+}
+
+void Avance::Ouvrir() {
+  if (QGuiApplication::platformName() != QStringLiteral("offscreen"))
+    bus_ = std::jthread([] { QDBusConnection::sessionBus(); });
+}
 
 void Avance::Attendre() {
-  lue_.acquire();
+  if (!lues_) pthread_join(polices_, nullptr);
+  lues_ = true;
   if (!famille_.isEmpty()) ChoisirFamille(famille_);
 }

@@ -1,5 +1,6 @@
 #include "platform/qt/TexteNatif.h"
 
+#include <QApplication>
 #include <QStringDecoder>
 #include <cmath>
 
@@ -52,7 +53,10 @@ QString Filtre(const std::function<int(int)> &filtre, const QString &texte) {
   return passes;
 }
 
-void ChoisirFamille(const QString &famille) { familleChoisie = famille; }
+void ChoisirFamille(const QString &famille) {
+  familleChoisie = famille;
+  QApplication::setFont(Fonte(Police{}));
+}
 
 QFont Fonte(const Police &police) {
   // Where the desktop has no Arial, it knows the one of the same measures.

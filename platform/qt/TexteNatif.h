@@ -22,6 +22,7 @@ QString Filtre(const std::function<int(int)> &filtre, const QString &texte);
 
 // In the family that stands for Arial, which is the one of both families of the system.
 QFont Fonte(const Police &police);
+// The program's own windows take it too.
 void ChoisirFamille(const QString &famille);
 inline QColor Teinte(Couleur c) { return QColor::fromRgb(c | 0xff000000u); }
 
