@@ -40,7 +40,9 @@ class Vue {
       return;
     }
     place_ = mmap(nullptr, taille, PROT_READ | PROT_WRITE, MAP_PRIVATE, fd, 0);
-    if (place_ != MAP_FAILED) octets_ = {static_cast<uchar *>(place_), taille};
+    if (place_ == MAP_FAILED) return;
+    octets_ = {static_cast<uchar *>(place_), taille};
+    madvise(place_, taille, MADV_POPULATE_READ);  // all at once; page by page where the kernel knows it not
   }
 
   std::vector<uchar> lus_;

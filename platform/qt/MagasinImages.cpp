@@ -12,11 +12,10 @@
 namespace {
 // As the name's ending tells: to find the kind by the content, the toolkit first loads every picture library.
 QImage Lire(const QString &chemin) {
-  const QFileInfo fichier(chemin);
-  if (!fichier.exists()) return {};
-  const QByteArray fin = fichier.suffix().toLower().toLatin1();
+  const QByteArray fin = QFileInfo(chemin).suffix().toLower().toLatin1();
   if (fin == "bmp")
     if (QImage image = LireBmp(QFile::encodeName(chemin).toStdString()); !image.isNull()) return image;
+  if (!QFileInfo::exists(chemin)) return {};
   QImageReader lecteur(chemin, fin);
   lecteur.setAutoDetectImageFormat(false);
   const QImage image = lecteur.read();
