@@ -1,10 +1,12 @@
 #include "platform/qt/Avance.h"
 
 #include <fontconfig/fontconfig.h>
+#include <malloc.h>
 #include <sched.h>
 
 #include <QDBusConnection>
 #include <QGuiApplication>
+#include <memory>
 
 #include "platform/qt/TexteNatif.h"
 
@@ -47,18 +49,19 @@ Avance::Avance() {
   };
   if (pthread_create(&polices_, &voulu, lire, this) != 0) {
     LirePolices();
-    lues_ = true;
+    jointe_ = true;
   }
   pthread_attr_destroy(&voulu);
 }
 
 Avance::~Avance() {
-  if (!lues_) pthread_join(polices_, nullptr);
+  if (!jointe_) pthread_join(polices_, nullptr);
 }
 
 void Avance::LirePolices() {
   FcInit();
   famille_ = FamillePourArial();
+  finies_ = true;
 }
 
 void Avance::Ouvrir() {
@@ -66,8 +69,19 @@ void Avance::Ouvrir() {
     bus_ = std::jthread([] { QDBusConnection::sessionBus(); });
 }
 
+// Memory costs most where it is touched for the first time: pages that the windows will take are touched as
+// long as there is time. malloc keeps them, and takes large blocks from them too.
+void Avance::PreparerMemoire() const {
+  constexpr int kReserve = 5 << 20, kGarde = 8 << 20, kPage = 4096;  // bytes
+  mallopt(M_MMAP_THRESHOLD, kGarde);
+  mallopt(M_TRIM_THRESHOLD, kGarde);
+  const std::unique_ptr<char[]> reserve(new char[kReserve]);
+  for (int place = 0; place < kReserve && !finies_; place += kPage) explicit_bzero(reserve.get() + place, 1);
+}
+
 void Avance::Attendre() {
-  if (!lues_) pthread_join(polices_, nullptr);
-  lues_ = true;
+  PreparerMemoire();
+  if (!jointe_) pthread_join(polices_, nullptr);
+  jointe_ = true;
   if (!famille_.isEmpty()) ChoisirFamille(famille_);
 }
