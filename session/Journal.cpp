@@ -43,7 +43,9 @@ std::string EnUneLigne(std::string texte) {
   return texte;
 }
 
-void Ajouter(const std::string &ligne) {
+std::string Ligne(const std::string &fait) { return Maintenant() + "  " + EnUneLigne(fait) + "\n"; }
+
+void Ajouter(const std::string &ligne, bool pousser = true) {
   // Without waiting where it is a pipe, which it must not be.
   const int d = open(CheminJournal().c_str(),
                      O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
@@ -51,7 +53,7 @@ void Ajouter(const std::string &ligne) {
   struct stat infos {};
   if (fstat(d, &infos) == 0 && S_ISREG(infos.st_mode) &&
       write(d, ligne.data(), ligne.size()) == static_cast<ssize_t>(ligne.size())) {
-    plateforme().PousserSurDisque(d);
+    if (pousser) plateforme().PousserSurDisque(d);
     if (infos.st_size + static_cast<off_t>(ligne.size()) > kTailleJournal)
       (void)std::rename(CheminJournal().c_str(), CheminAncien().c_str());
   }
@@ -107,7 +109,7 @@ std::string Liste(const std::vector<int> &lames) {
 }
 }  // namespace
 
-void Noter(const std::string &fait) { Ajouter(Maintenant() + "  " + EnUneLigne(fait) + "\n"); }
+void Noter(const std::string &fait) { Ajouter(Ligne(fait)); }
 
 void NoterDepart() { Noter("Brandis : programme démarré / program started"); }
 void NoterFin() { Noter(kFin.Texte()); }
@@ -128,7 +130,8 @@ void NoterDuite(Entier duite, const std::string &cle, const std::vector<int> &la
   Noter(kDuite.Texte() + std::to_string(duite) + Selon(" (ligne ", " (line ") + cle + "), " + Liste(lames));
 }
 
-void NoterRapport() { Noter(Selon("Métier : cycle terminé", "Loom: cycle complete")); }
+// Pushed with the pick that follows it, which must not wait for the disk.
+void NoterRapport() { Ajouter(Ligne(Selon("Métier : cycle terminé", "Loom: cycle complete")), false); }
 
 void NoterMessage(const std::string &titre, const std::string &texte) {
   Noter("Message : " + titre + " : " + texte);

@@ -20,7 +20,7 @@ void NoterReprise(const std::string &chemin, Entier duites, Entier duite);
 // A frame that went to the line: the pick, the key of its plan line, and the harnesses that the frame raises,
 // in their order. Keeps the pick as `DerniereDuiteEnvoyee` of the session.
 void NoterDuite(Entier duite, const std::string &cle, const std::vector<int> &lames);
-void NoterRapport();  // of the loom
+void NoterRapport();  // of the loom; pushed with the pick that follows it
 void NoterMessage(const std::string &titre, const std::string &texte);
 
 // What the journal tells of the time before this start.

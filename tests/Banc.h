@@ -88,6 +88,7 @@ class PlateformeBanc : public Plateforme {
   std::function<void()> pendant;  // runs inside DoEvents
   std::function<void(Fenetre &)> pendantModal;
   int rafraichis = 0, reprises = 0;
+  std::vector<std::size_t> poussees;  // frames written before each push to the disk
   bool termine = false;
   const Controle *focus = nullptr;
 
@@ -108,7 +109,7 @@ class PlateformeBanc : public Plateforme {
   }
   void Beep() override {}
   bool DemanderReprise(const std::string &) override { return reprises-- > 0; }
-  void PousserSurDisque(int) override {}
+  void PousserSurDisque(int) override { poussees.push_back(port.ecrits.size()); }
   double Aujourdhui() override { return 45983; }  // 2025-11-22
   Ecran EcranDisponible() override { return {0, 0, 15360, 11520}; }
   // Of the right size without its drawing, so that layouts hold.

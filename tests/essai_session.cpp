@@ -136,6 +136,16 @@ TEST_F(SessionEntiere, PickEntryByKeyboard) {
   EXPECT_TRUE(Ecrits().empty());
 }
 
+TEST_F(SessionEntiere, NoShedWaitsForTheDisk) {
+  OuvrirLignes({"1=1,9", "2=2,16"});
+  Commande(10);
+  pf.poussees.clear();
+  port.ecrits.clear();
+  Rapport();
+  Rapport();
+  EXPECT_EQ(pf.poussees, (std::vector<std::size_t>{1, 2}));
+}
+
 TEST_F(SessionEntiere, TheJournalKnowsWhatWasOnTheLoom) {
   const auto faits = [this] {  // without date and time
     V textes;
