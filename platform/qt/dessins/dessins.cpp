@@ -73,7 +73,7 @@ QString CheminImage(const QString &nom) {
 }
 
 // The toolkit writes bitmaps with three bytes a pixel. With four, and the top row first, the pixels lie in
-// the file as they lie in memory, at a place that suits them there: the program need not read them.
+// the file as they lie in memory, and are read at one go.
 bool EcrireDuHaut(const QString &chemin, const QImage &image) {
   constexpr quint32 kPixels = 128, kRgb = 40, kMasques = 108;  // bytes: their place, and the two headers
   const bool alpha = image.hasAlphaChannel();
