@@ -21,6 +21,7 @@ class PortSerie {
   virtual bool PortOpen() const = 0;
   virtual std::string RaisonRefus() const = 0;  // of the last 8002: a sentence in the language in force
   virtual void Output(const std::string &octets) = 0;  // never waits; 8018
+  virtual bool Retenu() const = 0;                     // what is written now is kept back
   virtual std::string Input() = 0;                     // all that was received; never waits; 57
   // Length and mode of reading are kept and tell back; all that is there is read, whatever they say.
   virtual void InputLen(Entier longueur) = 0;

@@ -42,7 +42,8 @@ class PortBanc : public PortSerie {
   std::deque<std::string> recus;  // one element per read
   Entier numero;
   std::string reglages = "9600,N,8,1";
-  bool ouvert = false, utilisable = true, ecritureEnPanne = false, etatEnPanne = false, rts = true;
+  bool ouvert = false, utilisable = true, ecritureEnPanne = false, etatEnPanne = false, rts = true,
+       retenu = false;
   long poignee = 1;
   int evenement = 0, vidages = 0;
 
@@ -56,6 +57,7 @@ class PortBanc : public PortSerie {
   bool PortOpen() const override { return ouvert; }
   std::string RaisonRefus() const override { return "COM: why"; }
   void Output(const std::string &octets) override;
+  bool Retenu() const override { return retenu; }
   std::string Input() override;
   void InputLen(Entier) override {}
   Entier InputLen() const override { return 0; }

@@ -51,6 +51,7 @@ class PortSerieQt : public PortSerie {
   bool PortOpen() const override { return ouvert_; }
   std::string RaisonRefus() const override { return refus_; }
   void Output(const std::string &octets) override;
+  bool Retenu() const override { return Coupee(); }
   // 1024 bytes are kept from one reading to the next; what comes behind them is dropped.
   std::string Input() override;
   void InputLen(Entier longueur) override { longueurLecture_ = longueur; }
