@@ -10,7 +10,10 @@ constexpr const char *kFrancais =
   brandis-motifs verifier FICHIER… [--flotte N] [--json]
       dit ce qui cloche, une constatation par ligne ; flottés de plus de N (7)
   brandis-motifs dessiner FICHIER -o IMAGE.png|.svg|.pdf [--remplacer]
-      dessine l'enfilage, l'attachage ou le plan de levée, le pédalage et le tissu
+      dessine l'enfilage, l'attachage ou le plan de levée, le pédalage et le tissu ;
+      --vue couleurs|structure ; --reprises 2 : deux fois dans chaque sens ;
+      --en-haut : la première duite en haut ; --cote 4 : mm par fil en PDF ;
+      --duites A-B, --fils A-B : une partie
   brandis-motifs assembler A.wif x2 B.wif x10 … -o C.wif [--separer] [--remplacer]
       met des sections bout à bout ; --separer : une duite vide entre les reprises
   brandis-motifs enfilage FICHIER -o X.wif [--groupe N] [--remplacer]
@@ -20,6 +23,7 @@ constexpr const char *kFrancais =
   brandis-motifs info FICHIER [--json]
       titre, auteur, programme d'origine, tailles
 
+  FICHIER[1-2400] ou --duites 1-2400 : ces duites d'une longue pièce
   --remplacer   écrit sur un fichier qui est déjà là
   --help        ce texte          --version     la version
 
@@ -34,7 +38,10 @@ constexpr const char *kAnglais =
   brandis-motifs verifier FILE… [--flotte N] [--json]
       tells what is wrong, one finding a line; floats longer than N (7)
   brandis-motifs dessiner FILE -o PICTURE.png|.svg|.pdf [--remplacer]
-      draws threading, tie-up or lift plan, treadling and cloth
+      draws threading, tie-up or lift plan, treadling and cloth;
+      --vue colours|structure; --reprises 2: twice each way;
+      --en-haut: the first pick above; --cote 4: mm a thread in PDF;
+      --duites A-B, --fils A-B: a part
   brandis-motifs assembler A.wif x2 B.wif x10 … -o C.wif [--separer] [--remplacer]
       strings sections together; --separer puts an empty pick between repeats
   brandis-motifs enfilage FILE -o X.wif [--groupe N] [--remplacer]
@@ -44,6 +51,7 @@ constexpr const char *kAnglais =
   brandis-motifs info FILE [--json]
       title, author, source program, sizes
 
+  FILE[1-2400] or --duites 1-2400: these picks of a long piece
   --remplacer   writes over a file that is there
   --help        this text         --version     the version
 

@@ -9,7 +9,23 @@
 #include "motifs/Constats.h"
 
 namespace {
-enum Option { Vers = 256, Remplacer, Json, Separer, Flotte, Groupe, Port, Aide, VersionProgramme };
+enum Option {
+  Vers = 256,
+  Remplacer,
+  Json,
+  Separer,
+  Flotte,
+  Groupe,
+  Port,
+  Duites,
+  Fils,
+  Vue,
+  Reprises,
+  EnHaut,
+  Cote,
+  Aide,
+  VersionProgramme
+};
 
 const option kOptions[] = {{"vers", required_argument, nullptr, Vers},
                            {"remplacer", no_argument, nullptr, Remplacer},
@@ -18,6 +34,12 @@ const option kOptions[] = {{"vers", required_argument, nullptr, Vers},
                            {"flotte", required_argument, nullptr, Flotte},
                            {"groupe", required_argument, nullptr, Groupe},
                            {"port", required_argument, nullptr, Port},
+                           {"duites", required_argument, nullptr, Duites},
+                           {"fils", required_argument, nullptr, Fils},
+                           {"vue", required_argument, nullptr, Vue},
+                           {"reprises", required_argument, nullptr, Reprises},
+                           {"en-haut", no_argument, nullptr, EnHaut},
+                           {"cote", required_argument, nullptr, Cote},
                            {"help", no_argument, nullptr, Aide},
                            {"aide", no_argument, nullptr, Aide},
                            {"version", no_argument, nullptr, VersionProgramme},
@@ -34,10 +56,10 @@ struct Regle {
 const std::vector<Regle> &Regles() {
   constexpr std::size_t kTous = SIZE_MAX;
   static const std::vector<Regle> regles{
-      {"convertir", Verbe::Convertir, {Vers, Remplacer}, kTous, false},
+      {"convertir", Verbe::Convertir, {Vers, Remplacer, Duites}, kTous, false},
       {"verifier", Verbe::Verifier, {Json, Flotte}, kTous, false},
-      {"dessiner", Verbe::Dessiner, {Remplacer, 'o'}, 1, true},
-      {"assembler", Verbe::Assembler, {Remplacer, Separer, 'o'}, kTous, true},
+      {"dessiner", Verbe::Dessiner, {Remplacer, Duites, Fils, Vue, Reprises, EnHaut, Cote, 'o'}, 1, true},
+      {"assembler", Verbe::Assembler, {Remplacer, Separer, Duites, 'o'}, kTous, true},
       {"enfilage", Verbe::Enfilage, {Remplacer, Groupe, 'o'}, 1, true},
       {"projet16", Verbe::Projet16, {Vers, Remplacer, Port}, 1, false},
       {"info", Verbe::Info, {Json}, 1, false}};
@@ -53,6 +75,30 @@ int Nombre(const std::string &option, const std::string &texte, int premier, int
   const std::string bornes[] = {std::to_string(premier), std::to_string(dernier)};
   Refuser(option + " : un nombre de " + bornes[0] + " à " + bornes[1] + ", et non « " + texte + " ».",
           option + ": a number from " + bornes[0] + " to " + bornes[1] + ", not \"" + texte + "\".");
+}
+
+Etendue Partie(const std::string &option, const std::string &texte) {
+  if (const auto e = LireEtendue(texte)) return *e;
+  Refuser(option + " : de quel nombre à quel nombre, « 1-2400 », et non « " + texte + " ».",
+          option + ": from which to which number, \"1-2400\", not \"" + texte + "\".");
+}
+
+bool Structure(const std::string &texte) {
+  if (texte == "structure") return true;
+  if (texte == "couleurs" || texte == "colours" || texte == "colors") return false;
+  Refuser("--vue : « couleurs » ou « structure », et non « " + texte + " ».",
+          "--vue: \"colours\" or \"structure\", not \"" + texte + "\".");
+}
+
+// Millimetres, with a point or a comma.
+double Millimetres(std::string texte) {
+  std::replace(texte.begin(), texte.end(), ',', '.');
+  double mm = 0;
+  const auto [fin, erreur] = std::from_chars(texte.data(), texte.data() + texte.size(), mm);
+  if (erreur == std::errc() && fin == texte.data() + texte.size() && mm >= kCoteMin && mm <= kCoteMax)
+    return mm;
+  Refuser("--cote : de 0,5 à 20 mm par fil, et non « " + texte + " ».",
+          "--cote: from 0.5 to 20 mm a thread, not \"" + texte + "\".");
 }
 
 // "x12" behind a file says how often it repeats.
@@ -87,6 +133,24 @@ void Prendre(Demande &d, int option, const std::string &valeur) {
       break;
     case Port:
       d.port = Nombre("--port", valeur, 1, 4);
+      break;
+    case Duites:
+      d.duites = d.dessin.planche.duites = Partie("--duites", valeur);
+      break;
+    case Fils:
+      d.dessin.planche.fils = Partie("--fils", valeur);
+      break;
+    case Vue:
+      d.structure = Structure(valeur);
+      break;
+    case Reprises:
+      d.dessin.planche.reprises = Nombre("--reprises", valeur, 1, 2);
+      break;
+    case EnHaut:
+      d.dessin.planche.enHaut = true;
+      break;
+    case Cote:
+      d.dessin.cote = Millimetres(valeur);
       break;
     default:
       break;

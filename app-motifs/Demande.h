@@ -1,10 +1,11 @@
 // What the command line asks for.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "motifs/Phrase.h"
+#include "app-motifs/ReglagesDessin.h"
 
 enum class Verbe {
   Fenetre,
@@ -28,6 +29,9 @@ struct Demande {
   int flotte;                // threads, the longest float that is no finding
   int groupe = 1;            // ends that the threading list tells in one row
   int port = 0;              // COM number, 0 for the one of the settings
+  Etendue duites;            // picks of every file that names none of its own
+  ReglagesDessin dessin;
+  std::optional<bool> structure;  // the view asked for; else the one that shows more
   bool remplacer = false, json = false, separer = false;
 };
 

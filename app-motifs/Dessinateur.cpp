@@ -29,8 +29,9 @@ Entree *Charger(const fs::path &dossier, const std::string &nom, const char *ent
 }  // namespace
 
 std::string DessinerAvecLaPartie(const std::string &dossierExecutable, const Motif &motif,
-                                 const std::string &nom, Langue langue) {
-  return Charger<PartieDessin>(dossierExecutable, "motifs-dessin", kEntreeDessin)(motif, nom, langue);
+                                 const std::string &nom, const ReglagesDessin &reglages, Langue langue) {
+  return Charger<PartieDessin>(dossierExecutable, "motifs-dessin", kEntreeDessin)(motif, nom, reglages,
+                                                                                  langue);
 }
 
 int OuvrirFenetre(const std::string &dossierExecutable, Langue langue, std::vector<std::string> fichiers) {

@@ -4,12 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "motifs/Motif.h"
+#include "app-motifs/ReglagesDessin.h"
 
 extern "C" {
 // The finished file as bytes, in the format that the ending of `nom` tells; nothing is written. Fails with
 // Refus.
-using PartieDessin = std::string(const Motif &motif, const std::string &nom, Langue langue);
+using PartieDessin = std::string(const Motif &motif, const std::string &nom, const ReglagesDessin &reglages,
+                                 Langue langue);
 // Runs the window with these files open until it is closed; the exit status. Nothing comes out of it: what a
 // file is refused for stands in the window.
 using PartieFenetre = int(const std::string &dossierExecutable, Langue langue,

@@ -78,25 +78,36 @@ class Travail {
 
   std::string DossierVers() const { return d_.vers.empty() ? DossierData(dossier_) : d_.vers; }
 
+  // The picks that the word or the option names, as a pattern of their own.
+  Motif LirePartie(const std::string &mot) const {
+    const auto [chemin, partie] = SeparerEtendue(mot);
+    return Extraire(LireMotif(chemin), partie.Toute() ? d_.duites : partie);
+  }
+
   int Convertir(const std::string &fichier) {
-    const Motif motif = LireMotif(fichier);
+    const Motif motif = LirePartie(fichier);
     // Of two files of one name the second would replace the first.
-    const bool remplacer = d_.remplacer && noms_.insert(fs::path(fichier).stem()).second;
+    const bool remplacer = d_.remplacer && noms_.insert(fs::path(motif.chemin).stem()).second;
     sortie_ << ::Convertir(motif, DossierVers(), remplacer) << "\n";
     return 0;
   }
 
   int Dessiner(const std::string &fichier) {
-    const Motif motif = LireMotif(fichier);
+    const auto [chemin, partie] = SeparerEtendue(fichier);
+    const Motif motif = LireMotif(chemin);
     VerifierCible(d_.sortie, d_.remplacer);
-    EcrireFichier(d_.sortie, DessinerAvecLaPartie(dossier_, motif, d_.sortie, langue_), d_.remplacer);
+    ReglagesDessin reglages = d_.dessin;
+    reglages.planche.structure = d_.structure.value_or(CouleursMuettes(motif));
+    if (!partie.Toute()) reglages.planche.duites = partie;
+    EcrireFichier(d_.sortie, DessinerAvecLaPartie(dossier_, motif, d_.sortie, reglages, langue_),
+                  d_.remplacer);
     return 0;
   }
 
   int Assembler() {
     std::vector<Piece> pieces;
     const int etat = PourChaqueFichier([&](const std::string &f) {
-      pieces.push_back({LireMotif(f), d_.fois[pieces.size()]});
+      pieces.push_back({LirePartie(f), d_.fois[pieces.size()]});
       return 0;
     });
     if (etat != 0) return etat;

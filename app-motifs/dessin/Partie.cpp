@@ -3,6 +3,6 @@
 #include "app-motifs/dessin/Dessin.h"
 
 BRANDIS_PARTIE std::string brandis_motifs_dessiner(const Motif &motif, const std::string &nom,
-                                                   Langue langue) {
-  return Dessiner(motif, nom, langue);
+                                                   const ReglagesDessin &reglages, Langue langue) {
+  return Dessiner(motif, nom, reglages, langue);
 }

@@ -326,7 +326,7 @@ void FenetreMotifs::EnregistrerImage() {
   if (cible.isEmpty()) return;
   if (QFileInfo(cible).suffix().isEmpty()) cible += QStringLiteral(".png");
   Ecrire([&](bool) {
-    EcrireFichier(Chemin(cible), Dessiner(*motif, Chemin(cible), langue_), true);
+    EcrireFichier(Chemin(cible), Dessiner(*motif, Chemin(cible), {}, langue_), true);
     return Selon("Enregistré : ", "Saved: ") + cible;
   });
 }

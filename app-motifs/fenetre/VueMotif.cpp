@@ -78,7 +78,7 @@ void VueMotif::Montrer(std::shared_ptr<const Motif> motif) {
   planche_.reset();
   motif_ = std::move(motif);
   lieu_ = {};
-  if (motif_) copies_.emplace(planche_.emplace(*motif_));
+  if (motif_) copies_.emplace(planche_.emplace(*motif_, ReglagesPlanche{.enHaut = true}));
   Ajuster();
 }
 
@@ -187,15 +187,16 @@ void VueMotif::PeindreDePres(QPainter &peintre) {
   for (int y = premiere; y < planche_->Hauteur(); ++y) {
     const int haut = bord(y, origine_.y(), zoom_, height()), bas = bord(y + 1, origine_.y(), zoom_, height());
     if (haut >= height()) break;
-    planche_->Ligne(y, cases.data());
+    planche_->Ligne(y, cases.data(), true);
     for (int x = std::max(0, static_cast<int>(origine_.x())); x < planche_->Largeur(); ++x) {
       const int a = bord(x, origine_.x(), zoom_, width()), b = bord(x + 1, origine_.x(), zoom_, width());
       if (a >= width()) break;
       const Couleur c = cases[static_cast<std::size_t>(x)];
-      const QRgb plein = 0xFF000000U | c, sombre = c == kPapier ? plein : 0xFF000000U | Assombrie(c);
+      const QRgb plein = 0xFF000000U | c, sombre = 0xFF000000U | Trait(CouleurDe(c));
       std::fill(rangee.begin() + a, rangee.begin() + b, plein);
-      std::fill(trait.begin() + a, trait.begin() + b, sombre);
-      if (b > a) rangee[static_cast<std::size_t>(b - 1)] = sombre;
+      std::fill(trait.begin() + a, trait.begin() + b, c & kTraitBas ? sombre : plein);
+      if (b > a && c & kTraitDroite)
+        rangee[static_cast<std::size_t>(b - 1)] = trait[static_cast<std::size_t>(b - 1)] = sombre;
     }
     for (int i = haut; i < bas; ++i) {
       const std::vector<QRgb> &source = i == bas - 1 ? trait : rangee;
