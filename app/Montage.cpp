@@ -1,9 +1,5 @@
 #include "app/Montage.h"
 
-#include <QApplication>
-#include <cstdio>
-#include <cstdlib>
-
 #include "commands/CommandesProgramme.h"
 #include "commands/RepriseProjet.h"
 #include "events/Evenements.h"
@@ -89,11 +85,4 @@ void Monter(PlateformeQt &machine) {
   machine.FinDemandee = [] { BoutonProgramme_Click(0); };
   machine.CompleterRapport = CompleterRapport;
   machine.LeMiroir().Passer(Demarrer);
-}
-
-int Tourner(PlateformeQt &machine) {
-  const int etat = QApplication::exec();
-  if (!machine.BusMuet()) return etat;
-  std::fflush(nullptr);
-  std::_Exit(etat);  // an orderly end would wait for the bus
 }

@@ -12,6 +12,3 @@ const std::vector<Fenetre *> &ToutesFenetres();
 
 // Installs the machine, mirrors all windows on it, binds the events, and brings the main window up.
 void Monter(PlateformeQt &machine);
-
-// Lets events run until the end is asked for; gives the exit status of the process.
-int Tourner(PlateformeQt &machine);

@@ -4,7 +4,6 @@
 #include <filesystem>
 
 #include "app/Montage.h"
-#include "platform/qt/Avance.h"
 #include "platform/qt/InstanceUnique.h"
 #include "platform/qt/Rapport.h"
 #include "platform/qt/StyleChamps.h"
@@ -30,10 +29,8 @@ void Preparer() {
 }
 
 int Lancer(int nombre, char **mots) {
-  Avance avance;
   const DossiersProgramme dossiers = TrouverDossiers(DossierExecutable());
   QApplication application(nombre, mots);
-  avance.Ouvrir();
   Preparer();
   InstanceUnique instance(dossiers.programme);
   if (!instance.Premiere()) {
@@ -41,11 +38,10 @@ int Lancer(int nombre, char **mots) {
     return 0;
   }
   PlateformeQt machine(dossiers);
-  machine.LeMiroir().AvantEcriture([&] { avance.Attendre(); });
   Monter(machine);
   // Once the window stands: nobody calls before.
   QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });
-  return Tourner(machine);
+  return QApplication::exec();
 }
 }  // namespace
 

@@ -9,7 +9,6 @@
 #include <cstdlib>
 
 #include "app/Montage.h"
-#include "platform/qt/Avance.h"
 #include "platform/qt/StyleChamps.h"
 #include "session/Journal.h"
 
@@ -44,16 +43,13 @@ class Guetteur : public QObject {
 
 int main(int nombre, char **mots) {
   if (nombre < 2) return 2;
-  Avance avance;
   const DossiersProgramme dossiers = TrouverDossiers(BRANDIS_PROGRAMME);
   QApplication application(nombre, mots);
-  avance.Ouvrir();
   QApplication::setQuitOnLastWindowClosed(false);
   InstallerStyle();
   PlateformeQt machine(dossiers);
   Guetteur guetteur(machine.LeMiroir(), std::atoll(mots[1]));
   application.installEventFilter(&guetteur);
-  machine.LeMiroir().AvantEcriture([&] { avance.Attendre(); });
   Monter(machine);
   return QApplication::exec();
 }

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # From process start to the first full painting of the main window, beside a bare window of the same size: both
-# in turn on the same display, medians in milliseconds. To reach: a ratio of at most 1.5 on a display, 1.8 without.
+# in turn on the same display, medians in milliseconds. To reach: a ratio of at most 1.9 under X11.
 # On a display once as this shell is, once with a session bus, as every desktop has one.
 #   bench/depart.sh [build folder] [runs]
 set -euo pipefail

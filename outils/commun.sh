@@ -1,7 +1,7 @@
 # What ./run and ./check share: the machine made ready, and the build. Sourced from the root of the tree.
 
 PAQUETS="cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgtest-dev libbenchmark-dev fonts-liberation
-  libfontconfig-dev qt6-translations-l10n dbus-daemon python3-dbusmock xvfb at-spi2-core python3-pyatspi
+  libsystemd-dev qt6-translations-l10n dbus-daemon python3-dbusmock xvfb at-spi2-core python3-pyatspi
   pkg-config libcairo2-dev libpng-dev nlohmann-json3-dev
   dpkg-dev groff-base desktop-file-utils appstream libxml2-utils lintian"
 PAQUETS_ECRAN_VIRTUEL="xdotool imagemagick"

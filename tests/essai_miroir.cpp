@@ -160,24 +160,6 @@ void EssaiMiroir::Comparer() {
   ASSERT_EQ(Natif(f)->mask(), f.Contour.empty() ? QRegion() : QRegion(0, 0, 40, 1) + QRegion(5, 1, 30, 1));
 }
 
-TEST_F(EssaiMiroir, WhatMustPrecedeTheFirstWidgetRunsOnceBeforeIt) {
-  MagasinImages images({dossier.path().toStdString()});
-  FenetreEssai fenetre;
-  Miroir neuf(images, [](const std::string &rapport) { FAIL() << rapport; });
-  int fois = 0;
-  neuf.AvantEcriture([&] {
-    ++fois;
-    EXPECT_EQ(neuf.Principale(), nullptr);
-  });
-  neuf.Ajouter(fenetre);
-  Charger(fenetre).Visible = true;
-  EXPECT_EQ(fois, 0);
-  neuf.RefleterEtRepeindre(fenetre);
-  neuf.Refleter();
-  EXPECT_EQ(fois, 1);
-  EXPECT_NE(neuf.Principale(), nullptr);
-}
-
 TEST_F(EssaiMiroir, FollowsEveryChangeWritesNothingTwiceAndCausesNoEvent) {
   int evenements = 0;
   for (auto &[nom, c] : f.Enfants()) {

@@ -115,5 +115,5 @@ int main(int nombre, char **mots) {
     if (!std::getline(std::cin, ligne)) std::_Exit(3);
     std::cout << Executer(machine, ligne) << std::endl;
   });
-  return Tourner(machine);
+  return QApplication::exec();
 }

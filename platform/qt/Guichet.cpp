@@ -23,6 +23,5 @@ void Guichet::Ecrire(const std::function<void()> &travail) {
     ~Marque() { drapeau = avant; }
   } marque{ecrit_, ecrit_};
   ecrit_ = true;
-  if (const auto avant = std::exchange(Avant, nullptr)) avant();
   travail();
 }

@@ -27,7 +27,6 @@ class Guichet {
 
   MagasinImages &Images;
   std::function<void()> Refleter, Apres;
-  std::function<void()> Avant;  // runs once, before the mirror first writes
   const TouchesTenues Touches;
 
  private:

@@ -1,85 +1,61 @@
 #include "platform/qt/Inhibiteur.h"
 
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <mutex>
-#include <thread>
+#include <fcntl.h>
+#include <poll.h>
+#include <unistd.h>
 
-#include "platform/qt/TexteNatif.h"
+#include <utility>
 
-namespace {
-const auto kNom = QStringLiteral("brandis-veille");
-}
-
-// What the thread that connects shares with its owner.
-struct Inhibiteur::Liaison {
-  std::mutex garde;
-  Inhibiteur *proprietaire = nullptr;  // null once that is gone
-  bool enCours = false;
-};
-
-Inhibiteur::Inhibiteur() : liaison_(std::make_shared<Liaison>()) { liaison_->proprietaire = this; }
-
-Inhibiteur::~Inhibiteur() {
-  const std::lock_guard tour(liaison_->garde);
-  liaison_->proprietaire = nullptr;
-}
-
-bool Inhibiteur::BusMuet() const {
-  const std::lock_guard tour(liaison_->garde);
-  return liaison_->enCours;
+Inhibiteur::Inhibiteur() {
+  for (QSocketNotifier *n : {&lisible_, &inscriptible_})
+    QObject::connect(n, &QSocketNotifier::activated, n, [this] { Suivre(); });
 }
 
 void Inhibiteur::Empecher(bool voulu, const std::string &raison) {
   if (voulu == voulu_) return;
   voulu_ = voulu;
-  raison_ = raison;
-  if (!voulu)
-    descripteur_ = {};
-  else if (!demandee_)
-    Relier();
+  Lacher();
+  if (voulu) Demander(raison);
 }
 
-// A bus that has hung holds back whoever connects to it, and a pick must not wait: a thread does it.
-void Inhibiteur::Relier() {
-  demandee_ = true;
-  {
-    const std::lock_guard tour(liaison_->garde);
-    liaison_->enCours = true;
-  }
-  std::thread([liaison = liaison_] {
-    QDBusConnection bus = QDBusConnection(kNom);
-    if (!bus.isConnected()) {
-      QDBusConnection::disconnectFromBus(kNom);
-      bus = QDBusConnection::connectToBus(QDBusConnection::SystemBus, kNom);
-    }
-    const std::lock_guard tour(liaison->garde);
-    liaison->enCours = false;
-    if (Inhibiteur *moi = liaison->proprietaire)
-      QMetaObject::invokeMethod(
-          &moi->vivante_, [moi, bus] { moi->Demander(bus); }, Qt::QueuedConnection);
-  }).detach();
+void Inhibiteur::Demander(const std::string &raison) {
+  sd_bus *bus = nullptr;
+  if (sd_bus_open_system(&bus) < 0) return;
+  bus_.reset(bus);
+  if (sd_bus_call_method_async(bus, nullptr, "org.freedesktop.login1", "/org/freedesktop/login1",
+                               "org.freedesktop.login1.Manager", "Inhibit", Recevoir, this, "ssss",
+                               "sleep:idle", "Brandis", raison.c_str(), "block") < 0)
+    return Raccroche();
+  for (QSocketNotifier *n : {&lisible_, &inscriptible_}) n->setSocket(sd_bus_get_fd(bus));
+  Suivre();
 }
 
-void Inhibiteur::Demander(const QDBusConnection &bus) {
-  if (!voulu_ || !bus.isConnected()) {
-    demandee_ = false;
-    return;
-  }
-  QDBusMessage appel = QDBusMessage::createMethodCall(
-      QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
-      QStringLiteral("org.freedesktop.login1.Manager"), QStringLiteral("Inhibit"));
-  appel << QStringLiteral("sleep:idle") << QStringLiteral("Brandis") << Texte(raison_)
-        << QStringLiteral("block");
-  auto *attente = new QDBusPendingCallWatcher(bus.asyncCall(appel), &vivante_);
-  QObject::connect(attente, &QDBusPendingCallWatcher::finished, &vivante_, [this, attente] {
-    const QDBusPendingReply<QDBusUnixFileDescriptor> reponse = *attente;
-    demandee_ = false;
-    if (voulu_ && reponse.isValid()) descripteur_ = reponse.value();
-    // The answer holds a descriptor of its own. Not deleteLater: inside a nested run of events that may be
-    // put off until somebody posts an event again.
-    QMetaObject::invokeMethod(
-        &vivante_, [attente] { delete attente; }, Qt::QueuedConnection);
-  });
+// Goes on as far as the bus lets it, then waits for what the bus waits for.
+void Inhibiteur::Suivre() {
+  int etat;
+  do etat = sd_bus_process(bus_.get(), nullptr);
+  while (etat > 0 && verrou_ < 0);
+  const int attendus = sd_bus_get_events(bus_.get());
+  if (etat < 0 || attendus < 0 || verrou_ >= 0) return Raccroche();
+  lisible_.setEnabled(attendus & POLLIN);
+  inscriptible_.setEnabled(attendus & POLLOUT);
+}
+
+// A refusal has no descriptor either.
+int Inhibiteur::Recevoir(sd_bus_message *reponse, void *inhibiteur, sd_bus_error *) {
+  int prete = -1;  // the message's own
+  if (sd_bus_message_read(reponse, "h", &prete) > 0)
+    static_cast<Inhibiteur *>(inhibiteur)->verrou_ = fcntl(prete, F_DUPFD_CLOEXEC, 0);
+  return 0;
+}
+
+void Inhibiteur::Raccroche() {
+  lisible_.setEnabled(false);
+  inscriptible_.setEnabled(false);
+  bus_.reset();
+}
+
+void Inhibiteur::Lacher() {
+  Raccroche();
+  if (verrou_ >= 0) close(std::exchange(verrou_, -1));
 }

@@ -1,34 +1,34 @@
 // Keeps the machine awake while the loom is at work.
 #pragma once
 
-#include <QDBusConnection>
-#include <QDBusUnixFileDescriptor>
-#include <QObject>
+#include <systemd/sd-bus.h>
+
+#include <QSocketNotifier>
 #include <memory>
 #include <string>
 
 class Inhibiteur {
  public:
   Inhibiteur();
-  ~Inhibiteur();
+  ~Inhibiteur() { Lacher(); }
 
-  // Asks the login manager to hold back sleep and idling, or lets go. Returns at once, whatever the bus does;
-  // a bus that is not there, refuses or never answers is silence. `raison` is told to whoever asks what holds
-  // the machine awake.
+  // Asks the login manager to hold back sleep and idling, or lets go. Returns at once, whatever the bus does:
+  // the connection itself is made from the event loop. A bus that is not there, refuses or never answers is
+  // silence. `raison` is told to whoever asks what holds the machine awake.
   void Empecher(bool voulu, const std::string &raison);
-  // The login manager has given its word.
-  bool Tenue() const { return descripteur_.isValid(); }
-  // The bus took the connection and then said nothing: it would also hold up an orderly end of the process.
-  bool BusMuet() const;
 
  private:
-  struct Liaison;
-  void Relier();
-  void Demander(const QDBusConnection &bus);
+  struct Raccrocher {
+    void operator()(sd_bus *bus) const { sd_bus_close_unref(bus); }
+  };
+  static int Recevoir(sd_bus_message *reponse, void *inhibiteur, sd_bus_error *);
+  void Demander(const std::string &raison);
+  void Suivre();
+  void Raccroche();
+  void Lacher();
 
-  bool voulu_ = false, demandee_ = false;
-  std::string raison_;
-  QDBusUnixFileDescriptor descripteur_;  // the inhibition lasts for as long as it is open
-  std::shared_ptr<Liaison> liaison_;
-  QObject vivante_;
+  bool voulu_ = false;
+  int verrou_ = -1;                          // the inhibition lasts for as long as this descriptor is open
+  std::unique_ptr<sd_bus, Raccrocher> bus_;  // until the login manager has answered
+  QSocketNotifier lisible_{QSocketNotifier::Read}, inscriptible_{QSocketNotifier::Write};
 };

@@ -1,7 +1,5 @@
 #include "platform/qt/LectureBmp.h"
 
-#include <sys/mman.h>
-
 #include <QtEndian>
 #include <array>
 #include <cstdlib>
@@ -45,22 +43,8 @@ bool Remplir(std::ifstream &fichier, void *place, std::size_t octets) {
   return bool(fichier.read(static_cast<char *>(place), static_cast<std::streamsize>(octets)));
 }
 
-// A large one in large pages, where the kernel has them: the first touch of each page costs more than its
-// pixels.
-QImage Vierge(QSize taille, QImage::Format format) {
-  constexpr std::size_t kGrande = 2 << 20;  // bytes
-  const auto octets =
-      static_cast<std::size_t>(taille.width()) * static_cast<std::size_t>(taille.height()) * 4;
-  if (octets < kGrande / 2) return QImage(taille, format);
-  const std::size_t arrondi = (octets + kGrande - 1) / kGrande * kGrande;
-  auto *place = static_cast<uchar *>(std::aligned_alloc(kGrande, arrondi));
-  if (!place) return {};
-  madvise(place, arrondi, MADV_HUGEPAGE);
-  return QImage(place, taille.width(), taille.height(), format, std::free, place);
-}
-
 QImage LireDuHaut(std::ifstream &fichier, QSize taille, QImage::Format format) {
-  QImage image = Vierge(taille, format);
+  QImage image(taille, format);
   const auto octets = static_cast<std::size_t>(image.sizeInBytes());
   if (image.isNull() || !Remplir(fichier, image.bits(), octets)) return {};
   const bool opaque = format == QImage::Format_RGB32;  // other writers leave the fourth byte 0

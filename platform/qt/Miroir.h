@@ -30,8 +30,6 @@ class Miroir {
   void Passer(const std::function<void()> &procedure) { guichet_.Passer(procedure); }
   // No event comes in any more.
   void Fermer() { guichet_.Fermer(); }
-  // Runs once, before the first widget is made.
-  void AvantEcriture(std::function<void()> avant) { guichet_.Avant = std::move(avant); }
   // Runs after every event.
   void ApresEvenement(std::function<void()> apres) { guichet_.Apres = std::move(apres); }
 

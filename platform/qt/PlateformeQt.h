@@ -29,8 +29,6 @@ class PlateformeQt : public Plateforme {
   std::function<void(int message)> MessageIcone;
   // Brings the main window before the others, out of the notification area or the task bar too.
   void Ramener();
-  // The system bus holds up an orderly end of the process.
-  bool BusMuet() const { return suivi_.BusMuet(); }
   // What happens to the port, told at once in the middle of whatever runs: no place to touch a window.
   std::function<void(EvenementLigne)> LigneVue;
   // Whether the port is open and its device away, told as an event of its own whenever that may have changed.

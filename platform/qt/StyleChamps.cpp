@@ -24,6 +24,7 @@ void InstallerStyle() {
   auto *style = new StyleChamps;
   QApplication::setStyle(style);
   QApplication::setPalette(style->standardPalette());
+  ChoisirFamille();
   QApplication::setFont(Fonte(Police{}));
   InstallerAcces();
 }

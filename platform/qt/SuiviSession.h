@@ -11,7 +11,6 @@ class SuiviSession {
   explicit SuiviSession(const PortSerie &port) : port_(port) {}
   // After every event; reads LangueFrancaise, TissageEnCours and the port.
   void Suivre();
-  bool BusMuet() const { return inhibiteur_.BusMuet(); }
 
  private:
   const PortSerie &port_;

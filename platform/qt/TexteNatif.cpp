@@ -1,6 +1,6 @@
 #include "platform/qt/TexteNatif.h"
 
-#include <QApplication>
+#include <QFontInfo>
 #include <QStringDecoder>
 #include <cmath>
 
@@ -53,10 +53,7 @@ QString Filtre(const std::function<int(int)> &filtre, const QString &texte) {
   return passes;
 }
 
-void ChoisirFamille(const QString &famille) {
-  familleChoisie = famille;
-  QApplication::setFont(Fonte(Police{}));
-}
+void ChoisirFamille() { familleChoisie = QFontInfo(Fonte(Police{})).family(); }
 
 QFont Fonte(const Police &police) {
   // Where the desktop has no Arial, it knows the one of the same measures.

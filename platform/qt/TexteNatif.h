@@ -22,8 +22,9 @@ QString Filtre(const std::function<int(int)> &filtre, const QString &texte);
 
 // In the family that stands for Arial, which is the one of both families of the system.
 QFont Fonte(const Police &police);
-// The program's own windows take it too.
-void ChoisirFamille(const QString &famille);
+// Asks for that family once, when the application object stands: the toolkit would look for it at every size
+// and weight.
+void ChoisirFamille();
 inline QColor Teinte(Couleur c) { return QColor::fromRgb(c | 0xff000000u); }
 
 // Place and size, each rounded by itself: the size must be that of the surface painted for the control. Never
