@@ -12,9 +12,11 @@
 #include "kit/FenetreRappel.h"
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
+#include "loom/FinSurRapport.h"
 #include "mainwindow/CompositionFenetre.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "session/Journal.h"
+#include "weaving/RetourLigne.h"
 
 namespace {
 void Demarrer() {
@@ -46,6 +48,10 @@ void NoterLigne(EvenementLigne evenement) {
       return Noter(port + Selon("ligne coupée", "line gone"));
     case EvenementLigne::Revenue:
       return Noter(port + Selon("ligne revenue", "line back"));
+    case EvenementLigne::Bloquee:
+      return Noter(port + Selon("le métier ne prend rien", "the loom takes nothing"));
+    case EvenementLigne::Debloquee:
+      return Noter(port + Selon("le métier prend à nouveau", "the loom takes again"));
     case EvenementLigne::Fermee:
       return Noter(port + Selon("ligne fermée", "line closed"));
   }
@@ -81,7 +87,9 @@ void Monter(PlateformeQt &machine) {
   for (Fenetre *f : ToutesFenetres()) machine.LeMiroir().Ajouter(*f);
   machine.MessageIcone = TransmettreMessageIcone;
   machine.LigneVue = NoterLigne;
-  machine.LigneChangee = MontrerLigneCoupee;
+  machine.LigneChangee = MontrerEtatLigne;
+  machine.LigneRevenue = RenvoyerDuite;
+  machine.ApresRapport = RelacherAvantFin;
   machine.FinDemandee = [] { BoutonProgramme_Click(0); };
   machine.CompleterRapport = CompleterRapport;
   machine.LeMiroir().Passer(Demarrer);

@@ -11,6 +11,18 @@ FenetreLigne fenetreLigne;
 namespace {
 // Over the beam, in twips of the main window: above the draft, and where no command and no panel stands.
 constexpr double kGauche = 1710, kHaut = 855, kLargeur = 8760, kHauteur = 1005;
+
+void EcrireTextes(FenetreLigne &f) {
+  if (f.Bloquee) {
+    f.LblTitre.Caption = Selon("Le métier ne prend rien.", "The loom takes nothing.");
+    f.LblRemarque.Caption = Selon("Ce qui est envoyé l'attend.", "What is sent waits for it.");
+    return;
+  }
+  f.LblTitre.Caption = Selon("La ligne du métier est coupée.", "The line to the loom is gone.");
+  f.LblRemarque.Caption = fenetre.TissageEnCours ? Selon("Rebranchez le câble : le tissage continue.",
+                                                         "Plug the cable in: weaving goes on.")
+                                                 : Selon("Rebranchez le câble.", "Plug the cable in.");
+}
 }  // namespace
 
 FenetreLigne::FenetreLigne() {
@@ -33,9 +45,7 @@ void FenetreLigne::Visiter(Visiteur &v) {
   Top = fenetre.Top + kHaut;
   DecalageX = fenetre.DecalageX;
   DecalageY = fenetre.DecalageY;
-  LblTitre.Caption = Selon("La ligne du métier est coupée.", "The line to the loom is gone.");
-  LblRemarque.Caption =
-      Selon("Rebranchez le câble : le tissage continue.", "Plug the cable in: weaving goes on.");
+  EcrireTextes(*this);
   NomAccessible = LblTitre.Caption + " " + LblRemarque.Caption;
   v.Voir("LblTitre", LblTitre, *this);
   v.Voir("LblRemarque", LblRemarque, *this);
@@ -47,9 +57,8 @@ void FenetreLigne::Load() {
   PeindreFondPanneau(Dessin, BackColor);
 }
 
-void MontrerLigneCoupee(bool coupee) {
-  if (coupee)
-    plateforme().Montrer(Charger(fenetreLigne));
-  else
-    Decharger(fenetreLigne);
+void MontrerEtatLigne(EtatLigne etat) {
+  if (etat == EtatLigne::Bonne) return Decharger(fenetreLigne);
+  Charger(fenetreLigne).Bloquee = etat == EtatLigne::Bloquee;
+  plateforme().Montrer(fenetreLigne);
 }

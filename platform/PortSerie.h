@@ -5,11 +5,17 @@
 
 #include "base/Entier.h"
 
-// Failures of every implementation: 8002 the port number is not usable, 8005 the port is open already,
-// 8018 written to while closed, 57 the device went away. A device that goes away is told once, by the next
-// reading; the port stays open, what is written waits for the device or is dropped, nothing arrives, and no
-// further call fails until the device is back and all goes on. Closing drops what was received; what arrives
-// while closed is dropped too.
+// What stands behind a port that is open.
+enum class EtatLigne {
+  Bonne,
+  Coupee,   // the device is away, and is waited for
+  Bloquee,  // the device is there and takes nothing
+};
+
+// Failures of every implementation: 8002 the port number is not usable, 8005 the port is open already, 8018
+// written to while closed. A device that goes away is no failure: the port stays open, nothing arrives, and
+// what was written last waits for it. Closing drops what was received; what arrives while closed is dropped
+// too.
 class PortSerie {
  public:
   virtual ~PortSerie() = default;
@@ -22,7 +28,7 @@ class PortSerie {
   virtual std::string RaisonRefus() const = 0;  // of the last 8002: a sentence in the language in force
   virtual void Output(const std::string &octets) = 0;  // never waits; 8018
   virtual bool Retenu() const = 0;                     // what is written now is kept back
-  virtual std::string Input() = 0;                     // all that was received; never waits; 57
+  virtual std::string Input() = 0;                     // all that was received; never waits
   // Length and mode of reading are kept and tell back; all that is there is read, whatever they say.
   virtual void InputLen(Entier longueur) = 0;
   virtual Entier InputLen() const = 0;

@@ -15,13 +15,27 @@ TEST_F(BoutEnBout, AMisbehavingLoomIsFollowedOrWaitedFor) {
 }
 
 TEST_F(BoutEnBout, TheCableComesOutAndWeavingGoesOn) {
-  const std::string coupee =
-      "ligne=The line to the loom is gone. Plug the cable in: weaving goes on. message=";
+  const std::string perdue = "ligne=The line to the loom is gone. ",
+                    coupee = perdue + "Plug the cable in: weaving goes on. message=";
   DemarrerMetier({"--entree"});
   Tisser();
   EXPECT_EQ(Shed(), Attendu(1));
   metier->Dire("raccrocher");
-  ASSERT_TRUE(EtatDevient(coupee + "Device I/O error"));
+  ASSERT_TRUE(EtatDevient(coupee));
+  EXPECT_EQ(Etat().find("Device I/O error"), std::string::npos) << "the note alone tells it";
+  metier->Dire("revenir");
+  EXPECT_EQ(Shed(), Attendu(1)) << "whatever the loom had heard of it";
+  ASSERT_TRUE(EtatDevient("ligne= "));
+  // Noticed late, and back before it was noticed: the system stood still meanwhile.
+  const auto arreter = [&](int signal) { kill(static_cast<pid_t>(programme->processId()), signal); };
+  arreter(SIGSTOP);
+  metier->Dire("raccrocher");
+  metier->Dire("revenir");
+  ASSERT_NE(metier->LigneQuiCommence("back"), "");
+  arreter(SIGCONT);
+  EXPECT_EQ(Shed(), Attendu(1));
+  metier->Dire("raccrocher");
+  ASSERT_TRUE(EtatDevient(coupee));
   // Everything that sends goes on in silence, and the screen with it.
   Cliquer(6);
   Cliquer(4);
@@ -55,17 +69,33 @@ TEST_F(BoutEnBout, TheCableComesOutAndWeavingGoesOn) {
   Cliquer(18);
   ASSERT_TRUE(EtatDevient("boutons=0000"));  // the panel stands
   Cliquer(20);
-  ASSERT_TRUE(EtatDevient(coupee));
+  ASSERT_TRUE(EtatDevient(perdue));
   Faire("clic CheckSelenoide(3)");
+  ASSERT_TRUE(EtatDevient(perdue + "Plug the cable in. ")) << "nothing is woven";
   Cliquer(21);
-  Cliquer(19);
-  ASSERT_TRUE(EtatDevient("ligne= "));
-  Cliquer(10);
   metier->Dire("revenir");
+  ASSERT_NE(metier->LigneQuiCommence("release"), "") << "the test's end, and no shed";
+  Cliquer(19);
+  ASSERT_NE(metier->LigneQuiCommence("release"), "");
+  Cliquer(10);
   EXPECT_EQ(Shed(), Attendu(10));
   Cliquer(7);
   metier->Dire("");
   EXPECT_EQ(Shed(), Attendu(9)) << "the other way";
+}
+
+TEST_F(BoutEnBout, AFailureThatEndsTheProcessReleasesTheLoom) {
+  DemarrerMetier({"--entree"});
+  Tisser();
+  EXPECT_EQ(Shed(), Attendu(1));
+  Cliquer(8);
+  Faire("ecrire TxtDuite 32768");
+  EXPECT_EQ(metier->LigneQuiCommence("release").substr(0, 7), "release");
+  EXPECT_TRUE(programme->waitForFinished() && programme->exitCode() == 1);
+  programme.reset();
+  std::stringstream journal;
+  journal << std::ifstream(dossier + "/Data/Journal.txt").rdbuf();
+  EXPECT_EQ(journal.str().find("left by Quit"), std::string::npos);
 }
 
 TEST_F(BoutEnBout, AnEndFromOutsideIsAQuit) {

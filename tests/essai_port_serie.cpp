@@ -2,18 +2,36 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <stdlib.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <cstdarg>
 
 #include "platform/qt/PortSerieQt.h"
 #include "platform/qt/ReglagesPort.h"
 #include "tests/Banc.h"
 
 namespace fs = std::filesystem;
+
+// While set, every descriptor is an adapter that says at once that it has nothing left.
+static bool adaptateur = false;
+extern "C" int ioctl(int fd, unsigned long demande, ...) noexcept {
+  va_list suite;
+  va_start(suite, demande);
+  void *reponse = va_arg(suite, void *);
+  va_end(suite);
+  if (adaptateur && (demande == TIOCMGET || demande == TIOCOUTQ || demande == TIOCSERGETLSR)) {
+    *static_cast<int *>(reponse) = demande == TIOCSERGETLSR ? TIOCSER_TEMT : 0;
+    return 0;
+  }
+  return static_cast<int>(syscall(SYS_ioctl, fd, demande, reponse));
+}
 
 namespace {
 constexpr int kPatience = 5000;  // milliseconds after which what should have come never will
@@ -23,7 +41,7 @@ class EssaiPortSerie : public testing::Test {
   void SetUp() override {
     fs::create_directory(Ports());
     Brancher();
-    port.Evenement = [this](EvenementLigne e) { evenements += "oacrf"[static_cast<int>(e)]; };
+    port.Evenement = [this](EvenementLigne e) { evenements += "oacrbdf"[static_cast<int>(e)]; };
   }
   void TearDown() override { Debrancher(); }
   fs::path Ports() const { return fs::path(dossier.path().toStdString()) / "Ports"; }
@@ -50,6 +68,8 @@ class EssaiPortSerie : public testing::Test {
     }
     return false;
   }
+
+  bool Coupe() const { return port.Etat() == EtatLigne::Coupee; }
 
   // Bytes that the loom's side receives, as many as wanted; fewer when no more come.
   std::string Lire(std::size_t nombre) {
@@ -158,18 +178,18 @@ TEST_F(EssaiPortSerie, ALoomThatDoesNotReadBlocksNothing) {
   EXPECT_EQ(Lire(beaucoup.size() + 1), beaucoup + "b");
 }
 
-TEST_F(EssaiPortSerie, ALostLineIsToldOnceByTheNextReadingAndBySilenceAfterIt) {
+TEST_F(EssaiPortSerie, ALostLineIsSilence) {
   const std::function<void()> decouvertes[] = {
-      [&] { EXPECT_TRUE(Devient([&] { return port.Coupee(); })); },
+      [&] { EXPECT_TRUE(Devient([&] { return Coupe(); })); },
       [&] { EXPECT_EQ(Echec([&] { port.Output("x"); }), 0); },
-      [] {},
+      [&] { EXPECT_EQ(port.Input(), ""); },
   };
   for (const auto &decouvrir : decouvertes) {
     port.PortOpen(true);
+    EXPECT_FALSE(port.Retenu());
     Debrancher();
     decouvrir();
-    EXPECT_EQ(Echec([&] { port.Input(); }), Erreur::Peripherique);
-    EXPECT_TRUE(port.PortOpen());
+    EXPECT_TRUE(Coupe() && port.Retenu() && port.PortOpen());
     // Whatever the frames of both looms do to a port.
     EXPECT_EQ(Echec([&] {
                 port.OutBufferCount(0);
@@ -185,41 +205,35 @@ TEST_F(EssaiPortSerie, ALostLineIsToldOnceByTheNextReadingAndBySilenceAfterIt) {
     EXPECT_EQ(Echec([&] { port.Output("x"); }), Erreur::PortFerme);
     Brancher();
   }
-  // What was read before the loss is not lost.
+  // What came in before the loss is not lost.
   port.PortOpen(true);
-  Envoyer(
-      "\x1B"
-      "C\r");
+  Envoyer(kRapport);
   ASSERT_TRUE(Devient([&] { return port.InBufferCount() == 3; }));
   Debrancher();
-  ASSERT_TRUE(Devient([&] { return port.Coupee(); }));
-  EXPECT_EQ(Echec([&] { port.Input(); }), Erreur::Peripherique);
-  EXPECT_EQ(port.Input(),
-            "\x1B"
-            "C\r");
+  ASSERT_TRUE(Devient([&] { return Coupe(); }));
+  EXPECT_EQ(port.Input(), kRapport);
 }
 
-TEST_F(EssaiPortSerie, TheLastWriteWaitsForTheDevice) {
+TEST_F(EssaiPortSerie, OnlyWhatIsWrittenWhileTheDeviceIsAwayWaitsForIt) {
   const auto couper = [&] {
     Debrancher();
-    ASSERT_TRUE(Devient([&] { return port.Coupee(); }));
+    ASSERT_TRUE(Devient([&] { return Coupe(); }));
   };
   const auto revenir = [&] {
     Brancher();
-    ASSERT_TRUE(Devient([&] { return !port.Coupee(); }));
+    ASSERT_TRUE(Devient([&] { return !Coupe(); }));
   };
-  // A second of line each: none has left whole when the line is cut, and nothing is written while it is.
+  // A second of line each: the line is cut in the middle of them.
   port.Settings("300,N,8,1");
   port.PortOpen(true);
   const auto poignees = [] { return std::distance(fs::directory_iterator("/proc/self/fd"), {}); };
   const auto ouvertes = poignees();
-  const std::string premier(30, 'a'), second(30, 'b');
-  port.Output(premier);
-  port.Output(second);
+  port.Output(std::string(30, 'a'));
+  port.Output(std::string(30, 'b'));
   couper();
   revenir();
   port.Output(".");
-  EXPECT_EQ(Lire(61), premier + second + ".") << "whole again, once";
+  EXPECT_EQ(Lire(1), ".") << "what the line had taken is nobody's to repeat";
 
   couper();
   port.Output("old");
@@ -228,36 +242,111 @@ TEST_F(EssaiPortSerie, TheLastWriteWaitsForTheDevice) {
   port.Output("w");
   revenir();
   port.Output(".");
-  EXPECT_EQ(Lire(4), "new.");
+  EXPECT_EQ(Lire(4), "new.") << "the last event's, once";
   couper();
   port.Output("none");
   port.OutBufferCount(0);
   revenir();
   port.Output("after");
   EXPECT_EQ(Lire(5), "after");
+  Debrancher();
+  port.Output("found");  // this write finds the loss
+  ASSERT_TRUE(Coupe());
+  revenir();
+  port.Output(".");
+  EXPECT_EQ(Lire(6), "found.");
 
   // Closed while away, and opened while still away.
   couper();
   port.Output("lost");
   port.PortOpen(false);
   EXPECT_EQ(Echec([&] { port.PortOpen(true); }), 0);
-  EXPECT_TRUE(port.Coupee());
+  EXPECT_TRUE(Coupe());
   port.Output("start");
   revenir();
   port.Output(".");
   EXPECT_EQ(Lire(6), "start.");
-  EXPECT_EQ(evenements, "ocrcrcrcfar");
+  EXPECT_EQ(evenements, "ocrcrcrcrcfar");
   EXPECT_EQ(poignees(), ouvertes) << "nothing stays open behind a device that comes back";
+
+  // Whoever hears of the return comes before what waited, and may empty it.
+  couper();
+  port.Output("waits");
+  const auto noter = std::exchange(port.Evenement, nullptr);
+  port.Evenement = [&](EvenementLigne e) {
+    if (e != EvenementLigne::Revenue) return;
+    port.OutBufferCount(0);
+    port.Output("answer");
+  };
+  revenir();
+  port.Output(".");
+  EXPECT_EQ(Lire(7), "answer.");
+  port.Evenement = noter;
   // Found again, it is a device like any other: gone while closed, it cannot be opened.
   port.PortOpen(false);
   Debrancher();
   EXPECT_EQ(Echec([&] { port.PortOpen(true); }), Erreur::PortInutilisable);
 }
 
+TEST_F(EssaiPortSerie, ALineThatTakesNothingKeepsTheLastEventsWrites) {
+  port.PortOpen(true);
+  const int ligne = open(ptsname(maitre), O_RDWR | O_NOCTTY);
+  const auto tenir = [&](int comment) { ASSERT_EQ(tcflow(ligne, comment), 0); };
+  tenir(TCOOFF);
+  port.Output("first");
+  QCoreApplication::processEvents();
+  port.Output("second");
+  EXPECT_FALSE(port.Retenu()) << "not at once";
+  ASSERT_TRUE(Devient([&] { return port.Etat() == EtatLigne::Bloquee; }));
+  EXPECT_TRUE(port.Retenu());
+  Envoyer(kRapport);
+  EXPECT_EQ(Recevoir(3), kRapport) << "it is read all the same";
+  port.Output("th");
+  port.Output("ird");
+  EXPECT_EQ(port.OutBufferCount(), 5);
+  tenir(TCOON);
+  EXPECT_EQ(Lire(5), "third");
+  ASSERT_TRUE(Devient([&] { return port.Etat() == EtatLigne::Bonne; }));
+  EXPECT_EQ(evenements, "obd");
+  // A write that has begun to leave goes on to its end.
+  const std::string longue(200000, 'a');
+  port.Output(longue);
+  QCoreApplication::processEvents();
+  port.Output("old");
+  QCoreApplication::processEvents();
+  port.Output("new");
+  ASSERT_TRUE(Devient([&] { return port.Etat() == EtatLigne::Bloquee; }));
+  EXPECT_EQ(Lire(longue.size() + 3), longue + "new");
+  // Closing gives up on a line that stays stuck.
+  tenir(TCOOFF);
+  port.Output("shed");
+  port.Output("release");
+  port.PortOpen(false);
+  tenir(TCOON);
+  close(ligne);
+  port.PortOpen(true);
+  port.Output(".");
+  EXPECT_EQ(Lire(1), ".");
+}
+
+TEST_F(EssaiPortSerie, ReleasedBytesHaveTheirTimeOnTheLineWhateverAnAdapterSays) {
+  port.Settings("1200,N,8,1");
+  port.PortOpen(true);
+  const auto debut = std::chrono::steady_clock::now();
+  port.Output(kLiberer);
+  adaptateur = true;
+  port.PortOpen(false);
+  adaptateur = false;
+  // Four characters of ten bits; an adapter's word is up to 16 milliseconds old.
+  EXPECT_GE(std::chrono::steady_clock::now() - debut,
+            std::chrono::microseconds(4 * 10'000'000 / 1200 + 16'000));
+  EXPECT_EQ(Lire(4), kLiberer);
+}
+
 TEST_F(EssaiPortSerie, WhatIsNoSerialLineIsStillWaitedFor) {
   port.PortOpen(true);
   Debrancher();
-  ASSERT_TRUE(Devient([&] { return port.Coupee(); }));
+  ASSERT_TRUE(Devient([&] { return Coupe(); }));
   const fs::path autre = Ports() / "autre";
   const std::function<void()> intrus[] = {
       [&] { mkfifo(autre.c_str(), 0600); }, [&] { fs::create_directory(autre); },
@@ -273,10 +362,10 @@ TEST_F(EssaiPortSerie, WhatIsNoSerialLineIsStillWaitedFor) {
     QObject::connect(&compteur, &QTimer::timeout, [&] { ++regards; });
     compteur.start(2);
     ASSERT_TRUE(Devient([&] { return regards > 2; }));
-    EXPECT_TRUE(port.Coupee());
+    EXPECT_TRUE(Coupe());
   }
   Brancher();
-  EXPECT_TRUE(Devient([&] { return !port.Coupee(); }));
+  EXPECT_TRUE(Devient([&] { return !Coupe(); }));
 }
 
 TEST_F(EssaiPortSerie, AFloodLeavesItsFirst1024Bytes) {

@@ -193,8 +193,8 @@ void Vues::VoirBulles() {
 
 void Vues::VoirMessages() {
   machine_->Motif = "Pedales8.Wif";
-  Voir("ligne-coupee", fenetreLigne, [] { MontrerLigneCoupee(true); });
-  Faire([] { MontrerLigneCoupee(false); });
+  Voir("ligne-coupee", fenetreLigne, [] { MontrerEtatLigne(EtatLigne::Coupee); });
+  Faire([] { MontrerEtatLigne(EtatLigne::Bonne); });
   Voir("rappel", fenetreRappel, [] {
     AfficherRappel({true, "/home/weaver/Data/Figure24.Wif", "27", "2026-11-23", "08:15:30"});
   });

@@ -1,12 +1,18 @@
-// What waits to go out over the line: one piece for each write of the program, handed to the system as the
-// line takes it. The system is given little in advance, so that a release never stands behind sheds of long
-// ago.
+// What waits to go out over the line: one piece for each write of the program, handed to the system when it
+// holds nothing any more, so that a release never stands behind sheds of long ago.
 #pragma once
 
 #include <chrono>
 #include <cstddef>
 #include <deque>
 #include <string>
+
+// What came of an attempt to hand over.
+enum class Remise {
+  Rien,    // nothing has moved since the attempt before
+  Avance,  // the system took a byte, or holds fewer than before
+  Echec,   // the device has failed
+};
 
 class Emission {
  public:
@@ -15,36 +21,39 @@ class Emission {
   // Of one character on the line.
   void Duree(std::chrono::microseconds octet) { duree_ = octet; }
   // `tour` numbers the event in which the write was made.
-  void Ajouter(const std::string &octets, unsigned tour) { file_.push_back({octets, tour, 0, {}}); }
-  // Forgets everything that waits, and what was handed over.
+  void Ajouter(const std::string &octets, unsigned tour);
+  // Forgets everything that waits.
   void Vider();
-  // Forgets all but the last write that waits.
-  void GarderDerniere();
-  // Forgets all but the writes of one event.
+  // Forgets what waits but for the writes of one event, and for a write of which a byte has gone already.
   void GarderTour(unsigned tour);
-  // Hands over what the line takes now, without waiting; false when the device has failed.
-  bool Pousser(int fd);
-  // The line is cut: what had not left whole, by the time that it needs at the speed of the line, waits again
-  // from its first byte.
-  void Reprendre();
+  // The same for the event that wrote last.
+  void GarderDernierTour();
+  // Hands over what the line takes now, without waiting.
+  Remise Pousser(int fd);
 
   bool Vide() const { return file_.empty(); }
   std::size_t Restent() const;  // bytes not yet handed over
-  // Waits until all that waits or that the system holds has left: no longer than these bytes need on the line
-  // and 50 milliseconds. What has not left then is dropped, and the last write is tried once more.
+  // Waits, for as long as bytes leave, until the line has carried what is held and the last two writes; what
+  // waits before these is forgotten. Where no byte has left for 200 milliseconds all is dropped, and the last
+  // write is handed over.
   void LaisserPartir(int fd);
 
  private:
-  struct Ecrit {
+  struct Envoi {
     std::string octets;
     unsigned tour;
-    std::size_t remis;        // bytes handed over
-    Horloge::time_point fin;  // when the line has carried them
+    std::size_t remis;  // bytes handed over
   };
   bool Partis(int fd) const;
+  void GarderFin();
   void Forcer(int fd);
 
   std::chrono::microseconds duree_{1000};
-  std::deque<Ecrit> file_, enRoute_;  // waiting; handed over and perhaps still on the way
-  Horloge::time_point fin_;           // when the line has carried all that was handed over
+  std::deque<Envoi> file_;
+  std::string dernier_;      // the last write since all was forgotten
+  Horloge::time_point fin_;  // when the line has carried all that was handed over
+  int detenus_ = 0;          // bytes that the system held at the last attempt
 };
+
+// Bytes that the system holds and the device has not taken.
+int OctetsDetenus(int fd);

@@ -1,25 +1,13 @@
-// The device goes, is waited for, and is back.
+// The device goes, is waited for, and is back; or stays and takes nothing.
 #include "platform/qt/PortSerieQt.h"
-#include "platform/qt/ReglagesPort.h"
 
-// The descriptor is free before the name can stand for a new device.
-bool PortSerieQt::OuvrirAppareil() {
-  port_.close();
-  const std::string appareil = AppareilSous(nom_);
-  if (appareil.empty()) return false;
-  port_.setPortName(QString::fromStdString(appareil));
-  Regler();
-  if (!port_.open(QIODevice::ReadWrite)) return false;
-  if (protocole_ == 0) port_.setRequestToSend(rts_);
-  partis_.erase(numero_);
-  return true;
-}
-
+// What the system held or was still to have is forgotten: how much of it the loom has heard, nobody knows.
 void PortSerieQt::Perdre() {
   if (!Presente()) return;
-  absent_ = aDire_ = true;
+  absent_ = true;
+  bloquee_ = false;
   partis_[numero_] = nom_;
-  emission_.Reprendre();
+  emission_.Vider();
   reprise_.stop();
   // Not inside the toolkit's own reading or writing.
   QMetaObject::invokeMethod(
@@ -45,4 +33,17 @@ void PortSerieQt::Tourner() {
   absent_ = false;
   Dire(EvenementLigne::Revenue);
   Pousser();
+}
+
+// A look of the timer at a line that did not take all. Looks are counted, not the time: a program that was
+// itself stopped has not tried.
+void PortSerieQt::Insister() {
+  if (!Pousser() && Presente() && !emission_.Vide() && ++essaisVains_ == kEssaisVains) Bloquer(true);
+}
+
+void PortSerieQt::Bloquer(bool bloquee) {
+  if (bloquee_ == bloquee) return;
+  bloquee_ = bloquee;
+  if (bloquee) emission_.GarderDernierTour();
+  Dire(bloquee ? EvenementLigne::Bloquee : EvenementLigne::Debloquee);
 }

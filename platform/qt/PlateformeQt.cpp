@@ -41,17 +41,9 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
       images_(dossiers.dessins),
       port_(dossiers.programme),
       suivi_(port_),
-      miroir_(images_,
-              [this](const std::string &rapport) {
-                miroir_.Fermer();
-                RapporterEtFinir(CompleterRapport ? CompleterRapport(rapport) : rapport);
-              }),
+      miroir_(images_, [this](const std::string &rapport) { FinirSurRapport(rapport); }),
       dehors_([this] { FinirDeDehors(); }) {
-  port_.Evenement = [this](EvenementLigne evenement) {
-    if (LigneVue) LigneVue(evenement);
-    QMetaObject::invokeMethod(
-        &vivante_, [this] { AnnoncerLigne(); }, Qt::QueuedConnection);
-  };
+  port_.Evenement = [this](EvenementLigne evenement) { SuivreLigne(evenement); };
   disque_.setMaxThreadCount(1);
   miroir_.ApresEvenement([this] {
     FinirAttentes();
@@ -65,8 +57,23 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
   });
 }
 
+// The return comes from a look of the port's own, in the middle of nothing, and has its answer before what
+// waited leaves; all else may come in the middle of anything.
+void PlateformeQt::SuivreLigne(EvenementLigne evenement) {
+  if (LigneVue) LigneVue(evenement);
+  if (evenement == EvenementLigne::Revenue && LigneRevenue) miroir_.Passer(LigneRevenue);
+  QMetaObject::invokeMethod(
+      &vivante_, [this] { AnnoncerLigne(); }, Qt::QueuedConnection);
+}
+
 void PlateformeQt::AnnoncerLigne() {
-  if (LigneChangee) miroir_.Passer([this] { LigneChangee(port_.Coupee()); });
+  if (LigneChangee) miroir_.Passer([this] { LigneChangee(port_.Etat()); });
+}
+
+void PlateformeQt::FinirSurRapport(const std::string &rapport) {
+  miroir_.Fermer();
+  port_.NePlusAttendre();
+  RapporterEtFinir(CompleterRapport ? CompleterRapport(rapport) : rapport, ApresRapport);
 }
 
 void PlateformeQt::FinirDeDehors() {

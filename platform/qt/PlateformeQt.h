@@ -31,13 +31,17 @@ class PlateformeQt : public Plateforme {
   void Ramener();
   // What happens to the port, told at once in the middle of whatever runs: no place to touch a window.
   std::function<void(EvenementLigne)> LigneVue;
-  // Whether the port is open and its device away, told as an event of its own whenever that may have changed.
-  std::function<void(bool coupee)> LigneChangee;
+  // How the line stands, told as an event of its own whenever that may have changed.
+  std::function<void(EtatLigne)> LigneChangee;
+  // The device is back, told as an event, before anything that waited goes out.
+  std::function<void()> LigneRevenue;
   // Ends the program as the weaver would: somebody outside wants the end. It comes whatever this leaves open,
   // and no window waits for a reader any more.
   std::function<void()> FinDemandee;
   // Makes of the report of a failure that ends the process what is told of it.
   std::function<std::string(const std::string &rapport)> CompleterRapport;
+  // What is left to be done once that report was read. No event comes in any more.
+  std::function<void()> ApresRapport;
 
   PortSerie &MSComm1() override { return port_; }
   void ShowOpen(DialogueFichier &dialogue) override;
@@ -66,6 +70,8 @@ class PlateformeQt : public Plateforme {
   };
   void FinirAttentes();
   void AnnoncerLigne();
+  void SuivreLigne(EvenementLigne evenement);
+  void FinirSurRapport(const std::string &rapport);
   void FinirDeDehors();
 
   DossiersProgramme dossiers_;

@@ -10,7 +10,7 @@
 
 namespace {
 constexpr int kTampon = 1024;    // bytes, received and not yet read
-constexpr int kReprise = 10;     // milliseconds
+constexpr int kReprise = 10;     // milliseconds; LigneCoupee.cpp counts a second of them
 constexpr int kPlafond = 32767;  // of a count
 }  // namespace
 
@@ -19,12 +19,16 @@ PortSerieQt::PortSerieQt(std::string dossier, int ronde) : dossier_(std::move(do
   ronde_.setInterval(ronde);
   reprise_.setInterval(kReprise);
   QObject::connect(&ronde_, &QTimer::timeout, &port_, [this] { Tourner(); });
-  QObject::connect(&reprise_, &QTimer::timeout, &port_, [this] { Pousser(); });
+  QObject::connect(&reprise_, &QTimer::timeout, &port_, [this] { Insister(); });
   QObject::connect(&port_, &QSerialPort::errorOccurred, &port_, [this](QSerialPort::SerialPortError erreur) {
     if (erreur == QSerialPort::ResourceError || erreur == QSerialPort::ReadError ||
         erreur == QSerialPort::WriteError)
       Perdre();
   });
+}
+
+EtatLigne PortSerieQt::Etat() const {
+  return Coupee() ? EtatLigne::Coupee : bloquee_ ? EtatLigne::Bloquee : EtatLigne::Bonne;
 }
 
 void PortSerieQt::Dire(EvenementLigne evenement) const {
@@ -74,19 +78,31 @@ void PortSerieQt::Ouvrir() {
   emission_.Vider();
   ouvert_ = true;
   absent_ = !present;
+  bloquee_ = false;
+  essaisVains_ = 0;
   ronde_.start();
   Dire(present ? EvenementLigne::Ouverte : EvenementLigne::Attendue);
 }
 
+// The descriptor is free before the name can stand for a new device.
+bool PortSerieQt::OuvrirAppareil() {
+  port_.close();
+  const std::string appareil = AppareilSous(nom_);
+  if (appareil.empty()) return false;
+  port_.setPortName(QString::fromStdString(appareil));
+  Regler();
+  if (!port_.open(QIODevice::ReadWrite)) return false;
+  if (protocole_ == 0) port_.setRequestToSend(rts_);
+  partis_.erase(numero_);
+  return true;
+}
+
 // Closing puts back the speed that the device had before, which would garble a release that is still on its
-// way out, so the bytes may leave first. Of what the line has not taken yet only the last write counts.
+// way out, so the bytes may leave first.
 void PortSerieQt::Fermer() {
   if (!ouvert_) return;
-  if (Presente()) {
-    emission_.GarderDerniere();
-    emission_.LaisserPartir(port_.handle());
-  }
-  ouvert_ = absent_ = aDire_ = false;
+  if (Presente()) emission_.LaisserPartir(port_.handle());
+  ouvert_ = absent_ = bloquee_ = false;
   ronde_.stop();
   reprise_.stop();
   emission_.Vider();
@@ -104,10 +120,12 @@ short PortSerieQt::Sonder(short attendu) {
 
 void PortSerieQt::Output(const std::string &octets) {
   if (!ouvert_) throw ErreurExecution(Erreur::PortFerme);
-  emission_.Ajouter(octets, Tour());
   if (Presente()) Sonder(0);
+  const bool presente = Presente();
+  emission_.Ajouter(octets, Tour());
   Pousser();
-  if (absent_) emission_.GarderTour(Tour());
+  if (presente && absent_) emission_.Ajouter(octets, Tour());  // the write that found the loss waits too
+  if (Retenu()) emission_.GarderTour(Tour());
 }
 
 unsigned PortSerieQt::Tour() {
@@ -122,13 +140,21 @@ unsigned PortSerieQt::Tour() {
   return tour_;
 }
 
-void PortSerieQt::Pousser() {
-  if (!Presente()) return;
-  if (!emission_.Pousser(port_.handle())) return Perdre();
+bool PortSerieQt::Pousser() {
+  if (!Presente()) return false;
+  const Remise remise = emission_.Pousser(port_.handle());
+  if (remise == Remise::Echec) {
+    Perdre();
+    return false;
+  }
   if (emission_.Vide())
     reprise_.stop();
   else if (!reprise_.isActive())
     reprise_.start();
+  if (remise == Remise::Rien) return false;
+  essaisVains_ = 0;
+  Bloquer(false);
+  return true;
 }
 
 void PortSerieQt::Recevoir() {
@@ -137,7 +163,6 @@ void PortSerieQt::Recevoir() {
 
 std::string PortSerieQt::Input() {
   Recevoir();
-  if (std::exchange(aDire_, false)) throw ErreurExecution(Erreur::Peripherique);
   Prendre();
   const auto voulus = longueurLecture_ > 0 ? static_cast<std::size_t>(int{longueurLecture_}) : recus_.size();
   const std::string lus = recus_.substr(0, voulus);
@@ -167,7 +192,8 @@ void PortSerieQt::OutBufferCount(Entier nombre) {
 }
 
 Entier PortSerieQt::OutBufferCount() const {
-  return static_cast<int>(std::min<std::size_t>(emission_.Restent(), kPlafond));
+  const auto detenus = static_cast<std::size_t>(Presente() ? OctetsDetenus(port_.handle()) : 0);
+  return static_cast<int>(std::min<std::size_t>(emission_.Restent() + detenus, kPlafond));
 }
 
 void PortSerieQt::Handshaking(long protocole) {

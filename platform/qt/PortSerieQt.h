@@ -1,18 +1,19 @@
 // The serial port over Qt. A device that goes away is for the program what a pulled cable is on a plain
 // serial line: silence. The port stays open, and the device is waited for.
 //
-//   the device goes     The next `Input` fails with 57, once. Nothing else fails for it; what had come in and
-//   was
-//                       not yet read is read behind that failure.
-//   while it is away    `PortOpen` is True, nothing arrives, and no call fails. Each `Output` takes the place
-//   of
-//                       what waited; `OutBufferCount` = 0 empties it. Closing waits for nothing.
+//   the device goes     Nothing fails. What was written before is forgotten; what had come in is still read.
+//   while it is away    `PortOpen` is True, nothing arrives. The writes of the last event that wrote wait, in
+//   the
+//                       place of those before; `OutBufferCount` = 0 empties them. Closing waits for nothing.
 //   it comes back       Once a second the name under which it was opened is looked at. What opens there as a
-//                       serial line is the device: settings in force, exclusive as before. What waits goes
-//                       out once: the last write, or where none was made, those writes that had not left the
-//                       line whole when it was cut, from their first byte.
+//   serial
+//                       line is the device: settings in force, exclusive as before. `Revenue` is told, then
+//                       what still waits goes out, once.
 //   opening             A port whose device went away and was not found again since opens all the same, and
-//   waits.
+//   waits. it takes nothing    When bytes wait and none has moved for a second, the line hangs. The device
+//   stays open and is
+//                       read. A write that has begun to leave goes on to its end; of those behind it the last
+//                       event's wait. Nothing is dropped by force or repeated; a byte that moves ends it.
 #pragma once
 
 #include <QSerialPort>
@@ -25,11 +26,13 @@
 #include "platform/qt/Emission.h"
 
 enum class EvenementLigne {
-  Ouverte,   // the port opened
-  Attendue,  // the port opened, and waits for its device
-  Coupee,    // the device went away
-  Revenue,   // it is back
-  Fermee,    // the port closed
+  Ouverte,    // the port opened
+  Attendue,   // the port opened, and waits for its device
+  Coupee,     // the device went away
+  Revenue,    // it is back; what was written meanwhile is not on its way yet
+  Bloquee,    // the device is there and takes nothing
+  Debloquee,  // it takes again
+  Fermee,     // the port closed
 };
 
 class PortSerieQt : public PortSerie {
@@ -41,8 +44,9 @@ class PortSerieQt : public PortSerie {
 
   // Told at once, in the middle of the call or of the event in which it happens.
   std::function<void(EvenementLigne)> Evenement;
-  // The port is open and its device away.
-  bool Coupee() const { return ouvert_ && absent_; }
+  EtatLigne Etat() const;
+  // A device that is away stays away: nobody is left to answer its return.
+  void NePlusAttendre() { ronde_.stop(); }
 
   void CommPort(Entier numero) override;
   void Settings(const std::string &reglages) override;
@@ -51,7 +55,7 @@ class PortSerieQt : public PortSerie {
   bool PortOpen() const override { return ouvert_; }
   std::string RaisonRefus() const override { return refus_; }
   void Output(const std::string &octets) override;
-  bool Retenu() const override { return Coupee(); }
+  bool Retenu() const override { return Coupee() || bloquee_; }
   // 1024 bytes are kept from one reading to the next; what comes behind them is dropped.
   std::string Input() override;
   void InputLen(Entier longueur) override { longueurLecture_ = longueur; }
@@ -72,33 +76,37 @@ class PortSerieQt : public PortSerie {
 
  private:
   bool Presente() const { return ouvert_ && !absent_; }
+  bool Coupee() const { return ouvert_ && absent_; }
   void Regler();
   void Ouvrir();
   void Fermer();
   void Recevoir();
   void Prendre();
-  void Pousser();
+  bool OuvrirAppareil();
+  bool Pousser();  // whether a byte has moved
   // The number of the event that runs.
   unsigned Tour();
   // What the device is ready for; marks its loss.
   short Sonder(short attendu);
   void Dire(EvenementLigne evenement) const;
 
-  // In LigneCoupee.cpp: the device goes, is waited for, and is back.
-  bool OuvrirAppareil();
+  // In LigneCoupee.cpp.
   void Perdre();
   void Lacher();
   void Tourner();
+  void Insister();
+  void Bloquer(bool bloquee);
 
   std::string dossier_, refus_, reglages_ = "9600,N,8,1";
   Entier numero_ = 1, longueurLecture_ = 0;
   long modeLecture_ = 0, protocole_ = 0;
   bool rts_ = true;
-  bool ouvert_ = false, absent_ = false;
-  bool aDire_ = false;                 // a loss that no `Input` has told yet
-  std::string nom_;                    // under which the device is found
-  std::string recus_;                  // bytes taken from the toolkit and not yet read
-  std::map<int, std::string> partis_;  // names of devices that went away, by port number
+  bool ouvert_ = false, absent_ = false, bloquee_ = false;
+  static constexpr int kEssaisVains = 100;  // looks, ten milliseconds from one to the next
+  int essaisVains_ = 0;                     // since a byte moved
+  std::string nom_;                         // under which the device is found
+  std::string recus_;                       // bytes taken from the toolkit and not yet read
+  std::map<int, std::string> partis_;       // names of devices that went away, by port number
   Emission emission_;
   unsigned tour_ = 0;
   bool tourCompte_ = false;

@@ -23,7 +23,8 @@ void Dire(const std::string &texte, QMessageBox::Icon icone) {
 
 void Annoncer(const std::string &texte) { Dire(texte, QMessageBox::Information); }
 
-void RapporterEtFinir(const std::string &rapport) {
+void RapporterEtFinir(const std::string &rapport, const std::function<void()> &ensuite) {
   Dire(rapport, QMessageBox::Critical);
+  if (ensuite) ensuite();
   std::_Exit(1);
 }
