@@ -66,7 +66,7 @@ void PeindreFace(Surface &cible, const Face &face) {
   cible.ScaleMode = gardee;
 }
 
-const Face kFaceClaire{kCoinClair, 192}, kFaceFoncee{kCoinFonce, 133};
+constexpr Face kFaceClaire{kCoinClair, 192}, kFaceFoncee{kCoinFonce, 133};
 constexpr int kBord = 5;  // pixels, of a face
 
 // What lies on a face within its edge: picture, lamp, ground.

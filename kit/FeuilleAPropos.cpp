@@ -16,7 +16,7 @@ namespace {
 constexpr int kVitesse = 200;                 // milliseconds
 constexpr int kPas = 60, kFinCourse = -2400;  // twips
 constexpr int kSite = 4, kCourriel = 5;       // labels
-const Couleur kBlanc = Gris(255), kBleu = Rgb(0, 0, 255);
+constexpr Couleur kBlanc = Gris(255), kBleu = Rgb(0, 0, 255);
 
 void BoutonFin_Click() { Decharger(feuilleAPropos); }
 

@@ -13,7 +13,7 @@ FeuilleRemarque feuilleRemarque;
 
 namespace {
 constexpr double kHaut = 7900, kDecalageGauche = 500;  // twips
-const Couleur kBlanc = Gris(255);
+constexpr Couleur kBlanc = Gris(255);
 
 void Fermer() { Decharger(feuilleRemarque); }
 

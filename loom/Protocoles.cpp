@@ -6,7 +6,7 @@
 #include "session/ModuleTissage.h"
 
 namespace {
-const std::string kExecuter24 =
+constexpr char kExecuter24[] =
     "\x1B"
     "E\r\n";
 
@@ -42,7 +42,7 @@ void Preparer16() {
   MSComm1().Handshaking(0);
 }
 
-const std::string kLiberer16 = "RELEASE\n";
+constexpr char kLiberer16[] = "RELEASE\n";
 
 std::string Motif16(const Tranches &t) {
   return "SET PATTERN 0x" + ConvB2H(t.b) + ConvB2H(t.a) + "\nPUSH PATTERN\n";

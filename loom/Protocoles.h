@@ -5,7 +5,7 @@
 #include <string>
 
 // ESC "R" CR LF. A port says it before it closes, whichever the loom.
-inline const std::string kLiberer24 = "\x1BR\r\n";
+constexpr char kLiberer24[] = "\x1BR\r\n";
 
 // What goes out, eight bits each or fewer, the lowest harness at the right-hand end.
 struct Tranches {

@@ -4,12 +4,13 @@
 #include <cmath>
 #include <cstdint>
 #include <cstdio>
+#include <string_view>
 
 #include "base/TexteNumerique.h"
 #include "session/FenetreTissagePrincipale.h"
 
 namespace {
-const std::string kChiffres = "0123456789ABCDEF";
+constexpr std::string_view kChiffres = "0123456789ABCDEF";
 
 bool EstHexadecimal(char c) { return kChiffres.find(c) != std::string::npos; }
 

@@ -3,8 +3,6 @@
 #include "controls/Palette.h"
 #include "session/Commandes.h"
 
-FenetreTissagePrincipale fenetre;
-
 namespace {
 const Police kGras{"Arial", 8.25, true, false};
 
@@ -108,6 +106,8 @@ FenetreTissagePrincipale::FenetreTissagePrincipale() {
   PlacerPanneaux(*this);
   Vetir(*this);
 }
+
+FenetreTissagePrincipale fenetre;
 
 void FenetreTissagePrincipale::Visiter(Visiteur &v) {
   auto voirTable = [&v](const std::string &nom, auto &table, Controle &parent, int premier) {
