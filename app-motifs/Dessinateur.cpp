@@ -15,7 +15,7 @@ Entree *Charger(const fs::path &dossier, const std::string &nom, const char *ent
   std::error_code erreur;
   const fs::path ici = dossier / (nom + ".so");
   const fs::path partie =
-      fs::exists(ici, erreur) ? ici : dossier.parent_path() / "lib/brandis/parties" / (nom + ".so");
+      fs::exists(ici, erreur) ? ici : (dossier / BRANDIS_PARTIES).lexically_normal() / (nom + ".so");
   void *biblio = dlopen(partie.c_str(), RTLD_NOW | RTLD_LOCAL);
   void *adresse = biblio ? dlsym(biblio, entree) : nullptr;
   if (!adresse) {
@@ -30,8 +30,10 @@ Entree *Charger(const fs::path &dossier, const std::string &nom, const char *ent
 
 std::string DessinerAvecLaPartie(const std::string &dossierExecutable, const Motif &motif,
                                  const std::string &nom, const ReglagesDessin &reglages, Langue langue) {
-  return Charger<PartieDessin>(dossierExecutable, "motifs-dessin", kEntreeDessin)(motif, nom, reglages,
-                                                                                  langue);
+  std::string octets;
+  Charger<PartieDessin>(dossierExecutable, "motifs-dessin", kEntreeDessin)(motif, nom, reglages, langue,
+                                                                           octets);
+  return octets;
 }
 
 int OuvrirFenetre(const std::string &dossierExecutable, Langue langue, std::vector<std::string> fichiers) {

@@ -7,10 +7,10 @@
 #include "app-motifs/ReglagesDessin.h"
 
 extern "C" {
-// The finished file as bytes, in the format that the ending of `nom` tells; nothing is written. Fails with
-// Refus.
-using PartieDessin = std::string(const Motif &motif, const std::string &nom, const ReglagesDessin &reglages,
-                                 Langue langue);
+// `octets` becomes the finished file, in the format that the ending of `nom` tells; nothing is written. Fails
+// with Refus.
+using PartieDessin = void(const Motif &motif, const std::string &nom, const ReglagesDessin &reglages,
+                          Langue langue, std::string &octets);
 // Runs the window with these files open until it is closed; the exit status. Nothing comes out of it: what a
 // file is refused for stands in the window.
 using PartieFenetre = int(const std::string &dossierExecutable, Langue langue,

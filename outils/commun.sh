@@ -1,10 +1,12 @@
 # What ./run and ./check share: the machine made ready, and the build. Sourced from the root of the tree.
 
-PAQUETS="cmake ninja-build qt6-base-dev qt6-serialport-dev qt6-svg-dev libgtest-dev libbenchmark-dev fonts-liberation
-  libsystemd-dev qt6-translations-l10n dbus-daemon python3-dbusmock xvfb at-spi2-core python3-pyatspi
-  pkg-config libcairo2-dev libpng-dev nlohmann-json3-dev
-  dpkg-dev groff-base desktop-file-utils appstream libxml2-utils lintian"
-PAQUETS_ECRAN_VIRTUEL="xdotool imagemagick"
+# To build the programs and run them.
+PAQUETS_PROGRAMME="cmake ninja-build pkg-config qt6-base-dev qt6-serialport-dev libsystemd-dev libcairo2-dev libpng-dev
+  nlohmann-json3-dev fonts-liberation qt6-translations-l10n"
+# To test, measure and deliver them.
+PAQUETS="$PAQUETS_PROGRAMME qt6-svg-dev libgtest-dev libbenchmark-dev dbus-daemon python3-dbusmock xvfb at-spi2-core
+  python3-pyatspi dpkg-dev groff-base desktop-file-utils appstream libxml2-utils lintian"
+PAQUETS_ECRAN_VIRTUEL="xvfb xdotool imagemagick"
 
 # Installs the Debian packages of the list that are missing, and says so.
 installer() {
@@ -32,12 +34,14 @@ avancement() {
   if [ -t 1 ]; then echo; fi
 }
 
-# Builds one preset; tells how far it is, and the end of its output when something is wrong.
+# Builds one preset; tells how far it is, and the end of its output when something is wrong. What builds the programs
+# alone takes a folder that knows more as it is.
 construire() {
   local preset=$1 dossier=$2 journal
   journal=$(mktemp)
   shift 2
-  [ -f "$dossier/build.ninja" ] || cmake --preset "$preset" >"$journal" || { cat "$journal"; exit 1; }
+  { [ "$preset" = programme ] && [ -f "$dossier/build.ninja" ]; } ||
+    cmake --preset "$preset" >"$journal" 2>&1 || { cat "$journal"; exit 1; }
   echo "Building ($preset)"
   cmake --build --preset "$preset" "$@" 2>&1 | tee "$journal" | avancement || { tail -n 60 "$journal"; exit 1; }
   rm -f "$journal"

@@ -24,7 +24,7 @@ struct Projet {
 std::string EnTexte(const Projet &p) {
   const std::string octets = p.entete.value_or("") + p.lignes.value_or("");
   std::uint64_t somme = 14695981039346656037u;  // FNV-1a
-  for (unsigned char o : octets) somme = (somme ^ o) * 1099511628211u;
+  for (char c : octets) somme = (somme ^ static_cast<unsigned char>(c)) * 1099511628211u;
   const auto longueur = [](const std::optional<std::string> &f) {
     return f ? std::to_string(f->size()) : std::string("-1");
   };

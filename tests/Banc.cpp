@@ -98,7 +98,10 @@ std::string Cadre24(const std::string &ligne) {
 std::string Hexa(const std::string &octets) {
   static const char *c = "0123456789ABCDEF";
   std::string s;
-  for (unsigned char o : octets) (s += c[o / 16]) += c[o % 16];
+  for (char octet : octets) {
+    const auto o = static_cast<unsigned char>(octet);
+    (s += c[o / 16]) += c[o % 16];
+  }
   return s;
 }
 

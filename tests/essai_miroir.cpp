@@ -323,7 +323,7 @@ TEST_F(EssaiMiroir, AHeldKeyPressesOnce) {
   };
   // Held: the pairs come with one time stamp, and some are known for repetitions already.
   touche(QEvent::KeyPress, 100);
-  for (quint64 instant : {600, 640, 680}) {
+  for (quint64 instant : {600u, 640u, 680u}) {
     touche(QEvent::KeyRelease, instant);
     touche(QEvent::KeyPress, instant);
   }

@@ -94,7 +94,7 @@ void Completer(const fs::path &dossier, std::initializer_list<fs::path> sources)
 }  // namespace
 
 DossiersProgramme TrouverDossiers(const std::string &dossierExecutable) {
-  const fs::path partage = fs::path(dossierExecutable).parent_path() / "share" / "brandis";
+  const fs::path partage = (fs::path(dossierExecutable) / BRANDIS_PARTAGE).lexically_normal();
   if (Portable(dossierExecutable)) return {dossierExecutable, {dossierExecutable, partage}};
   const fs::path dossier = DossierUtilisateur();
   Completer(dossier, {dossierExecutable, partage});
