@@ -182,6 +182,19 @@ TEST_F(EssaiMiroir, FollowsEveryChangeWritesNothingTwiceAndCausesNoEvent) {
   EXPECT_EQ(evenements, 0);
 }
 
+TEST_F(EssaiMiroir, ALabelNarrowerThanTheEdgeOfItsPlateIsShown) {
+  f.Libelle.Plaque = true;
+  for (const char *texte : {"7", "\u200b"}) {  // the second has no width of its own
+    f.Libelle.Caption = texte;
+    for (const bool serre : {false, true}) {
+      f.Libelle.Serre = serre;
+      f.Libelle.Agrandi = !serre;
+      for (f.Libelle.Width = 0; f.Libelle.Width < 90; f.Libelle.Width += 15) miroir().Refleter();
+    }
+  }
+  EXPECT_EQ(Natif<QLabel>(f.Libelle)->text(), Texte(f.Libelle.Caption));
+}
+
 TEST_F(EssaiMiroir, WhatIsSeenLateComesInAtItsPlaceInTheStack) {
   FenetreEssai g;
   miroir().Ajouter(g);

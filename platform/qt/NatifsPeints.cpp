@@ -163,10 +163,10 @@ class NatifEtiquette : public Natif {
     QFont fonte = Fonte(e.Font);
     const QString texte = Texte(e.Caption);
     if (texte.isEmpty()) return fonte;
-    const int place = taille.width() - (e.Plaque ? 4 : 0);
+    const int place = std::max(1, taille.width() - (e.Plaque ? 4 : 0));
     if (e.Agrandi) fonte = Agrandie(fonte, texte, place, taille.height() - 2);
     const int largeur = e.Serre ? QFontMetrics(fonte).horizontalAdvance(texte) : 0;
-    if (largeur > place) fonte.setStretch(100 * place / largeur);
+    if (largeur > place) fonte.setStretch(std::max(1, 100 * place / largeur));
     return fonte;
   }
 
