@@ -8,7 +8,7 @@ namespace {
 using enum CoinBulle;
 using enum FamilleBulle;
 
-// Of the sources behind the commands, in their order. The words are settled.
+// Of the sources behind the commands, in their order; quoted by the guide like those of the commands.
 constexpr std::array<RangeeBulle, SourceBulle::Nombre - Commande::Nombre> kAutres{{
     // BoutonAide
     {HautDroit,

@@ -1,4 +1,4 @@
-// The one gate through which every event enters the system.
+// The guard under which every event's procedure runs; the gate that lets events in calls it.
 #pragma once
 
 #include <functional>

@@ -7,7 +7,7 @@ using enum Face;
 using enum CoinBulle;
 using enum FamilleBulle;
 
-// The words are settled; what looks like a slip in them stays.
+// Weavers know the commands by these words, and the guide quotes them: what looks like a slip in them stays.
 constexpr std::array<FicheCommande, Commande::Nombre> kFiches{{
     {.index = Commande::Quitter,
      .legende = {"Fermer", "Quit"},

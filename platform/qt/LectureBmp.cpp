@@ -10,7 +10,7 @@ namespace {
 // What stands before the pixels, little-endian words by their place in the file.
 class Entete {
  public:
-  // A shorter file has zeros behind its end.
+  // Leaves the stream failed where the file is shorter: none of the program's own is.
   explicit Entete(std::ifstream &fichier) { fichier.read(octets_.data(), std::ssize(octets_)); }
   // Place of the pixels in the file, bytes.
   qint32 Pixels() const { return Mot(10); }

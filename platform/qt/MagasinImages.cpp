@@ -45,13 +45,10 @@ QImage MagasinImages::Prendre(const std::string &nom) {
 
 QImage MagasinImages::Cherchee(const std::string &nom) const {
   const QString place = QStringLiteral("/Images/") + QString::fromStdString(nom);
-  QStringList dossiers;
-  for (const std::string &dossier : dossiers_) dossiers << QString::fromStdString(dossier);
-  dossiers << QStringLiteral(":");
   QImage image;
-  for (const QString &dossier : dossiers)
+  for (const std::string &dossier : dossiers_)
     for (const char *fin : {".bmp", ".png"})
-      if (image.isNull()) image = Lire(dossier + place + QLatin1String(fin));
+      if (image.isNull()) image = Lire(QString::fromStdString(dossier) + place + QLatin1String(fin));
   if (image.isNull()) return image;
   // The formats that surfaces and screens take, so that no painting converts.
   const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;

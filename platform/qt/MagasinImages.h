@@ -10,8 +10,7 @@
 
 class MagasinImages {
  public:
-  // Folders that hold `Images/NAME.bmp` or `.png` and picture files; the first that has the picture counts,
-  // and for `Images` the resources after them.
+  // Folders that hold `Images/NAME.bmp` or `.png` and picture files; the first that has the picture counts.
   explicit MagasinImages(std::vector<std::string> dossiers) : dossiers_(std::move(dossiers)) {}
 
   // A picture of the program, read anew and not kept; null when there is none.

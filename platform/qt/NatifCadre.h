@@ -1,4 +1,4 @@
-// A whole window as a native one: frameless, with its outline, place, state and timers.
+// The frame of a window as a native one, without a border: title, ground, outline, place and state.
 #pragma once
 
 #include "platform/qt/Natif.h"
