@@ -1,62 +1,64 @@
-#include "app-motifs/Demande.h"
+#include "app-motifs/Vocabulaire.h"
 
 namespace {
-constexpr const char *kFrancais =
-    R"(brandis-motifs : les motifs de tout tisserand, prêts pour Brandis.
+const MotOption &Decrite(int code) {
+  for (const MotOption &o : LesOptions())
+    if (o.code == code) return o;
+  return LesOptions().front();
+}
 
-  brandis-motifs [FICHIER…]                 ouvre la fenêtre
-  brandis-motifs convertir FICHIER… [--vers DOSSIER] [--remplacer]
-      écrit la forme que Brandis tisse, sans --vers parmi ses motifs
-  brandis-motifs verifier FICHIER… [--flotte N] [--json]
-      dit ce qui cloche, une constatation par ligne ; flottés de plus de N (7)
-  brandis-motifs dessiner FICHIER -o IMAGE.png|.svg|.pdf [--remplacer]
-      dessine l'enfilage, l'attachage ou le plan de levée, le pédalage et le tissu ;
-      --vue couleurs|structure ; --reprises 2 : deux fois dans chaque sens ;
-      --en-haut : la première duite en haut ; --cote 4 : mm par fil en PDF ;
-      --duites A-B, --fils A-B : une partie
-  brandis-motifs assembler A.wif x2 B.wif x10 … -o C.wif [--separer] [--remplacer]
-      met des sections bout à bout ; --separer : une duite vide entre les reprises
-  brandis-motifs enfilage FICHIER -o X.wif [--groupe N] [--remplacer]
-      fait lever au métier la lame des N (1 à 8) fils suivants à enfiler
-  brandis-motifs projet16 FICHIER [--port N] [--vers DOSSIER] [--remplacer]
-      fait le projet enregistré avec lequel commence un métier de 16 lames
-  brandis-motifs info FICHIER [--json]
-      titre, auteur, programme d'origine, tailles
+std::string Ecrite(const MotOption &o, Langue langue) {
+  const std::string nom = o.nom.En(langue);
+  return (nom.size() == 1 ? "-" : "--") + nom + (o.valeur.fr ? " " + std::string(o.valeur.En(langue)) : "");
+}
 
-  FICHIER[1-2400] ou --duites 1-2400 : ces duites d'une longue pièce
-  --remplacer   écrit sur un fichier qui est déjà là
-  --help        ce texte          --version     la version
+std::string Decale(const std::string &texte, const std::string &marge) {
+  std::string resultat = marge;
+  for (char c : texte) (resultat += c) += c == '\n' ? marge : "";
+  return resultat + "\n";
+}
 
-Résultat : 0 bien, 1 une faute constatée (verifier), 2 un fichier refusé.
-)";
-constexpr const char *kAnglais =
-    R"(brandis-motifs: any weaver's patterns, ready for Brandis.
+std::string Appel(const MotVerbe &v, Langue langue) {
+  std::string appel = "  brandis-motifs " + std::string(v.nom.En(langue)) + " " + v.fichiers.En(langue);
+  for (int code : v.options) {
+    const std::string option = Ecrite(Decrite(code), langue);
+    appel += code == 'o' ? " " + option : " [" + option + "]";
+  }
+  return appel + "\n";
+}
 
-  brandis-motifs [FILE…]                    opens the window
-  brandis-motifs convertir FILE… [--vers DIR] [--remplacer]
-      writes the form that Brandis weaves, without --vers among its patterns
-  brandis-motifs verifier FILE… [--flotte N] [--json]
-      tells what is wrong, one finding a line; floats longer than N (7)
-  brandis-motifs dessiner FILE -o PICTURE.png|.svg|.pdf [--remplacer]
-      draws threading, tie-up or lift plan, treadling and cloth;
-      --vue colours|structure; --reprises 2: twice each way;
-      --en-haut: the first pick above; --cote 4: mm a thread in PDF;
-      --duites A-B, --fils A-B: a part
-  brandis-motifs assembler A.wif x2 B.wif x10 … -o C.wif [--separer] [--remplacer]
-      strings sections together; --separer puts an empty pick between repeats
-  brandis-motifs enfilage FILE -o X.wif [--groupe N] [--remplacer]
-      has the loom raise the harness of the next N (1 to 8) ends to be threaded
-  brandis-motifs projet16 FILE [--port N] [--vers DIR] [--remplacer]
-      makes the saved project with which a 16-harness loom begins
-  brandis-motifs info FILE [--json]
-      title, author, source program, sizes
+// Columns as the eye counts them: a byte that goes on with a character takes none.
+std::size_t Colonnes(const std::string &texte) {
+  std::size_t n = 0;
+  for (char c : texte) n += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
+  return n;
+}
 
-  FILE[1-2400] or --duites 1-2400: these picks of a long piece
-  --remplacer   writes over a file that is there
-  --help        this text         --version     the version
-
-Exit status: 0 good, 1 a fault was found (verifier), 2 a file was refused.
-)";
+std::string Rangee(const MotOption &o, Langue langue) {
+  const std::string ecrite = Ecrite(o, langue);
+  return "  " + ecrite + std::string(Colonnes(ecrite) < 20 ? 20 - Colonnes(ecrite) : 1, ' ') +
+         o.texte.En(langue) + "\n";
+}
 }  // namespace
 
-std::string TexteAide(Langue langue) { return langue == Langue::Francais ? kFrancais : kAnglais; }
+std::string TexteAide(Langue langue, const MotVerbe *verbe) {
+  const auto selon = [langue](const char *fr, const char *en) {
+    return std::string(langue == Langue::Francais ? fr : en);
+  };
+  if (verbe) {
+    std::string texte = Appel(*verbe, langue) + Decale(verbe->texte.En(langue), "      ") + "\n";
+    for (int code : verbe->options) texte += Rangee(Decrite(code), langue);
+    return texte;
+  }
+  std::string texte = selon(
+      "brandis-motifs : les motifs de tout tisserand, prêts pour Brandis.\n\n"
+      "  brandis-motifs [FICHIER…]\n      ouvre la fenêtre\n",
+      "brandis-motifs: any weaver's patterns, ready for Brandis.\n\n"
+      "  brandis-motifs [FILE…]\n      opens the window\n");
+  for (const MotVerbe &v : LesVerbes()) texte += Appel(v, langue) + Decale(v.texte.En(langue), "      ");
+  texte += "\n";
+  for (const MotOption &o : LesOptions()) texte += Rangee(o, langue);
+  return texte +
+         selon("\nRésultat : 0 bien, 1 le métier ne tissera pas ce qui est dessiné, 2 un fichier refusé.\n",
+               "\nExit status: 0 good, 1 the loom will not weave what is drawn, 2 a file was refused.\n");
+}

@@ -4,68 +4,15 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstring>
+#include <filesystem>
 #include <optional>
 
+#include "app-motifs/Vocabulaire.h"
 #include "motifs/Constats.h"
+#include "motifs/Encodage.h"
 
 namespace {
-enum Option {
-  Vers = 256,
-  Remplacer,
-  Json,
-  Separer,
-  Flotte,
-  Groupe,
-  Port,
-  Duites,
-  Fils,
-  Vue,
-  Reprises,
-  EnHaut,
-  Cote,
-  Aide,
-  VersionProgramme
-};
-
-const option kOptions[] = {{"vers", required_argument, nullptr, Vers},
-                           {"remplacer", no_argument, nullptr, Remplacer},
-                           {"json", no_argument, nullptr, Json},
-                           {"separer", no_argument, nullptr, Separer},
-                           {"flotte", required_argument, nullptr, Flotte},
-                           {"groupe", required_argument, nullptr, Groupe},
-                           {"port", required_argument, nullptr, Port},
-                           {"duites", required_argument, nullptr, Duites},
-                           {"fils", required_argument, nullptr, Fils},
-                           {"vue", required_argument, nullptr, Vue},
-                           {"reprises", required_argument, nullptr, Reprises},
-                           {"en-haut", no_argument, nullptr, EnHaut},
-                           {"cote", required_argument, nullptr, Cote},
-                           {"help", no_argument, nullptr, Aide},
-                           {"aide", no_argument, nullptr, Aide},
-                           {"version", no_argument, nullptr, VersionProgramme},
-                           {nullptr, 0, nullptr, 0}};
-
-struct Regle {
-  const char *nom;
-  Verbe verbe;
-  std::vector<int> options;
-  std::size_t fichiersMax;
-  bool sortie;  // -o has to be there
-};
-
-const std::vector<Regle> &Regles() {
-  constexpr std::size_t kTous = SIZE_MAX;
-  static const std::vector<Regle> regles{
-      {"convertir", Verbe::Convertir, {Vers, Remplacer, Duites}, kTous, false},
-      {"verifier", Verbe::Verifier, {Json, Flotte}, kTous, false},
-      {"dessiner", Verbe::Dessiner, {Remplacer, Duites, Fils, Vue, Reprises, EnHaut, Cote, 'o'}, 1, true},
-      {"assembler", Verbe::Assembler, {Remplacer, Separer, Duites, 'o'}, kTous, true},
-      {"enfilage", Verbe::Enfilage, {Remplacer, Groupe, 'o'}, 1, true},
-      {"projet16", Verbe::Projet16, {Vers, Remplacer, Port}, 1, false},
-      {"info", Verbe::Info, {Json}, 1, false}};
-  return regles;
-}
-
 [[noreturn]] void Refuser(const std::string &fr, const std::string &en) { throw MauvaiseDemande{{fr, en}}; }
 
 int Nombre(const std::string &option, const std::string &texte, int premier, int dernier) {
@@ -83,22 +30,22 @@ Etendue Partie(const std::string &option, const std::string &texte) {
           option + ": from which to which number, \"1-2400\", not \"" + texte + "\".");
 }
 
-bool Structure(const std::string &texte) {
+bool Structure(const std::string &nom, const std::string &texte) {
   if (texte == "structure") return true;
   if (texte == "couleurs" || texte == "colours" || texte == "colors") return false;
-  Refuser("--vue : « couleurs » ou « structure », et non « " + texte + " ».",
-          "--vue: \"colours\" or \"structure\", not \"" + texte + "\".");
+  Refuser(nom + " : « couleurs » ou « structure », et non « " + texte + " ».",
+          nom + ": \"colours\" or \"structure\", not \"" + texte + "\".");
 }
 
 // Millimetres, with a point or a comma.
-double Millimetres(std::string texte) {
+double Millimetres(const std::string &nom, std::string texte) {
   std::replace(texte.begin(), texte.end(), ',', '.');
   double mm = 0;
   const auto [fin, erreur] = std::from_chars(texte.data(), texte.data() + texte.size(), mm);
   if (erreur == std::errc() && fin == texte.data() + texte.size() && mm >= kCoteMin && mm <= kCoteMax)
     return mm;
-  Refuser("--cote : de 0,5 à 20 mm par fil, et non « " + texte + " ».",
-          "--cote: from 0.5 to 20 mm a thread, not \"" + texte + "\".");
+  Refuser(nom + " : de 0,5 à 20 mm par fil, et non « " + texte + " ».",
+          nom + ": from 0.5 to 20 mm a thread, not \"" + texte + "\".");
 }
 
 // "x12" behind a file says how often it repeats.
@@ -108,49 +55,54 @@ std::optional<int> Repetition(const std::string &mot) {
   return Nombre(mot, mot.substr(1), 1, 2500);
 }
 
-void Prendre(Demande &d, int option, const std::string &valeur) {
+void Prendre(Demande &d, int option, const std::string &nom, const std::string &valeur) {
   switch (option) {
     case 'o':
       d.sortie = valeur;
       break;
-    case Vers:
+    case Option::Vers:
       d.vers = valeur;
       break;
-    case Remplacer:
+    case Option::Remplacer:
       d.remplacer = true;
       break;
-    case Json:
+    case Option::Json:
       d.json = true;
       break;
-    case Separer:
+    case Option::Separer:
       d.separer = true;
       break;
-    case Flotte:
-      d.flotte = Nombre("--flotte", valeur, 1, kFilsMax);
+    case Option::Flotte:
+      d.flotte = Nombre(nom, valeur, 1, kFilsMax);
       break;
-    case Groupe:
-      d.groupe = Nombre("--groupe", valeur, 1, 8);
+    case Option::Groupe:
+      d.groupe = Nombre(nom, valeur, 1, 8);
       break;
-    case Port:
-      d.port = Nombre("--port", valeur, 1, 4);
+    case Option::Port:
+      d.port = Nombre(nom, valeur, 1, 4);
       break;
-    case Duites:
-      d.duites = d.dessin.planche.duites = Partie("--duites", valeur);
+    case Option::LamesDuMetier:
+      d.lames = Nombre(nom, valeur, kLamesPetitMetier, kLamesMetier);
+      if (d.lames != kLamesPetitMetier && d.lames != kLamesMetier)
+        Refuser(nom + " : 16 ou 24.", nom + ": 16 or 24.");
       break;
-    case Fils:
-      d.dessin.planche.fils = Partie("--fils", valeur);
+    case Option::Duites:
+      d.duites = d.dessin.planche.duites = Partie(nom, valeur);
       break;
-    case Vue:
-      d.structure = Structure(valeur);
+    case Option::Fils:
+      d.dessin.planche.fils = Partie(nom, valeur);
       break;
-    case Reprises:
-      d.dessin.planche.reprises = Nombre("--reprises", valeur, 1, 2);
+    case Option::Vue:
+      d.structure = Structure(nom, valeur);
       break;
-    case EnHaut:
+    case Option::Reprises:
+      d.dessin.planche.reprises = Nombre(nom, valeur, 1, 2);
+      break;
+    case Option::EnHaut:
       d.dessin.planche.enHaut = true;
       break;
-    case Cote:
-      d.dessin.cote = Millimetres(valeur);
+    case Option::Cote:
+      d.dessin.cote = Millimetres(nom, valeur);
       break;
     default:
       break;
@@ -167,50 +119,86 @@ void PrendreFichier(Demande &d, const std::string &mot) {
   d.fois.push_back(1);
 }
 
-void LireOptions(Demande &d, const Regle *regle, std::vector<std::string> mots) {
-  std::vector<char *> arguments{nullptr};
+// Every option under both its names.
+std::vector<option> OptionsLongues() {
+  std::vector<option> longues;
+  for (const MotOption &o : LesOptions()) {
+    if (std::strlen(o.nom.fr) == 1) continue;
+    const int valeur = o.valeur.fr ? required_argument : no_argument;
+    longues.push_back({o.nom.fr, valeur, nullptr, o.code});
+    if (std::strcmp(o.nom.fr, o.nom.en) != 0) longues.push_back({o.nom.en, valeur, nullptr, o.code});
+  }
+  longues.push_back({nullptr, 0, nullptr, 0});
+  return longues;
+}
+
+void LireOptions(Demande &d, const MotVerbe *verbe, std::vector<std::string> mots) {
+  static const std::vector<option> longues = OptionsLongues();
+  char programme[] = "brandis-motifs";
+  std::vector<char *> arguments{programme};
   for (std::string &m : mots) arguments.push_back(m.data());
   const int nombre = static_cast<int>(arguments.size());
   arguments.push_back(nullptr);
   optind = 0;
+  optopt = 0;
   // "-" gives plain words back in their order, as option 1.
-  for (int o; (o = getopt_long(nombre, arguments.data(), "-:ho:", kOptions, nullptr)) != -1;) {
+  for (int rang = -1, o; (o = getopt_long(nombre, arguments.data(), "-:ho:", longues.data(), &rang)) != -1;
+       rang = -1, optopt = 0) {
     const std::string valeur = optarg ? optarg : "";
-    const std::string mot =
-        optind > 0 && optind <= nombre ? arguments[static_cast<std::size_t>(optind - 1)] : "";
+    // As it was written; a letter may stand behind others in one word.
+    const std::string mot = rang >= 0 ? "--" + std::string(longues[static_cast<std::size_t>(rang)].name)
+                            : o == 'o' || (optopt > 0 && optopt < 256)
+                                ? std::string("-") + static_cast<char>(o == 'o' ? o : optopt)
+                                : arguments[static_cast<std::size_t>(std::clamp(optind - 1, 0, nombre - 1))];
     if (o == ':') Refuser(mot + " : la valeur manque.", mot + ": its value is missing.");
     if (o == 1) {
       PrendreFichier(d, valeur);
-    } else if (o == 'h' || o == Aide || o == VersionProgramme) {
-      d.verbe = o == VersionProgramme ? Verbe::Version : Verbe::Aide;
+    } else if (o == 'h' || o == Option::Aide || o == Option::VersionProgramme) {
+      d.verbe = o == Option::VersionProgramme ? Verbe::Version : Verbe::Aide;
+      d.aide = verbe;
       return;
-    } else if (o == '?' || !regle || std::count(regle->options.begin(), regle->options.end(), o) == 0) {
-      Refuser("« " + mot + " » : option inconnue ici ; --help les nomme.",
-              "\"" + mot + "\": no option here; --help names them.");
+    } else if (o == '?' || !verbe || std::count(verbe->options.begin(), verbe->options.end(), o) == 0) {
+      const std::string cite = Citer(mot);
+      Refuser("« " + cite + " » : option inconnue ici ; --help les nomme.",
+              "\"" + cite + "\": no option here; --help names them.");
     } else {
-      Prendre(d, o, valeur);
+      Prendre(d, o, mot, valeur);
     }
   }
   for (int i = optind; i < nombre; ++i) PrendreFichier(d, arguments[static_cast<std::size_t>(i)]);
+}
+
+// A first word that is neither: a verb with a slip, more often than a file that is gone.
+void ExigerFichierOuVerbe(const std::string &mot) {
+  std::error_code erreur;
+  if (mot.empty() || mot[0] == '-' || std::filesystem::exists(mot, erreur)) return;
+  const std::string cite = Citer(mot);
+  const Phrase proche = VerbeLePlusProche(mot);
+  const std::string suite = proche.fr.empty() ? "" : " " + proche.fr + " ?",
+                    suiteEn = proche.en.empty() ? "" : " " + proche.en + "?";
+  Refuser("« " + cite + " » : ni un fichier qui est là, ni un verbe ; --help les nomme." + suite,
+          "\"" + cite + "\": neither a file that is there nor a verb; --help names them." + suiteEn);
 }
 }  // namespace
 
 Demande ComprendreDemande(const std::vector<std::string> &mots) {
   Demande d;
   d.flotte = kFlotteMax;
-  const Regle *regle = nullptr;
-  if (!mots.empty())
-    for (const Regle &r : Regles())
-      if (mots[0] == r.nom) regle = &r;
-  if (regle) d.verbe = regle->verbe;
-  LireOptions(d, regle, {mots.begin() + (regle ? 1 : 0), mots.end()});
-  if (!regle || d.verbe == Verbe::Aide || d.verbe == Verbe::Version) return d;
-  const std::string nom = regle->nom;
+  const MotVerbe *verbe = mots.empty() ? nullptr : TrouverVerbe(mots[0]);
+  if (verbe)
+    d.verbe = verbe->verbe;
+  else if (!mots.empty())
+    ExigerFichierOuVerbe(mots[0]);
+  LireOptions(d, verbe, {mots.begin() + (verbe ? 1 : 0), mots.end()});
+  if (!verbe || d.verbe == Verbe::Aide || d.verbe == Verbe::Version) return d;
+  const std::string nom = mots[0];
   if (d.fichiers.empty()) Refuser(nom + " : le fichier manque.", nom + ": the file is missing.");
-  if (d.fichiers.size() > regle->fichiersMax)
-    Refuser(nom + " : un seul fichier, et non « " + d.fichiers[1] + " » en plus.",
-            nom + ": one file only, not \"" + d.fichiers[1] + "\" as well.");
-  if (regle->sortie && d.sortie.empty())
+  if (d.fichiers.size() > verbe->fichiersMax) {
+    const std::string cite = Citer(d.fichiers[1]);
+    Refuser(nom + " : un seul fichier, et non « " + cite + " » en plus.",
+            nom + ": one file only, not \"" + cite + "\" as well.");
+  }
+  if (std::count(verbe->options.begin(), verbe->options.end(), 'o') != 0 && d.sortie.empty())
     Refuser(nom + " : -o FICHIER manque.", nom + ": -o FILE is missing.");
   return d;
 }

@@ -7,6 +7,8 @@
 
 #include "app-motifs/ReglagesDessin.h"
 
+struct MotVerbe;
+
 enum class Verbe {
   Fenetre,
   Convertir,
@@ -27,12 +29,14 @@ struct Demande {
   std::vector<int> fois;     // of each file, for `assembler`
   std::string vers, sortie;  // folder and file to write to; empty for the place that the verb chooses
   int flotte;                // threads, the longest float that is no finding
+  int lames = 24;            // harnesses of the loom whose sheds are judged
   int groupe = 1;            // ends that the threading list tells in one row
   int port = 0;              // COM number, 0 for the one of the settings
   Etendue duites;            // picks of every file that names none of its own
   ReglagesDessin dessin;
   std::optional<bool> structure;  // the view asked for; else the one that shows more
   bool remplacer = false, json = false, separer = false;
+  const MotVerbe *aide = nullptr;  // the verb that help is wanted of; nullptr for all
 };
 
 // A line that asks for nothing that there is: the sentence goes to the weaver, with exit status 2.
@@ -43,5 +47,5 @@ struct MauvaiseDemande {
 // The words behind the program's name. Fails with MauvaiseDemande.
 Demande ComprendreDemande(const std::vector<std::string> &mots);
 
-// What --help prints.
-std::string TexteAide(Langue langue);
+// What --help prints: all verbs, or one with its options.
+std::string TexteAide(Langue langue, const MotVerbe *verbe = nullptr);

@@ -29,7 +29,7 @@ class Travail {
   int Faire() {
     switch (d_.verbe) {
       case Verbe::Aide:
-        sortie_ << TexteAide(langue_);
+        sortie_ << TexteAide(langue_, d_.aide);
         break;
       case Verbe::Version:
         sortie_ << "brandis-motifs " BRANDIS_VERSION "\n";

@@ -1,4 +1,5 @@
 // The program for patterns: a command line where a verb is given, else a window.
+#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
@@ -6,10 +7,21 @@
 #include "app-motifs/Verbes.h"
 
 namespace {
+// The toolkit would end the process instead of saying so.
+void ExigerEcran() {
+  for (const char *nom : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+    if (const char *valeur = std::getenv(nom); valeur && *valeur) return;
+  throw MauvaiseDemande{{"aucun écran pour la fenêtre ; --help nomme ce qui s'en passe.",
+                         "no display for the window; --help names what needs none."}};
+}
+
 int Lancer(const std::vector<std::string> &mots, Langue langue) {
   const std::string dossier = std::filesystem::read_symlink("/proc/self/exe").parent_path();
   const Demande demande = ComprendreDemande(mots);
-  if (demande.verbe == Verbe::Fenetre) return OuvrirFenetre(dossier, langue, demande.fichiers);
+  if (demande.verbe == Verbe::Fenetre) {
+    ExigerEcran();
+    return OuvrirFenetre(dossier, langue, demande.fichiers);
+  }
   const int etat = Executer(demande, langue, dossier, std::cout, std::cerr);
   std::cout.flush();
   return std::cout ? etat : 2;

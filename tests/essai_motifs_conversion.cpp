@@ -130,8 +130,14 @@ TEST_F(Conversion, CommandLine) {
   const std::string ancien = EcrireFichier("serge-1.0.wif", "le mien"), tube = pf.dossier + "/tube";
   ASSERT_EQ(std::system(("mkfifo " + tube).c_str()), 0);
   const std::tuple<std::string, int, std::string> cas[] = {
-      {"--help", 0, "one finding a line"},
-      {"verifier --help", 0, "projet16 FILE"},
+      {"--help", 0, "project16 FILE"},
+      {"verifier --help", 0, "check FILE… [--float N]"},
+      {"-x", 2, "\"-x\": no option here"},
+      {"convertr " + serge, 2, "neither a file that is there nor a verb; --help names them. convert?"},
+      {"/absent", 2, "neither a file that is there nor a verb; --help names them.\n"},
+      {"info --vers x " + serge, 2, "\"--vers\": no option here"},
+      {"check --float 0 " + serge, 2, "--float: a number from 1"},
+      {"convert --to " + tube + " " + serge, 2, "cannot be written"},
       {"verifier " + serge, 0, serge + ": nothing to say."},
       {"verifier --flotte 1 " + serge, 1, serge + ": fault: end 1, picks 2 to 3: warp float of 2 below."},
       {"verifier " + serge + " " + rosace, 1, rosace + ": fault: picks 4 to 5: no harness is lifted."},
@@ -163,6 +169,13 @@ TEST_F(Conversion, CommandLine) {
   EXPECT_FALSE(fs::exists(sortie + ".gif"));
   EXPECT_EQ(Lancer("info /absent", "fr_CA.UTF-8"), 2);
   EXPECT_NE(dit.find("/absent: ce fichier ne peut être lu"), std::string::npos) << dit;
+  EXPECT_EQ(Lancer("convertir --help", "fr_CA.UTF-8"), 0);
+  EXPECT_EQ(dit.find("projet16"), std::string::npos) << dit;
+  EXPECT_NE(dit.find("--vers DOSSIER"), std::string::npos) << dit;
+  const char *ecrans[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+  for (const char *nom : ecrans) unsetenv(nom);
+  EXPECT_EQ(Lancer(serge), 2);
+  EXPECT_NE(dit.find("no display for the window"), std::string::npos) << dit;
 }
 
 TEST_F(Conversion, Pictures) {
