@@ -72,6 +72,9 @@ void Prendre(Demande &d, int option, const std::string &nom, const std::string &
     case Option::Separer:
       d.separer = true;
       break;
+    case Option::Lieux:
+      d.lieux = true;
+      break;
     case Option::Flotte:
       d.flotte = Nombre(nom, valeur, 1, kFilsMax);
       break;

@@ -16,6 +16,7 @@ enum class Verbe {
   Dessiner,
   Assembler,
   Enfilage,
+  Ramener,
   Projet16,
   Info,
   Aide,
@@ -35,7 +36,7 @@ struct Demande {
   Etendue duites;            // picks of every file that names none of its own
   ReglagesDessin dessin;
   std::optional<bool> structure;  // the view asked for; else the one that shows more
-  bool remplacer = false, json = false, separer = false;
+  bool remplacer = false, json = false, separer = false, lieux = false;
   const MotVerbe *aide = nullptr;  // the verb that help is wanted of; nullptr for all
 };
 

@@ -9,13 +9,21 @@
 namespace fs = std::filesystem;
 
 namespace {
+// "Chevron.wif" beside "Chevron.Wif" would be one pattern twice in the list of Open: one name, whatever the
+// case.
 fs::path Cible(const Motif &motif, const std::string &dossier) {
-  return fs::path(dossier) / fs::path(motif.chemin).stem().concat(".wif");
+  const fs::path nom = fs::path(motif.chemin).stem().concat(".wif"), voulue = fs::path(dossier) / nom;
+  std::error_code erreur;
+  if (fs::exists(fs::symlink_status(voulue, erreur))) return voulue;
+  for (fs::directory_iterator e(dossier, erreur), fin; !erreur && e != fin; e.increment(erreur))
+    if (MemeMot(e->path().filename().native(), nom.native())) return e->path();
+  return voulue;
 }
 }  // namespace
 
 std::string Convertir(const Motif &motif, const std::string &dossier, bool remplacer) {
   const std::string cible = Cible(motif, dossier).string();
+  ExigerAutreFichier(motif.chemin, cible);
   EcrireFichier(cible, FormeTissable(motif), remplacer);
   return cible;
 }
@@ -29,6 +37,7 @@ std::pair<std::string, std::string> FaireProjet16(const Motif &motif, const std:
       ComposerProjet16(motif, cible, Aujourdhui(), fs::exists(reglages) ? LireBrut(reglages) : "");
   if (port > 0) projet.entete.replace(265, 2, {static_cast<char>(port), '\0'});
   const bool pareil = fs::is_regular_file(cible) && LireBrut(cible) == forme;
+  if (!pareil) ExigerAutreFichier(motif.chemin, cible);
   if (!pareil) EcrireFichier(cible, forme, remplacer);
   return {cible.string(), InstallerProjet16(projet, dossier)};
 }

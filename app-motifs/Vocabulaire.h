@@ -30,6 +30,7 @@ enum Code {
   Reprises,
   EnHaut,
   Cote,
+  Lieux,
   Aide,
   VersionProgramme
 };

@@ -1,17 +1,22 @@
 #include "motifs/Assemblage.h"
 
 #include <algorithm>
+#include <filesystem>
 
+#include "motifs/Encodage.h"
 #include "motifs/FormeTissable.h"
 
 namespace {
-const std::string &Nom(const Motif &motif) { return motif.titre.empty() ? motif.chemin : motif.titre; }
+// The folders that a file happens to lie in are nobody's business.
+std::string Nom(const Motif &motif) {
+  return motif.titre.empty() ? EnUtf8(std::filesystem::path(motif.chemin).stem().string()) : motif.titre;
+}
 
 std::string Titre(const std::vector<Piece> &pieces) {
   std::string titre;
   for (const Piece &p : pieces)
     titre += (titre.empty() ? "" : " + ") + Nom(p.motif) + (p.fois > 1 ? " x" + std::to_string(p.fois) : "");
-  return titre;
+  return Abreger(titre, 300);
 }
 
 void ExigerPlace(const std::vector<Piece> &pieces, bool separer) {
@@ -31,6 +36,7 @@ std::string Assembler(const std::vector<Piece> &pieces, bool separer) {
   ExigerPlace(pieces, separer);
   std::vector<Lames> foules;
   std::vector<Couleur> trame;
+  std::vector<int> separations;
   Motif chaine = pieces.front().motif;
   for (const Piece &p : pieces) {
     ExigerTissable(p.motif, p.motif.foules);
@@ -39,12 +45,14 @@ std::string Assembler(const std::vector<Piece> &pieces, bool separer) {
       if (separer && !foules.empty()) {
         foules.push_back(0);
         trame.push_back(trame.back());
+        separations.push_back(static_cast<int>(foules.size()));
       }
+      for (int d : p.motif.separations) separations.push_back(static_cast<int>(foules.size()) + d);
       foules.insert(foules.end(), p.motif.foules.begin(), p.motif.foules.end());
       trame.insert(trame.end(), p.motif.trame.begin(), p.motif.trame.end());
     }
   }
-  return FormeTissable(chaine, Titre(pieces), foules, trame);
+  return FormeTissable(chaine, Titre(pieces), foules, trame, separations);
 }
 
 std::vector<Constat> ComparerChaines(const std::vector<Piece> &pieces) {
@@ -52,11 +60,12 @@ std::vector<Constat> ComparerChaines(const std::vector<Piece> &pieces) {
   const Motif &premier = pieces.front().motif;
   for (const Piece &p : pieces)
     if (!p.motif.enfilage.empty() && p.motif.enfilage != premier.enfilage)
-      constats.push_back(
-          {Constat::EnfilagesDifferents,
-           false,
-           {p.motif.chemin + " : l'enfilage diffère de celui de " + premier.chemin + ", qui compte.",
-            p.motif.chemin + ": its threading differs from that of " + premier.chemin + ", which counts."}});
+      constats.push_back({Constat::EnfilagesDifferents,
+                          false,
+                          {EnUtf8(p.motif.chemin) + " : l'enfilage diffère de celui de " +
+                               EnUtf8(premier.chemin) + ", qui compte.",
+                           EnUtf8(p.motif.chemin) + ": its threading differs from that of " +
+                               EnUtf8(premier.chemin) + ", which counts."}});
   return constats;
 }
 

@@ -18,7 +18,9 @@ class Palette {
       }
     });
     m_.PourChaqueCle("COLOR TABLE", [&](const LigneCle &c) {
+      if (!c.egal) return;
       const int place = v_.Cle(c, kFilsMax, kMotsCouleur);
+      if (c.valeur.empty()) return;
       const std::vector<double> n = Nombres(c);
       if (n.size() < 3) return;
       if (table_.size() < static_cast<std::size_t>(place)) table_.resize(static_cast<std::size_t>(place));
@@ -35,6 +37,7 @@ class Palette {
     });
     std::vector<Couleur> fils(nombre, commune);
     m_.PourChaqueCle(couleurs, [&](const LigneCle &c) {
+      if (!c.egal) return;
       const auto place = static_cast<std::size_t>(v_.Cle(c, kFilsMax, kMotsFil));
       if (place <= nombre && !c.valeur.empty()) fils[place - 1] = Rendre(c, commune);
     });

@@ -1,5 +1,7 @@
 #include "motifs/Encodage.h"
 
+#include "base/TexteNumerique.h"
+
 namespace {
 // Bytes of the character at the head, 0 where it is none.
 std::size_t Longueur(std::string_view o) {
@@ -32,12 +34,14 @@ bool EstUtf8(std::string_view octets) {
 std::string EnUtf8(std::string_view octets) {
   const bool utf8 = EstUtf8(octets);
   std::string texte;
-  for (char o : octets) {
-    const auto c = static_cast<unsigned char>(o);
-    if (c < 0x20 || c == 0x7F) {
+  for (std::size_t i = 0; i < octets.size(); ++i) {
+    const auto c = static_cast<unsigned char>(octets[i]);
+    const bool haute = utf8 && c == 0xC2 && static_cast<unsigned char>(octets[i + 1]) < 0xA0;
+    if (c < 0x20 || c == 0x7F || haute || (!utf8 && c >= 0x80 && c < 0xA0)) {
       texte += ' ';
+      i += haute;
     } else if (utf8 || c < 0x80) {
-      texte += o;
+      texte += octets[i];
     } else {
       texte += static_cast<char>(0xC0 | c >> 6);
       texte += static_cast<char>(0x80 | (c & 0x3F));
@@ -46,11 +50,12 @@ std::string EnUtf8(std::string_view octets) {
   return texte;
 }
 
+std::string Abreger(const std::string &texte, int caracteres) {
+  const std::size_t fin = PlaceCaractere(texte, caracteres);
+  return fin == texte.size() ? texte : texte.substr(0, fin) + "…";
+}
+
 std::string Citer(std::string_view octets) {
-  constexpr std::size_t kLongueur = 40;
-  std::string texte = EnUtf8(octets.substr(0, 4 * kLongueur));
-  if (texte.size() <= kLongueur) return texte;
-  std::size_t fin = kLongueur;
-  while ((static_cast<unsigned char>(texte[fin]) & 0xC0) == 0x80) --fin;
-  return texte.substr(0, fin) + "…";
+  constexpr int kLongueur = 40;
+  return Abreger(EnUtf8(octets.substr(0, 8 * kLongueur)), kLongueur);
 }

@@ -66,6 +66,14 @@ Motif Extraire(const Motif &motif, Etendue duites) {
   Couper(extrait.foules, e);
   Couper(extrait.trame, e);
   Couper(extrait.pedalage, e);
+  extrait.absentes.clear();
+  for (const Lieu &l : motif.absentes) {
+    const int a = std::max(l.duite, e.premier), b = std::min(l.derniereDuite, e.dernier);
+    if (a <= b) extrait.absentes.push_back(Lieu::Duites(a - e.premier + 1, b - e.premier + 1));
+  }
+  extrait.separations.clear();
+  for (int d : motif.separations)
+    if (d >= e.premier && d <= e.dernier) extrait.separations.push_back(d - e.premier + 1);
   const fs::path chemin(motif.chemin);
   extrait.chemin =
       (chemin.parent_path() / chemin.stem().concat("-" + Bornes(e)).concat(chemin.extension().string()))

@@ -173,6 +173,16 @@ void VerifierCible(const std::string &chemin, bool remplacer) {
   if (!remplacer) throw DejaLa(chemin);
 }
 
+void ExigerAutreFichier(const std::string &source, const std::string &cible) {
+  struct stat a {
+  }, b{};
+  if (stat(source.c_str(), &a) != 0 || stat(cible.c_str(), &b) != 0) return;
+  if (a.st_dev == b.st_dev && a.st_ino == b.st_ino)
+    throw Refus(cible, 0,
+                {"c'est le fichier lu ; son attachage et son pédalage seraient perdus. Écrire ailleurs.",
+                 "this is the file that is read; its tie-up and treadling would be lost. Write elsewhere."});
+}
+
 void EcrireFichier(const std::string &chemin, std::string_view octets, bool remplacer) {
   VerifierCible(chemin, remplacer);
   const std::filesystem::path cible(chemin);

@@ -29,5 +29,9 @@ void EcrireFichier(const std::string &chemin, std::string_view octets, bool remp
 // What EcrireFichier would refuse of its target; for work that is better not begun.
 void VerifierCible(const std::string &chemin, bool remplacer);
 
+// Refuses to write over the file that is read: what the new form leaves out would be lost for ever. A target
+// that is not there is no such file.
+void ExigerAutreFichier(const std::string &source, const std::string &cible);
+
 // Why the operating system refused, in words.
 Phrase RaisonSysteme(int errnoValeur);

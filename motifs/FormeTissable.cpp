@@ -5,6 +5,8 @@
 #include <charconv>
 #include <map>
 
+#include "motifs/LectureMotif.h"
+
 namespace {
 constexpr const char *kPlan[] = {"TIEUP", "TREADLING", "LIFTPLAN", "WEAVING", "CONTENTS"};
 constexpr const char *kTrame[] = {"WEFT",           "WEFT COLORS",       "WEFT SPACING",
@@ -90,12 +92,22 @@ void Recopier(Ecrivain &e, const Section &section, std::string_view sauf = {}) {
 struct Forme {
   const Motif &motif;
   const std::vector<Lames> &foules;
+  int lames;
   const std::string *titre = nullptr;              // a new one
   const std::vector<Couleur> *couleurs = nullptr;  // of a new weft
+  const std::vector<int> *separations = nullptr;   // of that weft
+  const std::vector<Lames> *enfilage = nullptr;    // a new one
 };
 
 bool Reste(const Forme &f, const Section &s) {
-  return !MemeMot(s.nom, "WIF") && !Parmi(s.nom, kPlan) && !(f.couleurs && Parmi(s.nom, kTrame));
+  return !MemeMot(s.nom, "WIF") && !Parmi(s.nom, kPlan) && !(f.couleurs && Parmi(s.nom, kTrame)) &&
+         !(f.separations && MemeMot(s.nom, kSectionSeparations)) &&
+         !(f.enfilage && MemeMot(s.nom, "THREADING"));
+}
+
+// Nothing but blank lines.
+bool Vide(const Section &s) {
+  return Rogner(s.texte).find_first_not_of("\r\n \t\v\f\x1a") == std::string_view::npos;
 }
 
 // What stands in sections "[WIF]", be they several, in one.
@@ -114,7 +126,7 @@ void EcrireEntete(Ecrivain &e, const Motif &motif) {
     return e.Fin();
   }
   for (const Section &s : motif.sections)
-    if (MemeMot(s.nom, "WIF")) Recopier(e, s);
+    if (MemeMot(s.nom, "WIF") && !Vide(s)) Recopier(e, s);
 }
 
 // The sections that will follow, each once.
@@ -127,6 +139,8 @@ std::vector<std::string> Noms(const Forme &f) {
     if (Reste(f, s)) ajouter(Capitales(s.nom));
   if (f.couleurs)
     for (const char *nom : {"COLOR PALETTE", "COLOR TABLE", "WARP COLORS", "WEFT COLORS"}) ajouter(nom);
+  if (f.separations && !f.separations->empty()) ajouter(kSectionSeparations);
+  if (f.enfilage) ajouter("THREADING");
   for (const char *nom : {"WEFT", "LIFTPLAN", "WEAVING"}) ajouter(nom);
   return noms;
 }
@@ -187,6 +201,21 @@ void EcrireCouleurs(Ecrivain &e, const Forme &f) {
   fils("WEFT COLORS", *f.couleurs);
 }
 
+void EcrireSeparations(Ecrivain &e, const std::vector<int> &duites) {
+  if (duites.empty()) return;
+  std::string liste;
+  for (int d : duites) liste += (liste.empty() ? "" : ",") + std::to_string(d);
+  e.Section(kSectionSeparations);
+  e.Cle(kCleSeparations, liste);
+  e.Fin();
+}
+
+void EcrireEnfilage(Ecrivain &e, const std::vector<Lames> &enfilage) {
+  e.Section("THREADING");
+  for (std::size_t i = 0; i < enfilage.size(); ++i) e.Cle(std::to_string(i + 1), ListeLames(enfilage[i]));
+  e.Fin();
+}
+
 std::string Ecrire(const Forme &f) {
   ExigerTissable(f.motif, f.foules);
   Ecrivain e(f.motif.octets->size() + f.foules.size() * 24 + 1024);
@@ -196,10 +225,12 @@ std::string Ecrire(const Forme &f) {
   e.Fin();
   EcrireReste(e, f);
   if (f.couleurs) EcrireCouleurs(e, f);
+  if (f.separations) EcrireSeparations(e, *f.separations);
+  if (f.enfilage) EcrireEnfilage(e, *f.enfilage);
   e.Foules(f.foules);
   e.Section("WEAVING");
   e.Cle("Rising Shed", "true");
-  e.Cle("Shafts", std::to_string(f.motif.lames));
+  e.Cle("Shafts", std::to_string(f.lames));
   e.Cle("Treadles", "0");
   return e.Prendre();
 }
@@ -228,11 +259,18 @@ std::string LignePlan(int duite, Lames lames) {
 }
 
 std::string FormeTissable(const Motif &motif) {
-  return motif.extrait ? FormeTissable(motif, motif.titre, motif.foules, motif.trame)
-                       : Ecrire({motif, motif.foules});
+  return motif.extrait ? FormeTissable(motif, motif.titre, motif.foules, motif.trame, motif.separations)
+                       : Ecrire({motif, motif.foules, motif.lames});
 }
 
 std::string FormeTissable(const Motif &motif, const std::string &titre, const std::vector<Lames> &foules,
-                          const std::vector<Couleur> &couleurs) {
-  return Ecrire({motif, foules, &titre, &couleurs});
+                          const std::vector<Couleur> &couleurs, const std::vector<int> &separations) {
+  return Ecrire({motif, foules, motif.lames, &titre, &couleurs, &separations});
+}
+
+std::string FormeSurEnfilage(const Motif &motif, const std::vector<Lames> &enfilage,
+                             const std::vector<Lames> &foules, int lames) {
+  const bool partie = motif.extrait;
+  return Ecrire({motif, foules, lames, partie ? &motif.titre : nullptr, partie ? &motif.trame : nullptr,
+                 partie ? &motif.separations : nullptr, &enfilage});
 }

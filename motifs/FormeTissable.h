@@ -13,9 +13,15 @@
 std::string FormeTissable(const Motif &motif);
 
 // The sheds woven on the warp of `motif`: its sections but those of the weft, which is `couleurs` where it is
-// not empty. Refuses the same.
+// not empty. `separations` are the empty picks that stand between repeats, from 1 and in order. Refuses the
+// same.
 std::string FormeTissable(const Motif &motif, const std::string &titre, const std::vector<Lames> &foules,
-                          const std::vector<Couleur> &couleurs);
+                          const std::vector<Couleur> &couleurs, const std::vector<int> &separations = {});
+
+// The pattern on another threading, with the sheds and the count of harnesses that belong to it. Refuses the
+// same.
+std::string FormeSurEnfilage(const Motif &motif, const std::vector<Lames> &enfilage,
+                             const std::vector<Lames> &foules, int lames);
 
 // The line of a pick, counted from 1: "12=1,3,16".
 std::string LignePlan(int duite, Lames lames);

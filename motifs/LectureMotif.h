@@ -10,8 +10,11 @@
 
 #include "motifs/Motif.h"
 
-// Refuses what LireFichier refuses, and a file without a whole plan or with numbers that are none or out of
-// range.
+// Where the weavable form keeps which picks are separations: a section of its own, a key with their numbers.
+inline constexpr const char *kSectionSeparations = "PRIVATE BRANDIS SEPARATIONS", *kCleSeparations = "Picks";
+
+// Refuses what LireFichier refuses, other programs' own forms, and a file without a whole plan or with
+// numbers that are none or out of range.
 Motif LireMotif(const std::string &chemin);
 // The same for a text that stands in memory; `chemin` only names it.
 Motif ComprendreMotif(std::string octets, const std::string &chemin);

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "motifs/Encodage.h"
+
 namespace {
 std::string_view Variable(const char *nom) {
   const char *valeur = std::getenv(nom);
@@ -20,5 +22,5 @@ Langue LangueDuBureau() {
 }
 
 std::string Refus::En(Langue langue) const {
-  return chemin_ + (ligne_ > 0 ? ":" + std::to_string(ligne_) : "") + ": " + phrase_.En(langue);
+  return EnUtf8(chemin_) + (ligne_ > 0 ? ":" + std::to_string(ligne_) : "") + ": " + phrase_.En(langue);
 }

@@ -30,11 +30,6 @@ int Valeurs::Nombre(std::string_view texte, int ligne, int dernier, const MotsNo
 }
 
 int Valeurs::Cle(const LigneCle &cle, int dernier, const MotsNombre &mots) const {
-  if (!cle.egal) {
-    const std::string cite = Citer(cle.cle);
-    throw Refus(chemin_, cle.ligne,
-                {"« " + cite + " » : le signe = manque.", "\"" + cite + "\": the sign = is missing."});
-  }
   const int n = Nombre(cle.cle, cle.ligne, dernier, mots);
   if (n > 0) return n;
   throw Refus(chemin_, cle.ligne,

@@ -26,7 +26,7 @@ class Valeurs {
 
   // 0 to `dernier`.
   int Nombre(std::string_view texte, int ligne, int dernier, const MotsNombre &mots) const;
-  // The key of a numbered line, 1 to `dernier`; a line without "=" is refused.
+  // The key of a numbered line, 1 to `dernier`.
   int Cle(const LigneCle &cle, int dernier, const MotsNombre &mots) const;
   // Harnesses separated by commas; 0 and nothing stand for none.
   Lames Liste(std::string_view texte, int ligne, const MotsNombre &mots) const;

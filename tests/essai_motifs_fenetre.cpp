@@ -84,7 +84,7 @@ TEST_F(EssaiFenetre, DropSeeAndPutIntoBrandis) {
   QListWidget *motifs = Liste(f, "motifs"), *constats = Liste(f, "constats");
   ASSERT_EQ(motifs->count(), 2);
   EXPECT_EQ(motifs->currentRow(), 1);
-  EXPECT_EQ(constats->item(0)->text(), "harness 4: never lifted, and ends are on it.");
+  EXPECT_EQ(constats->item(2)->text(), "harness 4: never lifted, and ends are on it.");
 
   // A click on a finding brings its place near.
   auto *vue = f.findChild<VueMotif *>();
