@@ -14,6 +14,7 @@
 #include "kit/FeuilleRemarque.h"
 #include "loom/FinSurRapport.h"
 #include "mainwindow/CompositionFenetre.h"
+#include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "session/Journal.h"
 #include "weaving/RetourLigne.h"
@@ -90,7 +91,7 @@ void Monter(PlateformeQt &machine) {
   machine.LigneChangee = MontrerEtatLigne;
   machine.LigneRevenue = RenvoyerDuite;
   machine.ApresRapport = RelacherAvantFin;
-  machine.FinDemandee = [] { BoutonProgramme_Click(0); };
+  machine.FinDemandee = [] { BoutonProgramme_Click(Commande::Quitter); };
   machine.CompleterRapport = CompleterRapport;
   machine.LeMiroir().Passer(Demarrer);
 }

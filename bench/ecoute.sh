@@ -5,6 +5,7 @@
 #   bench/ecoute.sh [build folder] [seconds for each interval] [intervals in ms ...]
 set -euo pipefail
 export LC_ALL=C
+commandes=$(cd "$(dirname "$0")/.." && pwd)/session/Commandes.h
 build=$(cd "${1:-build}" && pwd) secondes=${2:-60}
 intervalles=("${@:3}")
 [ ${#intervalles[@]} -gt 0 ] || intervalles=(100 50 20 5)
@@ -14,6 +15,8 @@ trame=133.3   # ms that the 16 bytes of a frame need at 1200 baud
 
 faire() { echo "$1" >&"${pilote[1]}" && read -r reponse <&"${pilote[0]}" && [ "$reponse" = ok ]; }
 attendre() { local i; for i in $(seq 200); do "$@" && return 0; sleep 0.05; done; echo "Gave up: $*" >&2; exit 1; }
+# A command by its name in the table of commands.
+cliquer() { attendre faire "clic BoutonProgramme($(sed -nE "s/^  $1 = ([0-9]+),$/\1/p" "$commandes"))"; }
 horloge() { awk '{print $14 + $15}' "/proc/$pid/stat"; }
 
 mesurer() {
@@ -27,14 +30,14 @@ mesurer() {
   attendre grep -q 'loom:' "$journal"
   coproc pilote { exec "$build/tests/pilote" "$dossier" 2>/dev/null; }
   pid=$pilote_PID
-  attendre faire "clic BoutonProgramme(14)"
+  cliquer Configurer
   attendre faire "choisir ComConfiguration(1) COM 1"
   attendre faire "choisir ComConfiguration(5) Pattern"
-  attendre faire "clic BoutonProgramme(13)"
+  cliquer SortirConfiguration
   attendre faire "ecrire TxtVitessePortSerie $intervalle"
-  attendre faire "clic BoutonProgramme(1)"
+  cliquer OuvrirMotif
   attendre faire "fichier $dossier/Data/Figure24.Wif"
-  attendre faire "clic BoutonProgramme(10)"
+  cliquer Demarrer
   attendre grep -q 'shed 2 ' "$journal"
   debut=$(horloge)
   sleep "$secondes"

@@ -36,8 +36,8 @@ class Atelier : public Banc {
     session.OptionTissage = Option::Patron;
     session.PortMetier = 1;
     DessinerBoutons();
-    BoutonProgramme_Click(1);
-    BoutonProgramme_Click(10);
+    BoutonProgramme_Click(Commande::OuvrirMotif);
+    BoutonProgramme_Click(Commande::Demarrer);
   }
   PortBanc &Port() { return port; }
 };

@@ -21,6 +21,7 @@
 #include "kit/ModuleTransparence.h"
 #include "mainwindow/CompositionFenetre.h"
 #include "platform/qt/PlateformeQt.h"
+#include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "weaving/EcouteMetier.h"
 #include "weaving/SequenceurDuites.h"
@@ -101,7 +102,7 @@ class Programme {
       session.CheminWif = metier.dossier + "/Data/Figure24.Wif";
       DessinerBoutons();
       Charger();
-      BoutonProgramme_Click(10);
+      BoutonProgramme_Click(Commande::Demarrer);
       fenetre.Timer3.Interval(30000);  // the measurement polls by itself
     });
     metier.Recevoir();
@@ -121,7 +122,7 @@ void Programme::Charger() {
   session.NombreDuitesWif = n - 1;
   session.NombreDuites = n - 1;
   fenetre.PatronCharge = true;
-  BoutonProgramme_Click(5);
+  BoutonProgramme_Click(Commande::TisserPatron);
 }
 
 // Not by way of the poll, which lets events run and so mirrors and paints before it comes back.

@@ -34,10 +34,10 @@ class Atelier : public Banc {
     Configurer({{5, option}, {7, std::to_string(duite)}});
   }
   void Tisser(int duites) {
-    Commande(Commande::Demarrer);
+    Commander(Commande::Demarrer);
     Rapports(duites - 1);
   }
-  using Banc::Commande;
+  using Banc::Commander;
 };
 
 // Squares of one colour are one path each; the texts come on top.
@@ -117,8 +117,8 @@ std::map<std::string, std::string> Dessiner() {
     a.OuvrirSerge();
     dessins["patron"] = Dessin(6, false);
     a.Tisser(5);
-    a.Commande(Commande::TisserToile);
-    a.Commande(Commande::TisserPatronEtToile);
+    a.Commander(Commande::TisserToile);
+    a.Commander(Commande::TisserPatronEtToile);
     dessins["retour-toile"] = Dessin(0, true);
   }
   {

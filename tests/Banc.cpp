@@ -136,9 +136,9 @@ V Banc::Lignes(int n) {
 }
 
 void Banc::Configurer(const std::map<int, std::string> &choix) {
-  Commande(14);
+  Commander(Commande::Configurer);
   for (const auto &[i, texte] : choix) fenetre.ComConfiguration[i].Text = texte;
-  Commande(13);
+  Commander(Commande::SortirConfiguration);
 }
 
 std::string Banc::Motif(const V &lignes, const std::string &nom) const {

@@ -25,6 +25,7 @@
 #include "kit/FeuilleRemarque.h"
 #include "kit/FondFenetre.h"
 #include "mainwindow/CompositionFenetre.h"
+#include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 
 using V = std::vector<std::string>;
@@ -149,7 +150,7 @@ class Banc : public ::testing::Test {
     pf.messages.clear();
   }
 
-  static void Commande(int i) {
+  static void Commander(Commande::Index i) {
     ASSERT_TRUE(fenetre.BoutonProgramme[i].Visible) << "button " << i << " is hidden";
     BoutonProgramme_Click(i);
   }
@@ -169,7 +170,7 @@ class Banc : public ::testing::Test {
   static V Lignes(int n);
   void Ouvrir(const std::string &chemin) {
     pf.fichierChoisi = chemin;
-    Commande(1);
+    Commander(Commande::OuvrirMotif);
   }
   // Sets fields of the panel the way the weaver does, and leaves it with Exit.
   static void Configurer(const std::map<int, std::string> &choix);

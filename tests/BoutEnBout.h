@@ -12,6 +12,8 @@
 #include <set>
 #include <sstream>
 
+#include "session/Commandes.h"
+
 namespace fs = std::filesystem;
 
 // A child that is told and tells lines: the program under its pilot, or the simulated loom. One that stays
@@ -99,13 +101,13 @@ class BoutEnBout : public ::testing::Test {
     DemarrerProgramme();
     Configurer("Pattern");
     Ouvrir();
-    Cliquer(10);
+    Cliquer(Commande::Demarrer);
   }
   void Faire(const std::string &ordre) {
     programme->Dire(ordre);
     ASSERT_EQ(programme->Ligne(), "ok") << ordre;
   }
-  void Cliquer(int bouton) { Faire("clic BoutonProgramme(" + std::to_string(bouton) + ")"); }
+  void Cliquer(Commande::Index bouton) { Faire("clic BoutonProgramme(" + std::to_string(bouton) + ")"); }
   std::string Etat() {
     programme->Dire("etat");
     return programme->LigneQuiCommence("duite=");
@@ -128,13 +130,13 @@ class BoutEnBout : public ::testing::Test {
     return false;
   }
   void Configurer(const std::string &option) {
-    Cliquer(14);
+    Cliquer(Commande::Configurer);
     Faire("choisir ComConfiguration(1) COM 1");
     Faire("choisir ComConfiguration(5) " + option);
-    Cliquer(13);
+    Cliquer(Commande::SortirConfiguration);
   }
   void Ouvrir() {
-    Cliquer(1);
+    Cliquer(Commande::OuvrirMotif);
     Faire("fichier " + dossier + "/Data/motif.wif");
     ASSERT_TRUE(EtatDevient("boutons=11010000011"));  // Start and Stop stand
   }
@@ -151,21 +153,21 @@ class BoutEnBout : public ::testing::Test {
   void TisserPuisReprendre(const std::string &option, const std::vector<std::string> &picks) {
     DemarrerMetier({"--entree"});
     DemarrerProgramme();
-    Cliquer(3);
+    Cliquer(Commande::Reprendre);
     Configurer("Pattern");
     Ouvrir();
     if (option != "Pattern") Configurer(option);
-    Cliquer(10);
+    Cliquer(Commande::Demarrer);
     SuiteEst(picks);
     ASSERT_NE(Shed(), "");  // one more pick stands on the loom
-    Cliquer(2);
+    Cliquer(Commande::Enregistrer);
     Faire("clic EnteteRemarque");
     ASSERT_TRUE(EtatDevient("ouvert=0 boutons=1101"));
     Quitter();
     DemarrerProgramme();
-    Cliquer(3);
+    Cliquer(Commande::Reprendre);
     ASSERT_TRUE(EtatDevient("boutons=11010000011"));
-    Cliquer(10);
+    Cliquer(Commande::Demarrer);
   }
   void SuiteEst(const std::vector<std::string> &picks) {
     for (const std::string &pick : picks) {
@@ -174,7 +176,7 @@ class BoutEnBout : public ::testing::Test {
     }
   }
   void Quitter() {
-    Cliquer(0);
+    Cliquer(Commande::Quitter);
     EXPECT_TRUE(programme->FinitBien());
     programme.reset();
   }

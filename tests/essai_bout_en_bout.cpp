@@ -10,7 +10,7 @@ TEST_F(BoutEnBout, AMisbehavingLoomIsFollowedOrWaitedFor) {
   for (int n = 1; n <= 11; ++n) ASSERT_EQ(Shed(), Attendu(n)) << "shed " << n;
   ASSERT_NE(metier->LigneQuiCommence("report lost"), "");
   EXPECT_NE(Etat().find("duite=11 "), std::string::npos) << "a lost report leaves the pick standing";
-  Cliquer(6);
+  Cliquer(Commande::Avancer);
   EXPECT_EQ(Shed(), Attendu(12));
 }
 
@@ -37,15 +37,15 @@ TEST_F(BoutEnBout, TheCableComesOutAndWeavingGoesOn) {
   metier->Dire("raccrocher");
   ASSERT_TRUE(EtatDevient(coupee));
   // Everything that sends goes on in silence, and the screen with it.
-  Cliquer(6);
-  Cliquer(4);
-  Cliquer(17);
-  Cliquer(5);
+  Cliquer(Commande::Avancer);
+  Cliquer(Commande::TisserToile);
+  Cliquer(Commande::TisserPatronEtToile);
+  Cliquer(Commande::TisserPatron);
   ASSERT_TRUE(EtatDevient("duite=3 "));
   Faire("clic Drapeau(1)");
   ASSERT_TRUE(EtatDevient("ligne=La ligne du métier est coupée. Rebranchez le câble : le tissage continue."));
   Faire("clic Drapeau(2)");
-  Cliquer(8);
+  Cliquer(Commande::ChoisirDuite);
   Faire("ecrire TxtDuite 7");
   ASSERT_TRUE(EtatDevient("duite=7 "));
   ASSERT_TRUE(EtatDevient(coupee));
@@ -58,28 +58,28 @@ TEST_F(BoutEnBout, TheCableComesOutAndWeavingGoesOn) {
   // The note goes with Stop and comes with a Start that waits; so does the solenoid test.
   metier->Dire("raccrocher");
   ASSERT_TRUE(EtatDevient(coupee));
-  Cliquer(9);
+  Cliquer(Commande::Arreter);
   ASSERT_TRUE(EtatDevient("ouvert=0"));
   ASSERT_TRUE(EtatDevient("ligne= "));
-  Cliquer(10);
+  Cliquer(Commande::Demarrer);
   ASSERT_TRUE(EtatDevient("ouvert=1"));
   ASSERT_TRUE(EtatDevient(coupee));
-  Cliquer(9);
+  Cliquer(Commande::Arreter);
   ASSERT_TRUE(EtatDevient("ouvert=0"));
-  Cliquer(18);
+  Cliquer(Commande::Diagnostiquer);
   ASSERT_TRUE(EtatDevient("boutons=0000"));  // the panel stands
-  Cliquer(20);
+  Cliquer(Commande::DebuterTest);
   ASSERT_TRUE(EtatDevient(perdue));
   Faire("clic CheckSelenoide(3)");
   ASSERT_TRUE(EtatDevient(perdue + "Plug the cable in. ")) << "nothing is woven";
-  Cliquer(21);
+  Cliquer(Commande::FinirTest);
   metier->Dire("revenir");
   ASSERT_NE(metier->LigneQuiCommence("release"), "") << "the test's end, and no shed";
-  Cliquer(19);
+  Cliquer(Commande::QuitterDiagnostic);
   ASSERT_NE(metier->LigneQuiCommence("release"), "");
-  Cliquer(10);
+  Cliquer(Commande::Demarrer);
   EXPECT_EQ(Shed(), Attendu(10));
-  Cliquer(7);
+  Cliquer(Commande::Inverser);
   metier->Dire("");
   EXPECT_EQ(Shed(), Attendu(9)) << "the other way";
 }
@@ -88,7 +88,7 @@ TEST_F(BoutEnBout, AFailureThatEndsTheProcessReleasesTheLoom) {
   DemarrerMetier({"--entree"});
   Tisser();
   EXPECT_EQ(Shed(), Attendu(1));
-  Cliquer(8);
+  Cliquer(Commande::ChoisirDuite);
   Faire("ecrire TxtDuite 32768");
   EXPECT_EQ(metier->LigneQuiCommence("release").substr(0, 7), "release");
   EXPECT_TRUE(programme->waitForFinished() && programme->exitCode() == 1);
@@ -114,18 +114,18 @@ TEST_F(BoutEnBout, AnEndFromOutsideIsAQuit) {
   DemarrerProgramme();
   EXPECT_EQ(Etat().substr(0, 8), "duite=2 ") << "the settings are kept";
   Faire("clic Drapeau(1)");
-  Cliquer(1);  // the dialog stands open
+  Cliquer(Commande::OuvrirMotif);  // the dialog stands open
   finir(SIGINT);
 
   DemarrerProgramme();
   std::ofstream(dossier + "/Data/motif.wif") << "[WIF]\r\n";
-  Cliquer(1);
+  Cliquer(Commande::OuvrirMotif);
   Faire("fichier " + dossier + "/Data/motif.wif");
   ASSERT_TRUE(Parait("Information"));  // the message about the missing lift plan, a modal window
   finir(SIGHUP);
   programme.reset();
   DemarrerProgramme();
-  Cliquer(14);
+  Cliquer(Commande::Configurer);
   Faire("choisir ComConfiguration(5) Patron");  // a French list: the language was kept
   fs::remove(dossier + "/Data/Configuration.Con");
   fs::create_directory(dossier + "/Data/Configuration.Con");
@@ -149,7 +149,7 @@ TEST_F(BoutEnBout, AResumedTabbyLiftsNothingUntilItIsBuiltAgain) {
   TisserPuisReprendre("Tabby", {a, b, a});  // picks 13 to 15; 16 stands at the save
   SuiteEst({Leve({})});
   ASSERT_EQ(Shed(), Leve({}));
-  Cliquer(4);
+  Cliquer(Commande::TisserToile);
   SuiteEst({b, a, b});
 }
 
@@ -175,10 +175,10 @@ TEST_F(BoutEnBout, ASixteenHarnessProjectSpeaksTheTextProtocol) {
 
   DemarrerMetier({"--lames", "16", "--entree", "--fautes", "2:doubler,3:scinder"});
   DemarrerProgramme();
-  Cliquer(3);
+  Cliquer(Commande::Reprendre);
   ASSERT_TRUE(EtatDevient("message=  Error 16 Harnesses only"));
   EXPECT_NE(Etat().find("nombre=12 lames=16"), std::string::npos);
-  Cliquer(10);
+  Cliquer(Commande::Demarrer);
   EXPECT_EQ(Shed(), attendu(1));
   metier->Dire("");
   EXPECT_EQ(Shed(), attendu(2));
@@ -186,17 +186,17 @@ TEST_F(BoutEnBout, ASixteenHarnessProjectSpeaksTheTextProtocol) {
   EXPECT_EQ(Shed(), attendu(3));
   metier->Dire("");  // the split mark is lost
   ASSERT_NE(metier->LigneQuiCommence("report split"), "");
-  Cliquer(6);
+  Cliquer(Commande::Avancer);
   EXPECT_EQ(Shed(), attendu(4));
-  Cliquer(9);
+  Cliquer(Commande::Arreter);
   ASSERT_NE(metier->LigneQuiCommence("release"), "");
   ASSERT_NE(metier->LigneQuiCommence("release"), "") << "the word, then the escape that closes";
-  Cliquer(18);
+  Cliquer(Commande::Diagnostiquer);
   ASSERT_TRUE(EtatDevient("boutons=0000"));  // the panel stands
-  Cliquer(20);
+  Cliquer(Commande::DebuterTest);
   ASSERT_NE(metier->LigneQuiCommence("test"), "");
-  Cliquer(21);
+  Cliquer(Commande::FinirTest);
   ASSERT_NE(metier->LigneQuiCommence("release"), "");
-  Cliquer(19);
+  Cliquer(Commande::QuitterDiagnostic);
   ASSERT_TRUE(EtatDevient("boutons=11"));
 }

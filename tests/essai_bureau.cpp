@@ -96,10 +96,10 @@ TEST_F(Bureau, TheMachineStaysAwakeForAsLongAsTheLoomWeaves) {
       Faire("clic Drapeau(1)");
     else
       Tisser();
-    if (langue[0] == 'T') Cliquer(10);
+    if (langue[0] == 'T') Cliquer(Commande::Demarrer);
     const QStringList voulus{QStringLiteral("sleep:idle Brandis %1 block").arg(langue)};
     EXPECT_TRUE(QTest::qWaitFor([&] { return Inhibiteurs() == voulus; }, kPatience)) << langue;
-    Cliquer(9);
+    Cliquer(Commande::Arreter);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Inhibiteurs().isEmpty(); }, kPatience)) << langue;
   }
   gestionnaire.kill();

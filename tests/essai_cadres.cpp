@@ -19,6 +19,7 @@
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
 #include "kit/FondFenetre.h"
+#include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 
 extern "C" __attribute__((weak)) std::size_t __sanitizer_get_current_allocated_bytes();  // ASan
@@ -45,8 +46,8 @@ auto &message = fenetreMessage;
 auto &erreur = fenetreMessageErreur;
 auto &note = feuilleRemarque;
 auto &propos = feuilleAPropos;
-void Bulle0() { AfficherBulleBouton(0); }
-void Bulle1() { AfficherBulleBouton(1); }
+void Bulle0() { AfficherBulleBouton(Commande::Quitter); }
+void Bulle1() { AfficherBulleBouton(Commande::OuvrirMotif); }
 void Court() { AfficherMessageCourt(TitreErreur(), "un"); }
 void Message() { AfficherMessage("texte"); }
 void Erreurs() { session.Etat = 8, plateforme().MontrerModal(Charger(erreur)); }
@@ -94,7 +95,8 @@ class EssaiCadres : public testing::Test {
       for (int i = 0; drapeau && i < 2; ++i) {  // as raised, both before and after
         EXPECT_TRUE(c.texte.starts_with(drapeau == 2 ? c.francais : c.anglais)) << c.texte;
         Passer([&] { Drapeau_Click(drapeau); });
-        EXPECT_EQ(fenetre.BoutonProgramme[0].Dessin.Ecrits()[0].texte, drapeau == 2 ? "Quit" : "Fermer");
+        EXPECT_EQ(fenetre.BoutonProgramme[Commande::Quitter].Dessin.Ecrits()[0].texte,
+                  drapeau == 2 ? "Quit" : "Fermer");
       }
       c.clic ? QTest::mouseClick(Natif(*c.clic), Qt::LeftButton)
              : Passer([] { FermerBulles(), attente.Montrer(false); });
@@ -152,7 +154,7 @@ TEST_F(EssaiCadres, TheNativeWindowShowsThePixelsOfTheData) {
     if (w->isVisible()) nue -= w->geometry();
   EXPECT_GT(nue.rectCount(), 100);
   for (const QRect &r : nue) ASSERT_EQ(vue.copy(r), peau.copy(r)) << "row " << r.y();
-  const BoitePicture &face = fenetre.BoutonProgramme[11];  // no text is printed on it
+  const BoitePicture &face = fenetre.BoutonProgramme[Commande::BasculerBulles];  // no text is printed on it
   EXPECT_EQ(vue.copy(Natif(face)->geometry()), EnImage(face.Dessin));
 }
 
@@ -168,11 +170,12 @@ TEST_F(EssaiCadres, TheWindowIsDraggedCentredAndMinimisedByHand) {
   QTest::mouseRelease(barre, Qt::LeftButton, {}, barre->mapFromGlobal(ecran + QPoint(-60, -40)));
   QTest::mouseMove(barre, depart - QPoint(5, 5));
   EXPECT_EQ(cadre->pos(), place + QPoint(-60, -40));
-  EXPECT_FALSE(Natif(fenetre.BoutonProgramme[11])->isVisible());
+  EXPECT_FALSE(Natif(fenetre.BoutonProgramme[Commande::BasculerBulles])->isVisible());
   QTest::mouseClick(Natif(fenetre.PicTVCentre), Qt::LeftButton);
   EXPECT_EQ(cadre->pos(), place);
-  EXPECT_TRUE(Natif(fenetre.BoutonProgramme[11])->isVisible() && !Natif(fenetre.PicTVCentre)->isVisible());
-  QTest::mouseClick(Natif(fenetre.BoutonProgramme[12]), Qt::LeftButton);
+  EXPECT_TRUE(Natif(fenetre.BoutonProgramme[Commande::BasculerBulles])->isVisible() &&
+              !Natif(fenetre.PicTVCentre)->isVisible());
+  QTest::mouseClick(Natif(fenetre.BoutonProgramme[Commande::Minimiser]), Qt::LeftButton);
   QCoreApplication::processEvents();
   EXPECT_TRUE(cadre->isMinimized() && fenetre.Visible) << "there is no notification area here";
 }
@@ -219,7 +222,7 @@ TEST_F(EssaiCadres, QuitEndsTheProcessOnceWhateverWindowStands) {
   for (const Cas &c : kCas) {
     SetUp();
     bool debout = false;
-    auto quitter = [&] { debout = c.f.Visible, Passer([] { BoutonProgramme_Click(0); }); };
+    auto quitter = [&] { debout = c.f.Visible, Passer([] { BoutonProgramme_Click(Commande::Quitter); }); };
     PlusTard([&] { PlusTard(quitter), Passer(c.lever); });
     EXPECT_TRUE(QApplication::exec() == 0 && debout && machine->fins == 1) << c.francais;
   }

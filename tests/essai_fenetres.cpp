@@ -54,11 +54,11 @@ TEST_F(Fenetres, ChaqueCommandeASonAide) {
 }
 
 TEST_F(Fenetres, MotsDesBulles) {
-  AfficherBulleBouton(21);
+  AfficherBulleBouton(Commande::FinirTest);
   EXPECT_EQ(fenetre.Remarque.Caption, "End the loom selft test");
   EXPECT_EQ(LignesDe(bulleInfoBasGauche), "||End the loom|self test||");
   session.LangueFrancaise = true;
-  AfficherBulleBouton(15);
+  AfficherBulleBouton(Commande::AnnulerConfiguration);
   EXPECT_EQ(fenetre.Remarque.Caption, "Annuler la configuration ");
   EXPECT_EQ(LignesDe(bulleInfoBasGauche),
             "||Fermeture de la fenêtre|des configurations sans|enregistrement|");
@@ -71,25 +71,25 @@ TEST_F(Fenetres, MotsDesBulles) {
 }
 
 TEST_F(Fenetres, PlacesDesBulles) {
-  for (int i = 0; i <= 21; ++i) Placer(fenetre.BoutonProgramme[i], 1000, 5000, 1200, 435);
+  for (int i = 0; i < Commande::Nombre; ++i) Placer(fenetre.BoutonProgramme[i], 1000, 5000, 1200, 435);
   for (int i : {1, 2}) Placer(fenetre.Drapeau[i], 1000 * i, 5000, 480, 300);
   Placer(fenetre.LogoNor, 1000, 5000, 765, 480);
   Placer(fenetre.FenetreConfiguration, 3000, 2000, 4725, 5190);
   Placer(fenetre.PicNor, 1700, 4000, 7065, 2940);
   const auto bouton = [](int i) { return [i] { AfficherBulleBouton(i); }; };
   const std::tuple<std::function<void()>, const BulleInfo &, double, double> cas[] = {
-      {bouton(0), bulleInfoHautDroit, 6235, 650},
-      {bouton(1), bulleInfoBasGauche, 4715, 3700},
-      {bouton(6), bulleInfoBasGauche, 4415, 2200},
-      {bouton(13), bulleInfoBasGauche, 6715, 6700},
-      {bouton(19), bulleInfoBasGauche, 8715, 5400},
-      {bouton(21), bulleInfoBasGauche, 8735, 5400},
+      {bouton(Commande::Quitter), bulleInfoHautDroit, 6235, 650},
+      {bouton(Commande::OuvrirMotif), bulleInfoBasGauche, 4715, 3700},
+      {bouton(Commande::Avancer), bulleInfoBasGauche, 4415, 2200},
+      {bouton(Commande::SortirConfiguration), bulleInfoBasGauche, 6715, 6700},
+      {bouton(Commande::QuitterDiagnostic), bulleInfoBasGauche, 8715, 5400},
+      {bouton(Commande::FinirTest), bulleInfoBasGauche, 8735, 5400},
       {[] { AfficherBulleDrapeau(1); }, bulleInfoBasGauche, 4665, 3030},
       {[] { AfficherBulleDrapeau(2); }, bulleInfoBasGauche, 4665, 4030},
       {AfficherBulleBarre, bulleInfoHautGauche, 1400, 4900},
       {AfficherBulleLogo, bulleInfoBasDroit, 4800, 800},
       // The hover reads the size that it has just swollen.
-      {[] { BoutonProgramme_MouseMove(5); }, bulleInfoBasGauche, 4635, 3780}};
+      {[] { BoutonProgramme_MouseMove(Commande::TisserPatron); }, bulleInfoBasGauche, 4635, 3780}};
   fenetre.HautInitial = fenetre.Top = 3315;
   fenetre.GaucheInitial = fenetre.Left = 8340;
   for (const auto &[afficher, bulle, haut, gauche] : cas) {
@@ -115,8 +115,8 @@ TEST_F(Fenetres, ToutCeQuiAgitAUnNomDansLesDeuxLangues) {
     const bool neutre = nom == "txtTerm" || nom == "TxtDuite";
     EXPECT_EQ(texte == anglais.noms[nom], neutre) << nom;
   }
-  EXPECT_EQ(francais.noms["BoutonProgramme(10)"] + anglais.noms["BoutonProgramme(10)"],
-            "Début du tissageStart weaving");
+  const std::string debut = "BoutonProgramme(" + std::to_string(Commande::Demarrer) + ")";
+  EXPECT_EQ(francais.noms[debut] + anglais.noms[debut], "Début du tissageStart weaving");
   EXPECT_EQ(francais.noms["ComConfiguration(7)"] + anglais.noms["CheckSelenoide(24)"],
             "Départ Patron:Harness 24");
   EXPECT_EQ(anglais.noms["Drapeau(1)"] + anglais.noms["Drapeau(2)"],
@@ -140,15 +140,15 @@ TEST_F(Fenetres, LaBandeDesSolenoides) {
 }
 
 TEST_F(Fenetres, UnVoyantQuiChangeSeVoit) {
-  BoitePicture &b = fenetre.BoutonProgramme[5];
+  BoitePicture &b = fenetre.BoutonProgramme[Commande::TisserPatron];
   const int l = b.Dessin.Largeur(), h = b.Dessin.Hauteur();
   for (bool survole : {false, true}) {
     if (survole) Bouger(b);  // a lamp stays where it was when the button grows
     for (bool etat : {true, false}) {
       const auto version = b.Dessin.Version();
-      ChangerVoyant(5, etat);
+      ChangerVoyant(Commande::TisserPatron, etat);
       EXPECT_NE(b.Dessin.Version(), version) << "what the screen goes by";
-      EXPECT_EQ(fenetre.Voyants[5], etat);
+      EXPECT_EQ(fenetre.Voyants[Commande::TisserPatron], etat);
       for (const auto &[x, y] : {std::pair{l - 9, h - 11}, {l - 6, h - 11}, {l - 9, h - 8}, {l - 6, h - 8}})
         EXPECT_EQ(b.Dessin.Point(x, y), etat ? Rgb(10, 239, 123) : Rgb(250, 3, 3));
       for (const auto &[x, y] : {std::pair{8, 12}, {10, 10}})
@@ -157,8 +157,9 @@ TEST_F(Fenetres, UnVoyantQuiChangeSeVoit) {
   }
   b.Height = 500;
   const auto version = b.Dessin.Version();
-  ChangerVoyant(5, true);
-  EXPECT_TRUE(b.Dessin.Version() == version && !fenetre.Voyants[5]) << "of another height it has no lamp";
+  ChangerVoyant(Commande::TisserPatron, true);
+  EXPECT_TRUE(b.Dessin.Version() == version && !fenetre.Voyants[Commande::TisserPatron])
+      << "of another height it has no lamp";
 }
 
 TEST_F(Fenetres, LaProgressionSEnVaAvecLeDepart) {
@@ -168,17 +169,17 @@ TEST_F(Fenetres, LaProgressionSEnVaAvecLeDepart) {
 
 TEST_F(Fenetres, VieDesBulles) {
   session.LangueFrancaise = true;
-  AfficherBulleBouton(9);
-  AfficherBulleBouton(10);  // leaves one line of the other as it was
+  AfficherBulleBouton(Commande::Arreter);
+  AfficherBulleBouton(Commande::Demarrer);  // leaves one line of the other as it was
   EXPECT_EQ(LignesDe(bulleInfoBasGauche), "|du tissage\"|Début|le tissage||");
   FermerBulles();
   EXPECT_TRUE(!bulleInfoBasGauche.Chargee && bulleInfoHautDroit.Chargee && bulleInfoBasDroit.Chargee);
-  AfficherBulleBouton(10);
+  AfficherBulleBouton(Commande::Demarrer);
   EXPECT_EQ(LignesDe(bulleInfoBasGauche), "|du tissage\"|Début|LblMessage||");
 }
 
 TEST_F(Fenetres, UnBoutonGonfleEtReprendSaTaille) {
-  for (int i : {1, 4}) {
+  for (int i : {Commande::OuvrirMotif, Commande::TisserToile}) {
     BoitePicture &b = fenetre.BoutonProgramme[i];
     const double l = b.Width, gauche = b.Left, haut = b.Top;
     const auto face = Points(b.Dessin);
@@ -187,11 +188,11 @@ TEST_F(Fenetres, UnBoutonGonfleEtReprendSaTaille) {
     const auto version = b.Dessin.Version();
     b.MouseDown(kBoutonGauche, 0, 0);
     Bouger(b);
-    Bouger(fenetre.BoutonProgramme[3]);
+    Bouger(fenetre.BoutonProgramme[Commande::Reprendre]);
     EXPECT_EQ(b.Dessin.Version(), version);
     EXPECT_EQ(std::pair(b.Left, b.Top), std::pair(gauche + 15, haut + 15));
     b.MouseUp(kBoutonGauche, 0, 0);
-    Bouger(i == 1 ? fenetre.Picture2 : fenetre.FenetreConfiguration);
+    Bouger(i == Commande::OuvrirMotif ? fenetre.Picture2 : fenetre.FenetreConfiguration);
     EXPECT_TRUE(b.Left == gauche && b.Top == haut && b.Width == l && b.Height == 435);
     EXPECT_EQ(Points(b.Dessin), face);
   }
@@ -211,7 +212,8 @@ TEST_F(Fenetres, LesPanneauxSontCentresEtLesTouchesClairesOuSombres) {
     const Surface &face = f.BoutonProgramme[i].Dessin;
     return face.Point(face.Largeur() / 2, 4) & 255;
   };
-  EXPECT_GT(gris(0), gris(1) + 30) << "light faces on the window, dark ones on its foot";
+  EXPECT_GT(gris(Commande::Quitter), gris(Commande::OuvrirMotif) + 30)
+      << "light faces on the window, dark ones on its foot";
 }
 
 TEST_F(Fenetres, IconeDeNotification) {
@@ -236,9 +238,9 @@ TEST_F(Fenetres, IconeDeNotification) {
 }
 
 TEST_F(Fenetres, ApresUnDeplacementLAideSEteint) {
-  const BoitePicture &ouvrir = fenetre.BoutonProgramme[1];
+  const BoitePicture &ouvrir = fenetre.BoutonProgramme[Commande::OuvrirMotif];
   const double largeur = ouvrir.Width;
-  Bouger(fenetre.BoutonProgramme[1]);
+  Bouger(fenetre.BoutonProgramme[Commande::OuvrirMotif]);
   EXPECT_TRUE(session.SurvolActif && ouvrir.Width > largeur);
   fenetre.Drapeau[2].Click();
   EXPECT_TRUE(!session.SurvolActif && ouvrir.Width == largeur) << "a repaint ends the hover";
@@ -250,7 +252,7 @@ TEST_F(Fenetres, ApresUnDeplacementLAideSEteint) {
   Bouger(fenetre.LogoNor);  // with help off a vertical move does not count, and the status line speaks
   EXPECT_EQ(fenetre.Remarque.Caption, "Button Information");
   fenetre.Left += 1;
-  Bouger(fenetre.BoutonProgramme[1]);
+  Bouger(fenetre.BoutonProgramme[Commande::OuvrirMotif]);
   EXPECT_FALSE(session.SurvolActif);
 }
 
@@ -333,10 +335,13 @@ TEST_F(Fenetres, Remarque) {
 TEST_F(Fenetres, APropos) {
   FeuilleAPropos &f = feuilleAPropos;
   session.LangueFrancaise = true;
-  fenetre.BoutonProgramme[4].Visible = true;
+  fenetre.BoutonProgramme[Commande::TisserToile].Visible = true;
   const auto visibles = [] {
     int n = fenetre.PicPourTissage.Visible + fenetre.Drapeau[1].Visible;
-    for (int i : {0, 1, 3, 4, 8, 14, 16, 18}) n += fenetre.BoutonProgramme[i].Visible;
+    for (int i :
+         {Commande::Quitter, Commande::OuvrirMotif, Commande::Reprendre, Commande::TisserToile,
+          Commande::ChoisirDuite, Commande::Configurer, Commande::Rafraichir, Commande::Diagnostiquer})
+      n += fenetre.BoutonProgramme[i].Visible;
     return n;
   };
   pf.pendantModal = [&](Fenetre &) {

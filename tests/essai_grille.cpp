@@ -42,24 +42,24 @@ TEST_F(Grille, WeaveDirectionDecidesTheOtherRedraws) {
   ExpectRangees({{10, 21}, {12, 19}});
   fenetre.Drapeau[2].Click();  // ascending for this one redraw
   ExpectRangees({{10, 19}, {12, 21}});
-  Commande(10);
+  Commander(Commande::Demarrer);
   ExpectRangees({{10, 20}, {11, 19}, {12, 18}});
-  Commande(5);
+  Commander(Commande::TisserPatron);
   ExpectRangees({{11, 1}, {10, 50}, {12, 2}});
 }
 
 TEST_F(Grille, ShortPlansAreWoven) {
   OuvrirLignes({"1=1,3,5", "2=2,4,6"});
-  Commande(10);
+  Commander(Commande::Demarrer);
   Rapports(4);
   EXPECT_EQ(Ecrits(), (V{Duite(1), Duite(2), Duite(1), Duite(2), Duite(1)}));
   // One correction of the wrap reaches two rows each way; what lies beyond stays blank.
   ExpectRangees(
       {{1, 0}, {7, 0}, {8, 2}, {9, 1}, {10, 2}, {11, 1}, {12, 2}, {13, 1}, {14, 0}, {15, 0}, {20, 0}});
-  Commande(9);
+  Commander(Commande::Arreter);
   Configurer({{4, "Up"}});
   OuvrirLignes({"1=7,8"});
-  Commande(10);
+  Commander(Commande::Demarrer);
   ExpectRangees({{10, 1}, {11, 1}, {12, 0}});
   EXPECT_EQ(port.ecrits.back(), Duite(1));
 }
@@ -95,11 +95,14 @@ TEST_F(Grille, ColumnsFollowTheHarnessCounts) {
 }
 
 TEST_F(Grille, LampsAfterARepaintOfAllFaces) {
-  for (const auto &[option, voyant] : {std::pair{"Pattern", 5}, {"Tabby", 4}, {"Pattern and Tabby", 17}}) {
+  for (const auto &[option, voyant] : {std::pair{"Pattern", Commande::TisserPatron},
+                                       {"Tabby", Commande::TisserToile},
+                                       {"Pattern and Tabby", Commande::TisserPatronEtToile}}) {
     Configurer({{5, option}, {7, "1"}});
-    Commande(11);
+    Commander(Commande::BasculerBulles);
     fenetre.Drapeau[2].Click();
-    for (int i = 0; i <= 21; ++i)
-      EXPECT_EQ(fenetre.Voyants[i], i == voyant || (i == 11 && session.BullesActives)) << option << ", " << i;
+    for (int i = 0; i < Commande::Nombre; ++i)
+      EXPECT_EQ(fenetre.Voyants[i], i == voyant || (i == Commande::BasculerBulles && session.BullesActives))
+          << option << ", " << i;
   }
 }

@@ -82,7 +82,7 @@ TEST_F(Motifs, EveryWayOutOfOpen) {
   const std::string bon = Motif(Lignes(20));
   Ouvrir(bon);
   EXPECT_EQ(fenetre.LblCheminWif.Caption, bon);
-  EXPECT_FALSE(fenetre.Voyants[1]) << "the reading is over";
+  EXPECT_FALSE(fenetre.Voyants[Commande::OuvrirMotif]) << "the reading is over";
   Ouvrir("");  // a cancelled dialog is silent, and the pattern is gone
   EXPECT_TRUE(pf.messages.empty());
   EXPECT_EQ(session.NombreDuites, 0);

@@ -226,14 +226,14 @@ TEST_F(Conversion, ProjectOfSixteenHarnesses) {
   EXPECT_EQ(gardes, 3);
 
   Demarrer();
-  Commande(3);
+  Commander(Commande::Reprendre);
   EXPECT_EQ(Messages(), V{"Error|  Error 16 Harnesses only"});  // told to every project of 16, which goes on
   EXPECT_EQ(session.NombreLames, 16);
   EXPECT_EQ(session.PortMetier, 3);
   EXPECT_EQ(session.OptionTissage, 1);
   EXPECT_FALSE(session.DirectionTissage);
   ExpectBits(FoulesDe("serge-1.0"));
-  Commande(10);
+  Commander(Commande::Demarrer);
   EXPECT_EQ(session.DuiteCourante, 1);
   EXPECT_EQ(Ecrits().back(), "RELEASE\nSET PATTERN 0x0303\nPUSH PATTERN\n");
 

@@ -44,11 +44,11 @@ class EssaiPannes : public Banc {
       Configurer({{1, "COM 1"}, {5, "Pattern"}});
       for (const char *f : {"Resume.Trm", "Resume2.Trm"}) EcrireFichier(f, "");
       Ouvrir(Motif(Lignes(n), nom));
-      Commande(10);
+      Commander(Commande::Demarrer);
       Rapport();
       if (fichiers == &apres) SemerProjet(apres);
       Processus([] {
-        Commande(2);
+        Commander(Commande::Enregistrer);
         return 0;
       });
       *fichiers = {LireFichier("Resume.Trm"), LireFichier("Resume2.Trm")};
@@ -67,7 +67,7 @@ class EssaiPannes : public Banc {
   int Enregistrer(long n, Panne panne) {
     return Processus([&] {
       Pannes::Armer(n, panne);
-      Commande(2);
+      Commander(Commande::Enregistrer);
       Pannes::Desarmer();
       int dit = Rien;
       for (const std::string &m : pf.messages)
@@ -128,7 +128,7 @@ class EssaiPannes : public Banc {
     ASSERT_EQ(Reprendre(), Nouveau);
     SemerProjet(avant);
     std::map<int, int> fins;
-    PourChaquePanne(Appels([] { Commande(2); }), [&](long n, Panne panne) {
+    PourChaquePanne(Appels([] { Commander(Commande::Enregistrer); }), [&](long n, Panne panne) {
       SemerProjet(avant);
       const int dit = Enregistrer(n, panne);
       const Fin fin = Reprendre();
@@ -169,7 +169,7 @@ TEST_F(EssaiPannes, TheFirstSave) {
 TEST_F(EssaiPannes, APuttingBackThatIsCutOffItself) {
   Preparer(3, 2);
   SemerProjet(avant);
-  const std::string appels = Appels([] { Commande(2); });
+  const std::string appels = Appels([] { Commander(Commande::Enregistrer); });
   SemerProjet(avant);
   ASSERT_EQ(Enregistrer(static_cast<long>(appels.rfind('w') + 1), Panne::Coupee), kTue);
   const std::string copie = LireFichier("Reprise.Avant");

@@ -120,7 +120,7 @@ TEST_F(Plans, OpenedWithTabbyOnlyTheTailIsMixed) {
   EXPECT_EQ(session.DuiteCourante, 30);
   EXPECT_EQ(session.NombreDuites, 32);
   for (int n = 1; n <= 32; ++n) ExpectLigne(n, n < 29 ? Wif(n) : Melange(n, 30));
-  Commande(10);
+  Commander(Commande::Demarrer);
   EXPECT_EQ(Ecrits(), V{Duite(30)});
 }
 

@@ -47,7 +47,7 @@ class Sauvegarde : public Banc {
     EcrireFichier("Resume.Trm", entete);
     EcrireFichier("Resume2.Trm", restes);
     Demarrer();
-    Commande(3);
+    Commander(Commande::Reprendre);
   }
   V lignes;
   std::string chemin;
@@ -58,9 +58,9 @@ const char *const kAbsent = "Error|File not found";
 TEST_F(Sauvegarde, ConfigurationByteForByte) {
   Configurer({{1, "COM 4"}, {4, "Up"}, {5, "Tabby"}, {6, "Reverse"}, {7, "17"}, {8, "Tabby A"}});
   EXPECT_EQ(Hexa(LireFichier("Configuration.Con")), Hexa(Mots({4, 24, 11, -1, 2, -1, 17, -1, 0, 0})));
-  Commande(11);
+  Commander(Commande::BasculerBulles);
   fenetre.Drapeau[1].Click();
-  Commande(0);
+  Commander(Commande::Quitter);
   EXPECT_TRUE(pf.termine);
   EXPECT_EQ(Hexa(LireFichier("Configuration.Con")), Hexa(Mots({4, 24, 11, -1, 2, -1, 17, -1, -1, -1})));
   Demarrer();
@@ -124,10 +124,10 @@ TEST_F(Sauvegarde, SaveByteForByte) {
   EcrireFichier("Resume.Trm", "an old one");
   Configurer({{4, "Up"}, {8, "Tabby A"}});
   Ouvrir(chemin);
-  Commande(10);
+  Commander(Commande::Demarrer);
   Rapports(4);
   Ecrits();
-  Commande(2);
+  Commander(Commande::Enregistrer);
   EXPECT_EQ(Hexa(LireFichier("Resume.Trm")), Hexa(Entete(chemin, {30, 2, 24, 11, 1, 0, -1, 5, -1})));
   EXPECT_EQ(LireFichier("Resume2.Trm"), Enregistrements(lignes));
   V messages(3, kAbsent);
@@ -141,42 +141,44 @@ TEST_F(Sauvegarde, SaveByteForByte) {
   // A shorter project leaves the records behind it.
   V reste = Lignes(12);
   Ouvrir(Motif(reste, "court.wif"));
-  Commande(10);
-  Commande(2);
+  Commander(Commande::Demarrer);
+  Commander(Commande::Enregistrer);
   reste.insert(reste.end(), lignes.begin() + 12, lignes.end());
   EXPECT_EQ(LireFichier("Resume2.Trm"), Enregistrements(reste));
 }
 
 TEST_F(Sauvegarde, SaveThatCannotWrite) {
   Ouvrir(chemin);
-  Commande(10);
+  Commander(Commande::Demarrer);
   EcrireFichier("Resume2.Trm", "");
-  Commande(2);  // no header to delete: none is written, and the confirmation comes all the same
+  Commander(Commande::Enregistrer);  // no header to delete: none is written, and the confirmation comes all
+                                     // the same
   V messages = Messages();
   ASSERT_EQ(messages.size(), 3u);
   EXPECT_EQ(messages[0], "Error");
   EXPECT_EQ(messages[1].rfind("Enregistrer le projet", 0), 0u);
   EXPECT_EQ(messages[2], "Error|The save failed: no project is saved.");
-  EXPECT_FALSE(std::filesystem::exists(Data("Resume.Trm")) || fenetre.BoutonProgramme[2].Visible);
+  EXPECT_FALSE(std::filesystem::exists(Data("Resume.Trm")) ||
+               fenetre.BoutonProgramme[Commande::Enregistrer].Visible);
   EXPECT_EQ(LireFichier("Resume2.Trm"), "");
 
   // Neither a link nor a folder is written to, and nothing else is either.
   const std::string ailleurs = EcrireFichier("elsewhere", "precious"), entete = Entete(chemin, {30, 1});
   for (const std::string nom : {"Resume.Trm", "Resume2.Trm"}) {
-    Commande(10);
+    Commander(Commande::Demarrer);
     EcrireFichier("Resume.Trm", entete);
     std::filesystem::remove(Data(nom));
     if (nom == "Resume.Trm") std::filesystem::create_symlink(ailleurs, Data(nom));
     if (nom == "Resume2.Trm") std::filesystem::create_directory(Data(nom));
     Messages();
-    Commande(2);
+    Commander(Commande::Enregistrer);
     const std::string erreur = "L'erreur # 75 a été générée par Brandis\rPath/File access error";
     EXPECT_EQ(Messages(),
               (V{"Error|" + erreur, "Error|The save failed: the save before stands.\r" + erreur}));
     EXPECT_TRUE(std::filesystem::is_symlink(Data(nom)) || LireFichier("Resume.Trm") == entete);
     EXPECT_FALSE(fenetre.TissageEnCours);
-    EXPECT_TRUE(fenetre.PortOuvert && fenetre.BoutonProgramme[2].Visible &&
-                fenetre.BoutonProgramme[4].Visible);
+    EXPECT_TRUE(fenetre.PortOuvert && fenetre.BoutonProgramme[Commande::Enregistrer].Visible &&
+                fenetre.BoutonProgramme[Commande::TisserToile].Visible);
     std::filesystem::remove(Data("Resume.Trm"));
   }
   EXPECT_EQ(LireFichier("elsewhere"), "precious");
@@ -221,7 +223,7 @@ TEST_F(Sauvegarde, ACopyThatIsFoundCountsWhenItIsWhole) {
     if (!possible) std::filesystem::create_directory(Data("Resume2.Trm"));
     Demarrer();
     session.CheminWif = "open";
-    Commande(3);
+    Commander(Commande::Reprendre);
     EXPECT_EQ(session.CheminWif, possible ? chemin : "open");
     EXPECT_EQ(Messages().back(),
               possible ? "Error|The last save was cut off: the save before stands."
@@ -245,10 +247,10 @@ TEST_F(Sauvegarde, QuitWaitsUntilItsFailureIsRead) {
       EXPECT_EQ(&f, &fenetreMessageCourt);
       EXPECT_EQ(fenetreMessageCourt.Timer1.Interval(), 0);
       EXPECT_FALSE(pf.termine);
-      if (deuxFois) Commande(0);  // asked from outside meanwhile
+      if (deuxFois) Commander(Commande::Quitter);  // asked from outside meanwhile
       EXPECT_EQ(pf.termine, deuxFois);
     };
-    Commande(0);
+    Commander(Commande::Quitter);
     EXPECT_TRUE(lue && pf.termine);
     EXPECT_EQ(Messages().at(0), "Error|L'erreur # 75 a été générée par Brandis\rPath/File access error");
   }
@@ -259,10 +261,10 @@ TEST_F(Sauvegarde, ResumeWithoutARecordIsSilent) {
   for (std::size_t octets : {0u, 280u}) {
     std::filesystem::remove(Data("Resume.Trm"));
     if (octets > 0) EcrireFichier("Resume.Trm", std::string(octets, 'x'));
-    Commande(3);
+    Commander(Commande::Reprendre);
     EXPECT_TRUE(pf.messages.empty());
     EXPECT_EQ(session.CheminWif, "");
-    EXPECT_FALSE(fenetre.UnInstant.Visible || fenetre.PatronCharge || fenetre.Voyants[3]);
+    EXPECT_FALSE(fenetre.UnInstant.Visible || fenetre.PatronCharge || fenetre.Voyants[Commande::Reprendre]);
     EXPECT_EQ(LireFichier("Resume.Trm").size(), octets);
   }
 }
@@ -276,9 +278,9 @@ TEST_F(Sauvegarde, ResumeTakesTheFieldsFromTheirPlaces) {
   EXPECT_TRUE(session.DirectionTissage && session.DirectionDeroulement && session.ToileDepart);
   EXPECT_EQ(session.DuiteCourante, 7);
   EXPECT_EQ(session.LignesTravail[1], lignes[0]);  // option 1 keeps nothing of the saved lines
-  EXPECT_TRUE(fenetre.PatronCharge && fenetre.Voyants[9]);
+  EXPECT_TRUE(fenetre.PatronCharge && fenetre.Voyants[Commande::Arreter]);
   EXPECT_EQ(fenetre.LblIndiqueLigneRendu[11].Caption, "0007");
-  Commande(10);
+  Commander(Commande::Demarrer);
   EXPECT_EQ(port.numero, 3);
   EXPECT_EQ(Ecrits(), V{Cadre24(lignes[5])});  // in reverse
 }
@@ -289,7 +291,7 @@ TEST_F(Sauvegarde, ResumeOfAPatternThatChanged) {
   Motif(Lignes(20));  // shorter: the cursor waits for the next wrap
   Reprendre(entete, restes);
   EXPECT_EQ(session.DuiteCourante, 25);
-  Commande(10);
+  Commander(Commande::Demarrer);
   EXPECT_EQ(Ecrits(), V{Cadre24(lignes[0])});
   EXPECT_TRUE(pf.messages.empty());
   for (bool present : {true, false}) {  // without a plan, or gone: told, and the lines decide the rest

@@ -8,35 +8,44 @@ namespace fs = std::filesystem;
 namespace {
 using Boutons = std::set<int>;
 
-const Boutons kSansPatron{0, 1, 3, 11, 12, 14, 16, 18}, kCharge{0, 1, 3, 9, 10, 11, 12, 14, 16, 18},
-    kTissage{0, 2, 4, 5, 6, 7, 8, 9, 10, 11, 12, 17}, kArrete{0, 2, 9, 10, 11, 12, 14, 16, 18},
-    kConfiguration{11, 12, 13, 15}, kDiagnostic{11, 12, 19, 20, 21};
+using enum Commande::Index;
+const Boutons kSansPatron{Quitter,   OuvrirMotif, Reprendre,  BasculerBulles,
+                          Minimiser, Configurer,  Rafraichir, Diagnostiquer},
+    kCharge{Quitter,        OuvrirMotif, Reprendre,  Arreter,    Demarrer,
+            BasculerBulles, Minimiser,   Configurer, Rafraichir, Diagnostiquer},
+    kTissage{Quitter,      Enregistrer, TisserToile, TisserPatron,   Avancer,   Inverser,
+             ChoisirDuite, Arreter,     Demarrer,    BasculerBulles, Minimiser, TisserPatronEtToile},
+    kArrete{Quitter,   Enregistrer, Arreter,    Demarrer,     BasculerBulles,
+            Minimiser, Configurer,  Rafraichir, Diagnostiquer},
+    kConfiguration{BasculerBulles, Minimiser, SortirConfiguration, AnnulerConfiguration},
+    kDiagnostic{BasculerBulles, Minimiser, QuitterDiagnostic, DebuterTest, FinirTest};
 
 class SessionEntiere : public BancConfigure {
  protected:
   // A session that is weaving pick 1.
   void Lancer() {
     OuvrirLignes(Lignes(20));
-    Commande(10);
+    Commander(Commande::Demarrer);
     ASSERT_EQ(Ecrits(), V{Duite(1)});
   }
   static Boutons Visibles() {
     Boutons s;
-    for (int i = 0; i <= 21; ++i) {
-      const bool face =
-          i == 13 || i == 15 ? fenetre.FenetreConfiguration.Visible : i < 19 || fenetre.PicNor.Visible;
+    for (int i = 0; i < Commande::Nombre; ++i) {
+      const bool face = i == SortirConfiguration || i == AnnulerConfiguration
+                            ? fenetre.FenetreConfiguration.Visible
+                            : i < QuitterDiagnostic || fenetre.PicNor.Visible;
       if (face && fenetre.BoutonProgramme[i].Visible) s.insert(i);
     }
     return s;
   }
   // A command, what then stands on the window, and what went over the line.
-  void Pas(int commande, const Boutons &boutons, const V &ecrits = {}) {
-    Commande(commande);
+  void Pas(Commande::Index commande, const Boutons &boutons, const V &ecrits = {}) {
+    Commander(commande);
     EXPECT_EQ(Visibles(), boutons) << commande;
     EXPECT_EQ(Ecrits(), ecrits) << commande;
   }
   void Entrer(const std::string &texte) {
-    Commande(8);
+    Commander(Commande::ChoisirDuite);
     fenetre.TxtDuite.Text = texte;
     fenetre.TxtDuite.KeyDown(13, 0);
   }
@@ -46,51 +55,52 @@ class SessionEntiere : public BancConfigure {
 TEST_F(SessionEntiere, FromTheFirstStartToTheNext) {
   Demarrer();
   EXPECT_EQ(Visibles(), kSansPatron);
-  Pas(14, kConfiguration);
-  EXPECT_TRUE(fenetre.Voyants[14] && !fenetre.Drapeau[1].Visible);
+  Pas(Commande::Configurer, kConfiguration);
+  EXPECT_TRUE(fenetre.Voyants[Commande::Configurer] && !fenetre.Drapeau[1].Visible);
   EXPECT_EQ(fenetre.ComConfiguration[1].Text, "COM 1") << "as it stands while no port was chosen";
   fenetre.ComConfiguration[1].Text = "COM 2";
   fenetre.ComConfiguration[5].Text = "Pattern";
-  Pas(13, kSansPatron);
+  Pas(Commande::SortirConfiguration, kSansPatron);
   OuvrirLignes(Lignes(20));
   EXPECT_EQ(Visibles(), kCharge);
   EXPECT_EQ(session.DuiteCourante, 20);
   EXPECT_FALSE(port.ouvert);
-  Pas(10, kTissage, {Duite(1)});
-  EXPECT_TRUE(fenetre.Voyants[10] && port.ouvert && fenetre.PortOuvert);
+  Pas(Commande::Demarrer, kTissage, {Duite(1)});
+  EXPECT_TRUE(fenetre.Voyants[Commande::Demarrer] && port.ouvert && fenetre.PortOuvert);
   EXPECT_EQ(port.numero, 2);
   EXPECT_EQ(fenetre.Timer3.Interval(), 100);
   Rapports(2);
   EXPECT_EQ(Ecrits(), (V{Duite(2), Duite(3)}));
-  Pas(6, kTissage, {Duite(4)});
-  Pas(7, kTissage);
+  Pas(Commande::Avancer, kTissage, {Duite(4)});
+  Pas(Commande::Inverser, kTissage);
   Rapport();
-  Pas(6, kTissage, {Duite(3), Duite(2)});
+  Pas(Commande::Avancer, kTissage, {Duite(3), Duite(2)});
   Rapports(2);  // round at both ends
-  Commande(7);
+  Commander(Commande::Inverser);
   Rapport();
   EXPECT_EQ(Ecrits(), (V{Duite(1), Duite(20), Duite(1)}));
-  Pas(4, kTissage, {Cadre24(kA)});
+  Pas(Commande::TisserToile, kTissage, {Cadre24(kA)});
   Rapport();
-  Pas(17, kTissage, {Cadre24(kB), Cadre24(kA)});
+  Pas(Commande::TisserPatronEtToile, kTissage, {Cadre24(kB), Cadre24(kA)});
   EXPECT_EQ(std::pair(int{session.DuiteCourante}, int{session.NombreDuites}), std::pair(2, 40));
   Rapport();
-  Pas(5, kTissage, {Duite(2), Duite(2)});
-  for (int i : {4, 5, 17}) EXPECT_EQ(fenetre.Voyants[i], i == 5);
-  Pas(9, kArrete, {kLiberer});
+  Pas(Commande::TisserPatron, kTissage, {Duite(2), Duite(2)});
+  for (int i : {TisserToile, TisserPatron, TisserPatronEtToile})
+    EXPECT_EQ(fenetre.Voyants[i], i == TisserPatron);
+  Pas(Commande::Arreter, kArrete, {kLiberer});
   EXPECT_EQ(fenetre.Timer3.Interval(), 0);
-  EXPECT_TRUE(fenetre.Voyants[9] && !fenetre.Voyants[10]);
-  Pas(10, kTissage, {Duite(3)});  // the next pick, not the same again
+  EXPECT_TRUE(fenetre.Voyants[Commande::Arreter] && !fenetre.Voyants[Commande::Demarrer]);
+  Pas(Commande::Demarrer, kTissage, {Duite(3)});  // the next pick, not the same again
   EcrireFichier("Resume.Trm", "");
-  Pas(2, kCharge, {kLiberer});
+  Pas(Commande::Enregistrer, kCharge, {kLiberer});
   Rapport();
   EXPECT_EQ(session.DuiteCourante, 3);
-  Pas(18, kDiagnostic);
-  Pas(19, kCharge);
-  Commande(10);
+  Pas(Commande::Diagnostiquer, kDiagnostic);
+  Pas(Commande::QuitterDiagnostic, kCharge);
+  Commander(Commande::Demarrer);
   Rapport();
   Ecrits();
-  Commande(0);
+  Commander(Commande::Quitter);
   EXPECT_EQ(Ecrits(), V{kLiberer});
   EXPECT_TRUE(pf.termine);
   EXPECT_EQ(LireFichier("Configuration.Con"), Mots({2, 24, 11, 0, 1, 0, 5, 0, 0, 0}));
@@ -100,7 +110,7 @@ TEST_F(SessionEntiere, FromTheFirstStartToTheNext) {
   EXPECT_EQ(fenetre.ComConfiguration[1].Text + fenetre.ComConfiguration[5].Text, "COM 2Pattern");
   EXPECT_EQ(session.DuiteCourante, 5);
   OuvrirLignes(lignes);
-  Pas(10, kTissage, {Duite(1)});
+  Pas(Commande::Demarrer, kTissage, {Duite(1)});
 }
 
 TEST_F(SessionEntiere, PickEntry) {
@@ -108,13 +118,13 @@ TEST_F(SessionEntiere, PickEntry) {
   for (const char *texte : {"21", "-1", "20.6"}) {
     Entrer(texte);
     EXPECT_EQ(pf.focus, &fenetre.TxtDuite);
-    EXPECT_TRUE(fenetre.FondEntreDuite.Visible && fenetre.Voyants[8]) << texte;
+    EXPECT_TRUE(fenetre.FondEntreDuite.Visible && fenetre.Voyants[Commande::ChoisirDuite]) << texte;
   }
   EXPECT_TRUE(Ecrits().empty());
-  fenetre.BoutonProgramme[2].Visible = false;
+  fenetre.BoutonProgramme[Commande::Enregistrer].Visible = false;
   for (const char *texte : {"7.5", "6.5x", "20"}) Entrer(texte);
-  EXPECT_TRUE(fenetre.BoutonProgramme[2].Visible) << "a chosen pick can be saved";
-  EXPECT_FALSE(fenetre.FondEntreDuite.Visible || fenetre.Voyants[8]);
+  EXPECT_TRUE(fenetre.BoutonProgramme[Commande::Enregistrer].Visible) << "a chosen pick can be saved";
+  EXPECT_FALSE(fenetre.FondEntreDuite.Visible || fenetre.Voyants[Commande::ChoisirDuite]);
   Entrer("");  // 0 stands for the unused row, and the next advance goes to 1
   Rapport();
   EXPECT_EQ(Ecrits(), (V{Duite(8), Duite(6), Duite(20), Cadre24(std::string()), Duite(1)}));
@@ -126,19 +136,19 @@ TEST_F(SessionEntiere, PickEntry) {
 
 TEST_F(SessionEntiere, PickEntryByKeyboard) {
   Lancer();
-  Commande(8);
+  Commander(Commande::ChoisirDuite);
   EXPECT_EQ(fenetre.TxtDuite.Text, "1");
   EXPECT_EQ(std::pair(fenetre.TxtDuite.SelStart, fenetre.TxtDuite.SelLength), std::pair(0, 1));
   fenetre.TxtDuite.Text = "15";
   fenetre.KeyDown(Touche::Echappement, 0);
-  EXPECT_FALSE(fenetre.FondEntreDuite.Visible || fenetre.Voyants[8]);
+  EXPECT_FALSE(fenetre.FondEntreDuite.Visible || fenetre.Voyants[Commande::ChoisirDuite]);
   EXPECT_EQ(session.DuiteCourante, 1);
   EXPECT_TRUE(Ecrits().empty());
 }
 
 TEST_F(SessionEntiere, NoShedWaitsForTheDisk) {
   OuvrirLignes({"1=1,9", "2=2,16"});
-  Commande(10);
+  Commander(Commande::Demarrer);
   pf.poussees.clear();
   port.ecrits.clear();
   Rapport();
@@ -155,7 +165,7 @@ TEST_F(SessionEntiere, TheJournalKnowsWhatWasOnTheLoom) {
   };
   OuvrirLignes({"1=1,9", "2=2,16", "7=3,17"});
   fs::remove(Data("Journal.txt"));
-  Commande(10);
+  Commander(Commande::Demarrer);
   Rapport();
   Entrer("3");
   Entrer("0");
@@ -168,12 +178,12 @@ TEST_F(SessionEntiere, TheJournalKnowsWhatWasOnTheLoom) {
   const DerniereSeance coupee = LireDerniereSeance();
   EXPECT_TRUE(coupee.inachevee);
   EXPECT_EQ(coupee.duite + coupee.motif, "2");  // the line of the pattern went with the file
-  Commande(9);
-  Commande(16);
+  Commander(Commande::Arreter);
+  Commander(Commande::Rafraichir);
   fenetre.Drapeau[1].Click();
   Ouvrir(Data("motif.wif"));
   EXPECT_EQ(LireDerniereSeance().motif, Data("motif.wif"));
-  BoutonProgramme_Click(0);
+  BoutonProgramme_Click(Commande::Quitter);
   EXPECT_EQ(faits().back(), "Programme quitté");
   EXPECT_FALSE(LireDerniereSeance().inachevee);
 
@@ -194,49 +204,49 @@ TEST_F(SessionEntiere, TheJournalKnowsWhatWasOnTheLoom) {
   fs::remove(Data("Journal.txt"));
   fs::create_directory(Data("Journal.txt"));
   Ecrits();
-  BoutonProgramme_Click(10);
+  BoutonProgramme_Click(Commande::Demarrer);
   EXPECT_FALSE(Ecrits().empty());
 }
 
 TEST_F(SessionEntiere, SkipAndStartOutsideWeaving) {
-  BoutonProgramme_Click(10);  // no pattern: nothing else happens
+  BoutonProgramme_Click(Commande::Demarrer);  // no pattern: nothing else happens
   EXPECT_TRUE(fenetre.TissageEnCours);
   EXPECT_FALSE(port.ouvert || session.DuiteCourante != 0);
   Lancer();
-  Commande(9);
-  BoutonProgramme_Click(6);
+  Commander(Commande::Arreter);
+  BoutonProgramme_Click(Commande::Avancer);
   EXPECT_EQ(fenetre.LblIndiqueLigneRendu[11].Caption, "0002");
   EXPECT_EQ(fenetre.Timer3.Interval(), 100);
-  for (int mode : {4, 5, 17}) BoutonProgramme_Click(mode);
+  for (int mode : {TisserToile, TisserPatron, TisserPatronEtToile}) BoutonProgramme_Click(mode);
   EXPECT_EQ(Ecrits(), V{kLiberer});
 }
 
 TEST_F(SessionEntiere, RefreshKeepsWhatRuns) {
   Lancer();
-  Commande(9);
+  Commander(Commande::Arreter);
   Configurer({{7, "9"}});
   OuvrirLignes(lignes);
-  Commande(16);  // the stored configuration is read again
+  Commander(Commande::Rafraichir);  // the stored configuration is read again
   EXPECT_EQ(Visibles(), kSansPatron);
   EXPECT_TRUE(fenetre.Visible);
   EXPECT_EQ(session.DuiteCourante, 9);
   EXPECT_EQ(session.NombreDuites, 0);
   EXPECT_EQ(fenetre.LblCheminWif.Caption + fenetre.LblIndiqueLigneRendu[11].Caption + session.CheminWif, "");
-  Commande(14);
-  Pas(15, kCharge, {kLiberer});  // the pattern that was once there counts
+  Commander(Commande::Configurer);
+  Pas(Commande::AnnulerConfiguration, kCharge, {kLiberer});  // the pattern that was once there counts
   // Out of the diagnostics by way of the about window, and out of a Start whose port did not open.
-  Commande(18);
+  Commander(Commande::Diagnostiquer);
   fenetre.BoutonAide.Click();
-  Commande(16);
+  Commander(Commande::Rafraichir);
   EXPECT_FALSE(fenetre.PicNor.Visible || fenetre.Text1.Visible);
   port.utilisable = false;
-  BoutonProgramme_Click(10);
-  Pas(16, kSansPatron);
+  BoutonProgramme_Click(Commande::Demarrer);
+  Pas(Commande::Rafraichir, kSansPatron);
 }
 
 TEST_F(SessionEntiere, PanelTakesWhatItKnowsAndCancelDropsTheRest) {
   Lancer();
-  Commande(9);
+  Commander(Commande::Arreter);
   const auto etat = [] {
     std::string s;
     for (int v : {int{session.PortMetier}, int{session.NombreLames}, int{session.OptionTissage},
@@ -248,9 +258,9 @@ TEST_F(SessionEntiere, PanelTakesWhatItKnowsAndCancelDropsTheRest) {
   const std::map<int, std::string> tout{{1, "COM 4"},   {2, "16"}, {4, "Up"},     {5, "Tabby"},
                                         {6, "Reverse"}, {7, "12"}, {8, "Tabby A"}};
   const std::string avant = etat();
-  Commande(14);
+  Commander(Commande::Configurer);
   for (const auto &[i, texte] : tout) fenetre.ComConfiguration[i].Text = texte;
-  Commande(15);
+  Commander(Commande::AnnulerConfiguration);
   EXPECT_EQ(etat(), avant);
   Configurer(tout);
   EXPECT_EQ(etat(), "4 24 2 12 11 up reverse A");  // 16 lasted for the plan and the draft
@@ -271,12 +281,12 @@ TEST_F(SessionEntiere, PanelTakesWhatItKnowsAndCancelDropsTheRest) {
 
 TEST_F(SessionEntiere, EscapeLeavesThePanelThatStandsAndNothingElse) {
   const auto echapper = [] { fenetre.KeyDown(Touche::Echappement, 0); };
-  Commande(14);
+  Commander(Commande::Configurer);
   fenetre.ComConfiguration[1].Text = "COM 4";
   echapper();
   EXPECT_EQ(Visibles(), kSansPatron);
   EXPECT_EQ(session.PortMetier, 1);
-  Commande(18);
+  Commander(Commande::Diagnostiquer);
   fenetre.KeyDown(Touche::Entree, 0);
   EXPECT_EQ(Visibles(), kDiagnostic);
   echapper();
@@ -289,8 +299,8 @@ TEST_F(SessionEntiere, EscapeLeavesThePanelThatStandsAndNothingElse) {
 
 TEST_F(SessionEntiere, LanguageBothWays) {
   OuvrirLignes(Lignes(3));
-  Commande(10);
-  Commande(7);
+  Commander(Commande::Demarrer);
+  Commander(Commande::Inverser);
   Ecrits();
   fenetre.Drapeau[1].Click();
   EXPECT_EQ(Ecrits(), V{Duite(1)});  // the redraw sends
@@ -310,7 +320,7 @@ TEST_F(SessionEntiere, LanguageBothWays) {
             "Option Toile Patron:Patron,Patron,Toile,Patron et Toile|"
             "Direction Patron:Précédent,Suivant,Précédent|Départ Patron:1,1,2,3|"
             "Départ Toile:Liaison B,Liaison A,Liaison B");
-  Commande(5);  // in French every way through the panel goes forward
+  Commander(Commande::TisserPatron);  // in French every way through the panel goes forward
   EXPECT_FALSE(session.DirectionTissage);
   fenetre.Drapeau[2].Click();
   EXPECT_EQ(textes(),
@@ -342,31 +352,33 @@ TEST_F(SessionEntiere, TheValuesOfThePanelWithTheFileReadAgain) {
 TEST_F(SessionEntiere, PortThatIsNotThereOrVanishes) {
   OuvrirLignes(Lignes(20));
   port.utilisable = false;
-  Pas(10, {0, 2, 9, 10, 11, 12, 14, 16});
+  Pas(Commande::Demarrer,
+      {Commande::Quitter, Commande::Enregistrer, Commande::Arreter, Commande::Demarrer,
+       Commande::BasculerBulles, Commande::Minimiser, Commande::Configurer, Commande::Rafraichir});
   EXPECT_EQ(Messages(), V{kInutilisable});
   EXPECT_EQ(fenetreMessageCourt.Ligne[3].Caption, "COM: why");
-  EXPECT_FALSE(fenetre.Voyants[10] || fenetre.PortOuvert);
+  EXPECT_FALSE(fenetre.Voyants[Commande::Demarrer] || fenetre.PortOuvert);
   EXPECT_EQ(session.DuiteCourante, 1);  // the cursor moves, nothing goes out
   port.utilisable = true;
-  Commande(9);
-  Pas(10, kTissage, {Duite(2)});
+  Commander(Commande::Arreter);
+  Pas(Commande::Demarrer, kTissage, {Duite(2)});
   port.ouvert = port.utilisable = false;  // the serial layer has let it go
   Rapport();
   EXPECT_TRUE(pf.messages.empty());
-  Pas(9, kArrete);
+  Pas(Commande::Arreter, kArrete);
   EXPECT_TRUE(fenetre.PortOuvert);  // closing a closed port leaves it
   // Still gone at the next Start, a frame is written to the closed port and nobody catches that.
-  EXPECT_EQ(Echec([] { Commande(10); }), 8018);
-  EXPECT_TRUE(fenetre.BoutonProgramme[14].Visible);
+  EXPECT_EQ(Echec([] { Commander(Commande::Demarrer); }), 8018);
+  EXPECT_TRUE(fenetre.BoutonProgramme[Commande::Configurer].Visible);
 }
 
 TEST_F(SessionEntiere, EventsThatRunInsideACommand) {
   Lancer();
   pf.pendant = [this] { Rapport(); };  // a tick inside the closing: still weaving is over, the cursor moves
-  Pas(9, kArrete, {kLiberer});
+  Pas(Commande::Arreter, kArrete, {kLiberer});
   EXPECT_EQ(session.DuiteCourante, 2);
   EXPECT_EQ(fenetre.Timer3.Interval(), 0);
-  Commande(10);
+  Commander(Commande::Demarrer);
   port.recus = {kRapport};  // a report that waited is taken by the poll of Start itself
-  Pas(6, kTissage, {Duite(3), Duite(4), Duite(5)});
+  Pas(Commande::Avancer, kTissage, {Duite(3), Duite(4), Duite(5)});
 }

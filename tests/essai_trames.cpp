@@ -22,7 +22,7 @@ class Trames : public BancConfigure {
 }  // namespace
 
 TEST_F(Trames, EscapeFramesByteForByte) {
-  Commande(10);
+  Commander(Commande::Demarrer);
   EXPECT_EQ(port.reglages, "1200,N,8,1");
   EXPECT_EQ(
       fenetre.Text1.Text,
@@ -32,14 +32,14 @@ TEST_F(Trames, EscapeFramesByteForByte) {
   EXPECT_EQ(EcritsHexa(), (V{"1B520D0A1B49058005000D0A1B450D0A", "1B520D0A1B49000300000D0A1B450D0A",
                              "1B520D0A1B49000000000D0A1B450D0A", "1B520D0A1B49FF00FF000D0A1B450D0A",
                              "1B520D0A1B49000000000D0A1B450D0A", "1B520D0A1B49058005000D0A1B450D0A"}));
-  Commande(9);
+  Commander(Commande::Arreter);
   EXPECT_EQ(EcritsHexa(), V{"1B520D0A"});
 }
 
 TEST_F(Trames, TextFramesByteForByte) {
   Configurer({{2, "16"}});
   session.NombreLames = 16;  // as after a resumed project of the small loom
-  Commande(10);
+  Commander(Commande::Demarrer);
   EXPECT_EQ(port.reglages, "9600,N,8,1");
   EXPECT_EQ(port.vidages, 1);
   EXPECT_FALSE(port.rts || port.poignee);
@@ -52,16 +52,16 @@ TEST_F(Trames, TextFramesByteForByte) {
                "RELEASE\nSET PATTERN 0x\nPUSH PATTERN\n"}));
   port.ouvert = false;  // gone and back: the next frame opens it
   Rapport("x");
-  Commande(6);
+  Commander(Commande::Avancer);
   EXPECT_EQ(Ecrits(), V{"RELEASE\nSET PATTERN 0xFFFF\nPUSH PATTERN\n"});
   port.ouvert = false;
-  Commande(9);
+  Commander(Commande::Arreter);
   EXPECT_EQ(Ecrits(), (V{"RELEASE\r", kLiberer}));
   EXPECT_FALSE(port.ouvert || fenetre.PortOuvert);
 }
 
 TEST_F(Trames, ListenerOnTheEscapeProtocol) {
-  Commande(10);
+  Commander(Commande::Demarrer);
   std::string tout;
   for (int o = 0; o < 256; ++o) tout += static_cast<char>(o);
   const struct {
@@ -75,7 +75,7 @@ TEST_F(Trames, ListenerOnTheEscapeProtocol) {
   }
   // A Stop that comes in while events run ends the sending, and the letter behind still moves the cursor.
   Ecrits();
-  pf.pendant = [] { Commande(9); };
+  pf.pendant = [] { Commander(Commande::Arreter); };
   Rapport("xC");
   EXPECT_EQ(session.DuiteCourante, 2);
   EXPECT_EQ(Ecrits(), V{kLiberer});
@@ -84,7 +84,7 @@ TEST_F(Trames, ListenerOnTheEscapeProtocol) {
 TEST_F(Trames, OtherCountsListenAndSendNothing) {
   session.NombreLames = 12;
   port.reglages = "300,E,7,1";
-  Commande(10);
+  Commander(Commande::Demarrer);
   EXPECT_EQ(port.reglages, "300,E,7,1");
   Rapport("[CC]");  // two letters
   EXPECT_EQ(session.DuiteCourante, 3);
@@ -92,25 +92,26 @@ TEST_F(Trames, OtherCountsListenAndSendNothing) {
 }
 
 TEST_F(Trames, FailuresOfThePortInThePollAreToldAndPassedOver) {
-  Commande(10);
+  Commander(Commande::Demarrer);
   port.ecritureEnPanne = true;
   Rapport("CC");
   EXPECT_EQ(session.DuiteCourante, 3);
   EXPECT_EQ(Messages(), V(2, "Error|Device I/O error"));
-  Commande(9);  // closing fails: stopped all the same, and the weaving buttons stay
+  Commander(Commande::Arreter);  // closing fails: stopped all the same, and the weaving buttons stay
   EXPECT_EQ(Messages(), V{"Error|Erreur numéro: 57; Description: Device I/O error"});
-  EXPECT_TRUE(fenetre.PortOuvert && fenetre.Voyants[9] && !fenetre.Voyants[10] && !fenetre.TissageEnCours);
+  EXPECT_TRUE(fenetre.PortOuvert && fenetre.Voyants[Commande::Arreter] &&
+              !fenetre.Voyants[Commande::Demarrer] && !fenetre.TissageEnCours);
 }
 
 TEST_F(Trames, OnlyTheTextProtocolOpensAPortThatItFindsClosed) {
-  Commande(10);
+  Commander(Commande::Demarrer);
   Ecrits();
   port.ouvert = false;
   EXPECT_EQ(Echec([] { DuiteSuivante(); }), Erreur::PortFerme);
-  BoutonProgramme_Click(21);
+  BoutonProgramme_Click(Commande::FinirTest);
   EXPECT_TRUE(!port.ouvert && Ecrits().empty());
   session.NombreLames = 16;
-  BoutonProgramme_Click(21);
+  BoutonProgramme_Click(Commande::FinirTest);
   EXPECT_EQ(Ecrits(), V{"RELEASE\r"});
 }
 
@@ -131,7 +132,7 @@ TEST_F(Trames, SolenoidsByHand) {
     fenetre.CheckSelenoide[*lames.begin()].Click();
   };
   fenetre.CheckSelenoide[7].Value = true;
-  Commande(18);
+  Commander(Commande::Diagnostiquer);
   EXPECT_FALSE(fenetre.CheckSelenoide[7].Value);
   cocher({1, 3, 16});
   EXPECT_EQ(EcritsHexa(), (V{"1B520D0A", "1B49058000000D0A", "1B450D0A"}));
@@ -140,8 +141,8 @@ TEST_F(Trames, SolenoidsByHand) {
   session.NombreLames = 16;
   cocher({1, 16});
   EXPECT_EQ(Ecrits(), (V{"RELEASE\n", "SET PATTERN 0x8001\nPUSH PATTERN\n"}));
-  Commande(19);
-  EXPECT_FALSE(port.ouvert || fenetre.Voyants[18] || fenetre.PicNor.Visible);
+  Commander(Commande::QuitterDiagnostic);
+  EXPECT_FALSE(port.ouvert || fenetre.Voyants[Commande::Diagnostiquer] || fenetre.PicNor.Visible);
   port.utilisable = false;
   cocher({1});
   EXPECT_EQ(Messages(), (V{kInutilisable,
@@ -150,9 +151,9 @@ TEST_F(Trames, SolenoidsByHand) {
 }
 
 TEST_F(Trames, WalkingTestAndTheLoomsOwn) {
-  Commande(18);
-  Commande(20);
-  EXPECT_TRUE(fenetre.Voyants[20] && !fenetre.Voyants[21]);
+  Commander(Commande::Diagnostiquer);
+  Commander(Commande::DebuterTest);
+  EXPECT_TRUE(fenetre.Voyants[Commande::DebuterTest] && !fenetre.Voyants[Commande::FinirTest]);
   EXPECT_EQ(fenetre.Timer2.Interval(), 1000);
   for (int i = 0; i < 24; ++i) fenetre.Timer2.Timer();
   ASSERT_EQ(port.ecrits.size(), 75u);
@@ -163,21 +164,21 @@ TEST_F(Trames, WalkingTestAndTheLoomsOwn) {
     EXPECT_EQ(port.ecrits[static_cast<std::size_t>(3 * i + 1)], charge) << i;
   }
   Ecrits();
-  Commande(21);
-  EXPECT_TRUE(fenetre.Voyants[21] && !fenetre.Voyants[20]);
+  Commander(Commande::FinirTest);
+  EXPECT_TRUE(fenetre.Voyants[Commande::FinirTest] && !fenetre.Voyants[Commande::DebuterTest]);
   EXPECT_EQ(fenetre.Timer2.Interval(), 0);
   fenetre.Timer2.Timer();  // a tick that was under way
   EXPECT_EQ(Ecrits(), V{kLiberer});
   session.NombreLames = 16;
   port.ouvert = false;
-  Commande(20);
+  Commander(Commande::DebuterTest);
   EXPECT_EQ(fenetre.Timer2.Interval(), 0);
-  Commande(21);
+  Commander(Commande::FinirTest);
   EXPECT_EQ(Ecrits(), (V{"TEST\r", "RELEASE\r"}));
   session.NombreLames = 24;
-  Commande(19);
+  Commander(Commande::QuitterDiagnostic);
   port.utilisable = false;  // the walking test catches nothing
-  EXPECT_EQ(Echec([] { BoutonProgramme_Click(20); }), 8018);
+  EXPECT_EQ(Echec([] { BoutonProgramme_Click(Commande::DebuterTest); }), 8018);
 }
 
 TEST_F(Trames, PortEventsAsText) {

@@ -20,6 +20,7 @@
 #include "kit/FenetreLigne.h"
 #include "kit/FenetreMessageCourt.h"
 #include "platform/qt/StyleChamps.h"
+#include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 
 namespace {
@@ -72,7 +73,7 @@ std::string Etat() {
   std::ostringstream s;
   s << "duite=" << session.DuiteCourante << " nombre=" << session.NombreDuites
     << " lames=" << session.NombreLames << " ouvert=" << fenetre.PortOuvert << " boutons=";
-  for (int i = 0; i <= 21; ++i) s << (fenetre.BoutonProgramme[i].Visible ? '1' : '0');
+  for (int i = 0; i < Commande::Nombre; ++i) s << (fenetre.BoutonProgramme[i].Visible ? '1' : '0');
   s << " ligne=" << (fenetreLigne.Visible ? fenetreLigne.NomAccessible : "");
   s << " message=" << (fenetreMessageCourt.Visible ? fenetreMessageCourt.Ligne[2].Caption : "");
   return s.str();

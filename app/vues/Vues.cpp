@@ -23,6 +23,7 @@
 #include "kit/FenetreRappel.h"
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
+#include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "weaving/SequenceurDuites.h"
 
@@ -103,7 +104,7 @@ void Vues::Demarrer(bool francais) {
 
 void Vues::Ouvrir(const char *motif) {
   machine_->Motif = motif;
-  Faire([] { BoutonProgramme_Click(1); });
+  Faire([] { BoutonProgramme_Click(Commande::OuvrirMotif); });
 }
 
 void Vues::VoirDebut() {
@@ -131,45 +132,45 @@ void Vues::VoirDebut() {
 }
 
 void Vues::VoirPanneaux() {
-  Voir("configuration", fenetre, [] { BoutonProgramme_Click(14); });
+  Voir("configuration", fenetre, [] { BoutonProgramme_Click(Commande::Configurer); });
   Faire([] {
     fenetre.ComConfiguration[5].Text = Selon("Patron", "Pattern");
-    BoutonProgramme_Click(13);
+    BoutonProgramme_Click(Commande::SortirConfiguration);
   });
-  Faire([] { BoutonProgramme_Click(18); });
+  Faire([] { BoutonProgramme_Click(Commande::Diagnostiquer); });
   Voir("diagnostic-24", fenetre, [] {
     for (int i : {1, 4, 5, 13, 24}) fenetre.CheckSelenoide[i].Value = true;
     ChangerVoyant(Commande::DebuterTest, true);
     fenetre.Text1.Text = "0\r\n0 : 1 4 5 13 24\r\n";
   });
-  Faire([] { BoutonProgramme_Click(19); });
+  Faire([] { BoutonProgramme_Click(Commande::QuitterDiagnostic); });
 }
 
 void Vues::VoirTissage() {
   Ouvrir("Figure24.Wif");
   Prendre("patron-24", fenetre);
-  Voir("configuration-patron", fenetre, [] { BoutonProgramme_Click(14); });
-  Faire([] { BoutonProgramme_Click(15); });
-  Voir("survol-fonce", fenetre, [] { BoutonProgramme_MouseMove(14); });
+  Voir("configuration-patron", fenetre, [] { BoutonProgramme_Click(Commande::Configurer); });
+  Faire([] { BoutonProgramme_Click(Commande::AnnulerConfiguration); });
+  Voir("survol-fonce", fenetre, [] { BoutonProgramme_MouseMove(Commande::Configurer); });
   Faire(Picture2_MouseMove);
-  Faire([] { BoutonProgramme_Click(10); });
+  Faire([] { BoutonProgramme_Click(Commande::Demarrer); });
   for (int i = 0; i < 26; ++i) Faire(DuiteSuivante);
   Prendre("tissage-24", fenetre);
-  Voir("survol-clair", fenetre, [] { BoutonProgramme_MouseMove(8); });
+  Voir("survol-clair", fenetre, [] { BoutonProgramme_MouseMove(Commande::ChoisirDuite); });
   Faire(Picture2_MouseMove);
-  Voir("entree-duite", fenetre, [] { BoutonProgramme_Click(8); });
+  Voir("entree-duite", fenetre, [] { BoutonProgramme_Click(Commande::ChoisirDuite); });
   Faire([] { fenetre.FondEntreDuite.Visible = false; });
-  Voir("toile", fenetre, [] { BoutonProgramme_Click(4); });
-  Voir("arret", fenetre, [] { BoutonProgramme_Click(9); });
-  Voir("sauvegarde", feuilleRemarque, [] { BoutonProgramme_Click(2); });
-  Faire([] { BoutonProgramme_Click(14); });
+  Voir("toile", fenetre, [] { BoutonProgramme_Click(Commande::TisserToile); });
+  Voir("arret", fenetre, [] { BoutonProgramme_Click(Commande::Arreter); });
+  Voir("sauvegarde", feuilleRemarque, [] { BoutonProgramme_Click(Commande::Enregistrer); });
+  Faire([] { BoutonProgramme_Click(Commande::Configurer); });
   Faire([] {
     fenetre.ComConfiguration[2].Text = "16";
-    BoutonProgramme_Click(13);
+    BoutonProgramme_Click(Commande::SortirConfiguration);
   });
   Prendre("patron-16", fenetre);
-  Voir("diagnostic-16", fenetre, [] { BoutonProgramme_Click(18); });
-  Faire([] { BoutonProgramme_Click(19); });
+  Voir("diagnostic-16", fenetre, [] { BoutonProgramme_Click(Commande::Diagnostiquer); });
+  Faire([] { BoutonProgramme_Click(Commande::QuitterDiagnostic); });
 }
 
 void Vues::VoirBulles() {
@@ -181,7 +182,7 @@ void Vues::VoirBulles() {
       if (b->Visible) Prendre("bulle-" + nom, *b);
     Faire(FermerBulles);
   };
-  for (int i = 0; i <= 21; ++i)
+  for (int i = 0; i < Commande::Nombre; ++i)
     bulle((i < 10 ? "0" : "") + std::to_string(i), [i] { AfficherBulleBouton(i); });
   bulle("aide", AfficherBulleAide);
   bulle("barre", AfficherBulleBarre);
@@ -199,7 +200,7 @@ void Vues::VoirMessages() {
     AfficherRappel({true, "/home/weaver/Data/Figure24.Wif", "27", "2026-11-23", "08:15:30"});
   });
   Faire([] { Decharger(fenetreRappel); });
-  Voir("message-sans-liftplan", fenetreMessage, [] { BoutonProgramme_Click(1); });
+  Voir("message-sans-liftplan", fenetreMessage, [] { BoutonProgramme_Click(Commande::OuvrirMotif); });
   for (const int genre : {0, 1, 16, 32, 48, 64}) {
     Voir("message-court-" + std::to_string(genre), fenetreMessageCourt, [genre] {
       session.Etat = genre;
