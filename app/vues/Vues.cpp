@@ -40,6 +40,7 @@ class Vues::Machine : public PlateformeQt {
     Rafraichir();
   }
   void ShowOpen(DialogueFichier &d) override { d.FileName = DossierProgramme() + "/Data/" + Motif; }
+  double Aujourdhui() override { return 46349; }  // 2026-11-23
   std::function<void(Fenetre &)> PendantModal;
   std::string Motif;
 };

@@ -23,6 +23,8 @@ class Vues {
   void Parcourir(bool francais);
   // The native widget of a window.
   QWidget *Natif(const Controle &c) const;
+  // The program's folder.
+  std::string Dossier() const { return dossier_.path().toStdString(); }
 
  private:
   class Machine;
