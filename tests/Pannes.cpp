@@ -80,12 +80,12 @@ ssize_t __wrap_pread(int d, void *octets, std::size_t taille, off_t place) {
 
 ssize_t __real_pwrite(int d, const void *octets, std::size_t taille, off_t place);
 ssize_t __wrap_pwrite(int d, const void *octets, std::size_t taille, off_t place) {
-  const bool coupe = panne == Panne::Partielle || panne == Panne::Coupee;
+  const bool coupe = panne == Panne::Partielle || panne == Panne::Coupee || panne == Panne::Courte;
   if (arme && coupe && vus.size() + 1 == voulu) {
-    const ssize_t moitie = __real_pwrite(d, octets, taille / 2, place);
+    const ssize_t moitie = __real_pwrite(d, octets, (taille + 1) / 2, place);
     if (panne == Panne::Coupee) raise(SIGKILL);
     vus += 'w';
-    ++voulu;
+    voulu = panne == Panne::Courte ? 0 : voulu + 1;
     return moitie;
   }
   return Tombe('w') ? -1 : __real_pwrite(d, octets, taille, place);

@@ -11,6 +11,7 @@ enum class Panne {
   Mort,       // the process is killed before the n-th call
   Partielle,  // the n-th call, a write, writes half and the next one fails
   Coupee,     // the same, and the process is killed
+  Courte,     // the n-th call, a write, writes half, and nothing fails
 };
 // Counts calls from 1; n 0 fails none.
 void Armer(long n, Panne panne = Panne::Erreur);

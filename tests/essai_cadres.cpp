@@ -1,4 +1,4 @@
-// Whole frames as golden pictures, the pixels of the native window, and the life of every window.
+// The life of every window.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -18,7 +18,6 @@
 #include "kit/FenetreRappel.h"
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
-#include "kit/FondFenetre.h"
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 
@@ -108,55 +107,6 @@ class EssaiCadres : public testing::Test {
   std::unique_ptr<QTemporaryDir> dossier;
   std::unique_ptr<Machine> machine;
 };
-
-QImage EnImage(const Surface &s) {
-  const auto *pixels = reinterpret_cast<const uchar *>(s.Pixels().get());
-  return QImage(pixels, s.Largeur(), s.Hauteur(), QImage::Format_RGB32).copy();
-}
-
-void PeindreRemarque(Surface &s) { PeindreCadreRemarque(s, 0, 0, s.Largeur(), s.Hauteur()); }
-void PeindreInformation(Surface &s) { PeindreCadreInformation(s, 2, 1, s.Largeur() - 9, s.Hauteur() - 5); }
-void PeindrePanneau(Surface &s) { PeindreFondPanneau(s, Gris(224)); }
-void PeindreOnglet(Surface &s) { PeindreFondPanneauOnglet(s, "Configure", Gris(224)); }
-void PeindreCreux(Surface &s) { PeindreFondPanneauCreux(s, Gris(224)); }
-
-TEST_F(EssaiCadres, FramesAreThoseOfTheGoldenPictures) {
-  reglages.StyleCadreRemarque = 1;
-  for (const auto &[l, h] : {std::pair{589, 248}, std::pair{332, 187}}) {
-    Surface planche(l, 8 * h, Rgb(255, 0, 255));
-    int y = 0;
-    for (auto *peindre : {PeindreFenetreMessage, PeindreFondInformation, PeindreInformation, PeindreRemarque,
-                          PeindrePanneau, PeindreOnglet, PeindreCreux}) {
-      Surface s(l, h, Gris(192));
-      peindre(s);
-      planche.PaintPicture(s, 0, y), y += h;
-    }
-    for (int i = 0; i < 4; ++i) {
-      BoitePicture bouton;
-      Placer(bouton, 0, 0, l / 5 * kTwipsParPixel, h / 6 * kTwipsParPixel);
-      PreparerSurface(bouton);
-      (i < 2 ? PeindreFaceClaire : PeindreFaceFoncee)(bouton.Dessin);
-      if (i % 2) (i < 2 ? PeindreSurvolCarre : PeindreSurvolRond)(bouton);
-      planche.PaintPicture(bouton.Dessin, l / 4 * i, y + 5);
-    }
-    const QString nom = QStringLiteral("/cadres_%1x%2.png").arg(l).arg(h);
-    if (EnImage(planche) == QImage(BRANDIS_CADRES + nom).convertToFormat(QImage::Format_RGB32)) continue;
-    ADD_FAILURE() << nom.toStdString() << " differs or is missing; as painted: " BRANDIS_CADRES_PEINTS
-                  << (EnImage(planche).save(BRANDIS_CADRES_PEINTS + nom) ? "" : ", not written");
-  }
-}
-
-TEST_F(EssaiCadres, TheNativeWindowShowsThePixelsOfTheData) {
-  const QImage vue = Natif(fenetre)->grab().toImage().convertToFormat(QImage::Format_RGB32);
-  const QImage peau = EnImage(fenetre.Picture2.Dessin);
-  QRegion nue = Natif(fenetre)->mask();
-  for (QWidget *w : Natif(fenetre.Picture2)->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
-    if (w->isVisible()) nue -= w->geometry();
-  EXPECT_GT(nue.rectCount(), 100);
-  for (const QRect &r : nue) ASSERT_EQ(vue.copy(r), peau.copy(r)) << "row " << r.y();
-  const BoitePicture &face = fenetre.BoutonProgramme[Commande::BasculerBulles];  // no text is printed on it
-  EXPECT_EQ(vue.copy(Natif(face)->geometry()), EnImage(face.Dessin));
-}
 
 TEST_F(EssaiCadres, TheWindowIsDraggedCentredAndMinimisedByHand) {
   QWidget *barre = Natif(fenetre.BarreDeplacement), *cadre = Natif(fenetre);

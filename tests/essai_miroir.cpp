@@ -404,22 +404,4 @@ TEST_F(EssaiMiroir, AModalWindowHoldsItsProcedureButNotTheTimers) {
   EXPECT_FALSE(message.Chargee) << "the window manager closes a message";
   EXPECT_TRUE(f.Chargee && f.Visible) << "but not the main window";
 }
-
-TEST_F(EssaiMiroir, PixelsAreThoseOfTheData) {
-  f.Bouton.Dessin.Refaire(40, 29, Rgb(9, 8, 7));
-  f.Grille.Dessin.Refaire(515, 320, Rgb(250, 250, 240));
-  f.Grille.PicPourImage[11][24] = {5550, 2295, 225, 210, true, ImageCase::Rouge};
-  miroir().Refleter();
-  auto pixel = [&](const Controle &c, int x, int y) {
-    return Natif(f)->grab().toImage().pixelColor(Natif(c)->mapTo(Natif(f), QPoint(x, y))).name();
-  };
-  EXPECT_EQ(pixel(f.Bouton, 60, 10), "#c0c0c0") << "the background beside the picture";
-  EXPECT_EQ(pixel(f.Grille, 2 + 16 * 23, 3 + 15 * 10), "#ff0000");
-  EXPECT_EQ(pixel(f.Grille, 2 + 16 * 23 + 14, 3 + 15 * 10 + 13), "#ff0000");
-  EXPECT_EQ(pixel(f.Grille, 2 + 16 * 23 + 15, 3 + 15 * 10), "#fafaf0");
-  f.Grille.PicPourImage[11][24].Visible = false;
-  miroir().Refleter();
-  EXPECT_EQ(pixel(f.Grille, 2 + 16 * 23, 3 + 15 * 10), "#fafaf0");
-}
-
 }  // namespace
