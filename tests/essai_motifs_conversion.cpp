@@ -71,7 +71,7 @@ class Conversion : public BancConfigure {
       const ::Motif motif = LireMotif(chemin);
       InstallerProjet16(ComposerProjet16(motif, chemin, 45983, ""), pf.dossier + "/Data");
       Demarrer();
-      Commande(3);
+      Commander(Commande::Reprendre);
     } else {
       Demarrer();
       Configurer({{1, "COM 1"}, {5, "Pattern"}});
@@ -79,13 +79,13 @@ class Conversion : public BancConfigure {
     }
     EXPECT_EQ(session.NombreLames, lames);
     std::vector<Lames> levees;
-    Commande(10);
+    Commander(Commande::Demarrer);
     for (int d = 1; d <= session.NombreDuites; ++d) {
       EXPECT_EQ(session.DuiteCourante, d);
       levees.push_back(Levees());
       Rapport(lames == 16 ? "[CC]" : kRapport);
     }
-    Commande(9);
+    Commander(Commande::Arreter);
     return levees;
   }
 
