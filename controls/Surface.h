@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // 0x00RRGGBB.
@@ -17,7 +18,7 @@ constexpr int kTwipsParPixel = 15;
 
 // Size in points at 96 dots per inch.
 struct Police {
-  std::string Nom = "MS Sans Serif";
+  std::string_view Nom = "MS Sans Serif";  // a literal
   double Taille = 8.25;
   bool Gras = false;
   bool Italique = false;

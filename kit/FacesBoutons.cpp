@@ -96,7 +96,7 @@ void Gonfler(BoitePicture &bouton, const Face &face) {
   s.Cadre(1, 1, d - 1, b - 1, Gris(std::min(255, face.fond + 48)));
 }
 
-const Police kTitre{"Arial", 10, true, false};
+constexpr Police kTitre{"Arial", 10, true, false};
 
 bool EstVide(const std::string &texte) { return LTrim(texte).empty(); }
 

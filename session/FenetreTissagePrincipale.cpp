@@ -4,7 +4,7 @@
 #include "session/Commandes.h"
 
 namespace {
-const Police kGras{"Arial", 8.25, true, false};
+constexpr Police kGras{"Arial", 8.25, true, false};
 
 void PlacerSurface(FenetreTissagePrincipale &f) {
   Placer(f.Picture2, 0, 0, 12120, 9570);

@@ -25,7 +25,8 @@ std::string Citer(const std::string &texte) {
   return Octets(u'"' + Texte(texte).replace(u'\n', u"\\n"_qs) + u'"');
 }
 std::string Caracteres(const Police &p) {
-  return p.Nom + " " + Nombre(p.Taille) + (p.Gras ? " bold" : "") + (p.Italique ? " italic" : "");
+  return std::string(p.Nom) + " " + Nombre(p.Taille) + (p.Gras ? " bold" : "") +
+         (p.Italique ? " italic" : "");
 }
 std::string Caracteres(const QFont &f) {
   return std::to_string(f.pixelSize()) + " px" + (f.bold() ? " bold" : "") + (f.italic() ? " italic" : "") +
@@ -155,7 +156,7 @@ class Releveur : public Visiteur {
         const auto &label = static_cast<QLabel &>(w);
         // A path that is too long is shortened where the machine's type asks for it.
         trait("text", Citer(e.Abreger ? e.Caption : Octets(label.text())));
-        trait("type", e.Font.Nom + (e.Abreger ? ", shortened" : ""));
+        trait("type", std::string(e.Font.Nom) + (e.Abreger ? ", shortened" : ""));
         fonte();
         encre(QPalette::WindowText);
         trait("aligned", std::string(label.alignment() & Qt::AlignHCenter ? "centre" : "left") +
