@@ -15,6 +15,7 @@
 #include "loom/FinSurRapport.h"
 #include "mainwindow/CompositionFenetre.h"
 #include "session/Commandes.h"
+#include "session/DerniereSeance.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "session/Journal.h"
 #include "weaving/RetourLigne.h"
@@ -37,25 +38,32 @@ void TransmettreMessageIcone(int message) {
   if (bouge) bouge(0, message * double{kTwipsParPixel}, 0);
 }
 
-void NoterLigne(EvenementLigne evenement) {
+void NoterLigne(EvenementLigne evenement, const std::string &appareil) {
   const std::string port = "COM " + std::to_string(session.PortMetier) + " : ";
   switch (evenement) {
     case EvenementLigne::Ouverte:
-      return Noter(port + Selon("ligne ouverte", "line opened"));
+      return Noter(port + Selon("ligne ouverte", "line opened") + " (" + appareil + ")");
     case EvenementLigne::Attendue:
       return Noter(port +
                    Selon("ligne ouverte, le câble manque encore", "line opened, the cable is still out"));
     case EvenementLigne::Coupee:
       return Noter(port + Selon("ligne coupée", "line gone"));
     case EvenementLigne::Revenue:
-      return Noter(port + Selon("ligne revenue", "line back"));
+      return Noter(port + Selon("ligne revenue", "line back") + " (" + appareil + ")");
     case EvenementLigne::Bloquee:
       return Noter(port + Selon("le métier ne prend rien", "the loom takes nothing"));
     case EvenementLigne::Debloquee:
       return Noter(port + Selon("le métier prend à nouveau", "the loom takes again"));
     case EvenementLigne::Fermee:
+      OublierRetenue();
       return Noter(port + Selon("ligne fermée", "line closed"));
   }
+}
+
+// What the line kept back leaves when it takes again, unless a redraw has sent the pick anew.
+void ChangerLigne(EtatLigne etat) {
+  MontrerEtatLigne(etat);
+  if (etat == EtatLigne::Bonne) NoterRetenuePartie();
 }
 
 // Whoever has to find the place in the cloth again needs the pick more than the number of the failure.
@@ -88,7 +96,7 @@ void Monter(PlateformeQt &machine) {
   for (Fenetre *f : ToutesFenetres()) machine.LeMiroir().Ajouter(*f);
   machine.MessageIcone = TransmettreMessageIcone;
   machine.LigneVue = NoterLigne;
-  machine.LigneChangee = MontrerEtatLigne;
+  machine.LigneChangee = ChangerLigne;
   machine.LigneRevenue = RenvoyerDuite;
   machine.ApresRapport = RelacherAvantFin;
   machine.FinDemandee = [] { BoutonProgramme_Click(Commande::Quitter); };

@@ -70,7 +70,8 @@ void Ouvrir() {
   if (session.Etat == EtatEtape::Reussi) {
     session.Etat = EtatEtape::Rien;
     fenetre.PatronCharge = true;
-    NoterMotif(session.CheminWif, session.NombreDuitesWif);
+    NoterOuverture(session.NombreDuitesWif);
+    NoterMotif(session.CheminWif);
     MontrerDepartArret();
   }
   DessinerConfiguration();
@@ -118,6 +119,7 @@ void AvancerUneDuite() {
 void InverserDirection() {
   session.DirectionTissage = !session.DirectionTissage;
   BasculerInversion();
+  if (fenetre.TissageEnCours && session.DerniereDuiteEnvoyee) NoterSens();
 }
 
 void DemanderDuite() {

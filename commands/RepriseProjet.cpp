@@ -103,7 +103,7 @@ void RevenirAuProjetPrecedent(const std::string &raison) {
 void MontrerProjetRepris() {
   session.Etat = EtatEtape::Rien;
   fenetre.PatronCharge = true;
-  NoterReprise(session.CheminWif, session.NombreDuitesWif, session.DuiteCourante);
+  NoterReprise(session.NombreDuitesWif, session.DuiteCourante);
   ChangerVoyant(Commande::Arreter, true);
   ChangerVoyant(Commande::Demarrer, false);
   MontrerDepartArret();
@@ -255,6 +255,7 @@ void ReprendreProjet() {
   }
   RelireFichierWif();
   for (int i = 1; i <= session.NombreDuitesPatron; ++i) LireRepriseLigne(i);
+  NoterMotif(session.CheminWif);
   DessinerConfiguration();
   AppliquerConfiguration();
   LireLiaisons();

@@ -4,7 +4,7 @@
 
 #include "base/Table.h"
 #include "controls/Controles.h"
-#include "session/Journal.h"
+#include "session/DerniereSeance.h"
 
 struct FenetreRappel : Fenetre {
   FenetreRappel();
@@ -13,12 +13,14 @@ struct FenetreRappel : Fenetre {
 
   Etiquette LblTitre;
   Image DessinMessage;
-  Table<Etiquette, 4> Ligne;  // 1..4
+  Table<Etiquette, 5> Ligne;  // 1..5, the last of two rows
   BoitePicture BoutonOk;
 };
 
 extern FenetreRappel fenetreRappel;
 
-// Tells pattern, last pick sent, date and time, and gives the keyboard to its button: Enter, Space, Escape
-// and a click dismiss it. Fails with 481 on a missing picture.
+// Tells pattern, last pick sent, date and time, how it was woven, and where there is one the way that puts
+// its shed on the loom again. The way is reckoned for the language, the option and the direction in force,
+// those of a new process. Gives the keyboard to its button: Enter, Space, Escape and a click dismiss it.
+// Fails with 481 on a missing picture.
 void AfficherRappel(const DerniereSeance &seance);

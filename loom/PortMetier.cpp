@@ -5,6 +5,7 @@
 #include "loom/Protocoles.h"
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
+#include "session/Journal.h"
 
 namespace {
 // An open port is no failure of opening; every other failure ends the procedure.
@@ -61,6 +62,7 @@ void OuvrirPort() {
     AfficherErreurNumerotee(e);
     if (e.Number() != Erreur::PortInutilisable) return;
     fenetreMessageCourt.Ligne[3].Caption = MSComm1().RaisonRefus();
+    Noter(MSComm1().RaisonRefus());
     // The weaver must be able to reach the choice of the port.
     fenetre.BoutonProgramme[Commande::Configurer].Visible = true;
   }

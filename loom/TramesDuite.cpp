@@ -3,6 +3,7 @@
 #include "base/TexteNumerique.h"
 #include "loom/PortMetier.h"
 #include "loom/Protocoles.h"
+#include "loom/RetourDuite.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "session/Journal.h"
 
@@ -29,7 +30,7 @@ void NoterTrame(const Tranches &t) {
       if (i < tranche.size() && tranche[tranche.size() - 1 - i] == '1') lames.push_back(lame + 1);
   }
   const std::string &ligne = session.LignesTravail[session.DuiteCourante];
-  NoterDuite(session.DuiteCourante, ligne.substr(0, ligne.find('=')), lames);
+  NoterDuite(session.DuiteCourante, ligne.substr(0, ligne.find('=')), lames, DuiteRetrouvable());
 }
 }  // namespace
 

@@ -13,15 +13,11 @@
 #include "pattern/LignesFichier.h"
 #include "pattern/MatriceLames.h"
 #include "session/FenetreTissagePrincipale.h"
+#include "session/Journal.h"
 #include "weaving/PlansTissage.h"
 #include "weaving/SequenceurDuites.h"
 
 namespace {
-struct Paire {
-  const char *francais, *anglais;
-  std::string Texte() const { return Selon(francais, anglais); }
-};
-
 constexpr Paire kEtiquettes[9] = {{"", ""},
                                   {"Métier Port:", "Loom Port:"},
                                   {"Nombre Lames:", "Number of Harnesses:"},
@@ -32,8 +28,6 @@ constexpr Paire kEtiquettes[9] = {{"", ""},
                                   {"Départ Patron:", "Starting Bar:"},
                                   {"Départ Toile:", "Starting Tabby:"}};
 constexpr Paire kDeroulement[2] = {{"Haut", "Up"}, {"Bas", "Down"}};
-constexpr Paire kOptions[3] = {
-    {"Patron", "Pattern"}, {"Toile", "Tabby"}, {"Patron et Toile", "Pattern and Tabby"}};
 constexpr Paire kDirections[2] = {{"Suivant", "Forward"}, {"Précédent", "Reverse"}};
 constexpr Paire kToiles[2] = {{"Liaison A", "Tabby A"}, {"Liaison B", "Tabby B"}};
 constexpr int kDuitesActives = 11;
@@ -47,7 +41,7 @@ bool Est(const std::string &texte, const Paire &paire) {
 
 std::vector<std::string> Textes(std::initializer_list<Paire> paires) {
   std::vector<std::string> liste;
-  for (const Paire &p : paires) liste.push_back(p.Texte());
+  for (const Paire &p : paires) liste.push_back(p.EnVigueur());
   return liste;
 }
 
@@ -56,7 +50,7 @@ void RemplirListes() {
   Champ(2).Liste = {"16", "24"};
   Champ(3).Liste = {std::to_string(kDuitesActives)};
   Champ(4).Liste = Textes({kDeroulement[0], kDeroulement[1]});
-  Champ(5).Liste = Textes({kOptions[0], kOptions[1], kOptions[2]});
+  Champ(5).Liste = Textes({kNomsOption[0], kNomsOption[1], kNomsOption[2]});
   Champ(6).Liste = Textes({kDirections[0], kDirections[1]});
   Champ(7).Liste.clear();
   for (int i = 1; i <= session.NombreDuites; ++i) Champ(7).Liste.push_back(std::to_string(i));
@@ -71,13 +65,13 @@ void EcrireValeurs() {
     Champ(2).Text = std::to_string(session.NombreLames);
   // The list has one item and shows it whatever the variable was.
   Champ(3).Text = std::to_string(kDuitesActives);
-  Champ(4).Text = kDeroulement[session.DirectionDeroulement ? 0 : 1].Texte();
-  if (session.LangueFrancaise) Champ(5).Text = kOptions[0].francais;
+  Champ(4).Text = kDeroulement[session.DirectionDeroulement ? 0 : 1].EnVigueur();
+  if (session.LangueFrancaise) Champ(5).Text = kNomsOption[0].francais;
   if (session.OptionTissage >= 1 && session.OptionTissage <= 3)
-    Champ(5).Text = kOptions[session.OptionTissage - 1].Texte();
-  Champ(6).Text = kDirections[session.DirectionTissage ? 1 : 0].Texte();
+    Champ(5).Text = kNomsOption[session.OptionTissage - 1].EnVigueur();
+  Champ(6).Text = kDirections[session.DirectionTissage ? 1 : 0].EnVigueur();
   Champ(7).Text = std::to_string(session.DuiteCourante);
-  Champ(8).Text = kToiles[session.ToileDepart ? 0 : 1].Texte();
+  Champ(8).Text = kToiles[session.ToileDepart ? 0 : 1].EnVigueur();
 }
 
 void LireDirections() {
@@ -137,7 +131,7 @@ void PlacerTrame() {
 
 void LireOption() {
   for (int i = 0; i < 3; ++i)
-    if (Est(TexteChamp(5), kOptions[i])) session.OptionTissage = i + 1;
+    if (Est(TexteChamp(5), kNomsOption[i])) session.OptionTissage = i + 1;
 }
 
 void ConstruirePlan() {
@@ -155,6 +149,7 @@ void ConstruirePlan() {
     default:
       break;
   }
+  NoterPlan();
 }
 
 // The pattern file once more: from a "[LIFTPLAN]" line to the next blank or closing line. False when there is
@@ -180,7 +175,7 @@ bool RelirePlan() {
 }  // namespace
 
 void DessinerConfiguration() {
-  for (int i = 1; i <= 8; ++i) fenetre.LblConfiguration[i].Caption = kEtiquettes[i].Texte();
+  for (int i = 1; i <= 8; ++i) fenetre.LblConfiguration[i].Caption = kEtiquettes[i].EnVigueur();
   RemplirListes();
   EcrireValeurs();
   PreparerSurface(fenetre.FenetreConfiguration);

@@ -8,10 +8,35 @@
 #include "session/FenetreTissagePrincipale.h"
 
 namespace {
-void MarquerLame(Entier duite, double nombre) {
+int Lame(double nombre) {
   const double lame = ArrondirAuPair(nombre);
   if (!(lame >= 0 && lame <= kLames)) throw ErreurExecution(Erreur::Indice);
-  session.MatriceLames(duite, static_cast<int>(lame)) = 1;
+  return static_cast<int>(lame);
+}
+
+// Gives each harness of a line to `marquer`. False for a lone number, which gets no bits.
+template <class F>
+bool ParcourirLames(const std::string &texte, F &&marquer) {
+  Table<Entier, 50> virgules;  // places from 1; element 0 is the place before the text
+  Entier nombreVirgules;
+  const Entier longueur(static_cast<long long>(texte.size()));
+  for (int i = 1; i <= longueur; ++i)
+    if (texte[static_cast<std::size_t>(i - 1)] == ',') virgules[++nombreVirgules] = i;
+
+  if (nombreVirgules == 0) {  // a lone number takes the short way, and the frame raises nothing for it
+    const double nombre = Val(texte);
+    marquer(Lame(nombre > kLames ? nombre : Val(Str(nombre))));
+    return false;
+  }
+  const std::string_view vue = texte;
+  auto entre = [&vue](int debut, int fin) {
+    return Lame(Val(vue.substr(static_cast<std::size_t>(debut), static_cast<std::size_t>(fin - debut - 1))));
+  };
+  marquer(entre(0, virgules[1]));
+  for (int k = 1; k <= nombreVirgules; ++k) marquer(entre(virgules[k - 1], virgules[k]));
+  virgules[nombreVirgules + 1] = longueur + 1;  // 50 commas have no place for the end of the text
+  marquer(entre(virgules[nombreVirgules], virgules[nombreVirgules + 1]));
+  return true;
 }
 
 // What stands behind the first "=", or the whole line.
@@ -39,26 +64,14 @@ void ConstruireMatrice() {
 }
 
 void LireLigneLames(const std::string &texte, Entier duite) {
-  Table<Entier, 50> virgules;  // places from 1; element 0 is the place before the text
-  Entier nombreVirgules;
-  const Entier longueur(static_cast<long long>(texte.size()));
-  for (int i = 1; i <= longueur; ++i)
-    if (texte[static_cast<std::size_t>(i - 1)] == ',') virgules[++nombreVirgules] = i;
+  if (ParcourirLames(texte, [duite](int lame) { session.MatriceLames(duite, lame) = 1; }))
+    ConstruireBits(duite);
+}
 
-  if (nombreVirgules == 0) {  // a lone number takes the short way, and the frame raises nothing for it
-    const double nombre = Val(texte);
-    MarquerLame(duite, nombre > kLames ? nombre : Val(Str(nombre)));
-    return;
-  }
-  const std::string_view vue = texte;
-  auto entre = [&vue](int debut, int fin) {
-    return Val(vue.substr(static_cast<std::size_t>(debut), static_cast<std::size_t>(fin - debut - 1)));
-  };
-  MarquerLame(duite, entre(0, virgules[1]));
-  for (int k = 1; k <= nombreVirgules; ++k) MarquerLame(duite, entre(virgules[k - 1], virgules[k]));
-  virgules[nombreVirgules + 1] = longueur + 1;  // 50 commas have no place for the end of the text
-  MarquerLame(duite, entre(virgules[nombreVirgules], virgules[nombreVirgules + 1]));
-  ConstruireBits(duite);
+std::string BitsDeLigne(const std::string &ligne, int lames) {
+  std::string bits(kLames + 1, '0');
+  if (!ParcourirLames(DerriereEgal(ligne), [&bits](int lame) { bits[kLames - lame] = '1'; })) return "";
+  return bits.substr(static_cast<std::size_t>(kLames - lames), static_cast<std::size_t>(lames));
 }
 
 void LireCaseMatrice(Entier duite) {
@@ -71,13 +84,6 @@ void EcrireIndicateurLigne(Entier rangee, Entier duite) {
   if (ligne.empty() || ligne == "[LIFTPLAN]") return;
   const auto egal = ligne.find('=');
   if (egal == std::string::npos) throw ErreurExecution(Erreur::AppelInvalide);
-  const std::string cle = ligne.substr(0, egal);
-  const Entier numero = Arrondir(Val(cle));
-  std::string &etiquette = fenetre.LblIndiqueLigneRendu[rangee].Caption;
-  if (numero > 0)
-    etiquette = FormatQuatreChiffres(numero);
-  else if (Trim(cle) == "TabbyA")
-    etiquette = Selon("LiaisonA", "TabbyA");
-  else if (Trim(cle) == "TabbyB")
-    etiquette = Selon("LiaisonB", "TabbyB");
+  const std::string indicateur = IndicateurDeCle(ligne.substr(0, egal));
+  if (!indicateur.empty()) fenetre.LblIndiqueLigneRendu[rangee].Caption = indicateur;
 }

@@ -14,6 +14,9 @@ void ConstruireMatrice();
 // of a single number marks its cell but gets no bits.
 void LireLigneLames(const std::string &texte, Entier duite);
 
+// The bits of a whole plan line by itself, as a loom of so many harnesses gets them. Fails as the above.
+std::string BitsDeLigne(const std::string &ligne, int lames);
+
 // Reads the cells of a pick when the cursor stands on 1, and throws them away.
 void LireCaseMatrice(Entier duite);
 

@@ -4,29 +4,29 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <ctime>
-#include <fstream>
-#include <string_view>
+#include <optional>
+#include <utility>
 
 #include "platform/Plateforme.h"
-#include "session/ModuleTissage.h"
+#include "session/FenetreTissagePrincipale.h"
+#include "session/FormatJournal.h"
+
+using namespace FormatJournal;
 
 namespace {
-// How the lines begin that the next start reads back, in either language.
-struct Debut {
-  const char *francais, *anglais;
-  std::string Texte() const { return Selon(francais, anglais); }
+std::string rapport;   // the line of a report that waits for the shed behind it
+bool entamee = false;  // the file ends within a line
+
+// A pick that the line keeps back.
+struct Retenue {
+  Entier duite;
+  std::string suite;  // of its line, behind the number
 };
-constexpr Debut kFin{"Programme quitté", "Program left by Quit"};
-constexpr Debut kMotif{"Motif : ", "Pattern: "};
-constexpr Debut kDuite{"Duite envoyée : ", "Pick sent: "};
-constexpr std::size_t kJour = 10, kHeure = 8, kTexte = kJour + 1 + kHeure + 2;  // columns of a line
+std::optional<Retenue> retenue;
 
 std::string Chemin(const char *nom) { return plateforme().DossierProgramme() + "/Data/" + nom; }
-std::string CheminJournal() { return Chemin("Journal.txt"); }
-std::string CheminAncien() { return Chemin("Journal.1.txt"); }
 
 std::string Maintenant() {
   const std::time_t instant = std::time(nullptr);
@@ -45,60 +45,35 @@ std::string EnUneLigne(std::string texte) {
 
 std::string Ligne(const std::string &fait) { return Maintenant() + "  " + EnUneLigne(fait) + "\n"; }
 
-void Ajouter(const std::string &ligne, bool pousser = true) {
-  // Without waiting where it is a pipe, which it must not be.
-  const int d = open(CheminJournal().c_str(),
-                     O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
-  if (d < 0) return;
+// Without waiting where it is a pipe, which it must not be. Below 0 where there is no journal.
+int Ouvrir(int acces) {
+  const int d = open(CheminJournal().c_str(), acces | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666);
   struct stat infos {};
-  if (fstat(d, &infos) == 0 && S_ISREG(infos.st_mode) &&
-      write(d, ligne.data(), ligne.size()) == static_cast<ssize_t>(ligne.size())) {
-    if (pousser) plateforme().PousserSurDisque(d);
-    if (infos.st_size + static_cast<off_t>(ligne.size()) > kTailleJournal)
-      (void)std::rename(CheminJournal().c_str(), CheminAncien().c_str());
-  }
+  if (d < 0 || (fstat(d, &infos) == 0 && S_ISREG(infos.st_mode))) return d;
+  close(d);
+  return -1;
+}
+
+// In one write, behind the mark of a line without its end and the report that waited.
+void Ajouter(const std::string &ligne) {
+  const std::string lignes = (entamee ? kCoupe + std::string("\n") : "") + std::exchange(rapport, "") + ligne;
+  const int d = Ouvrir(O_WRONLY | O_APPEND | O_CREAT);
+  if (d < 0) return;
+  const ssize_t ecrits = write(d, lignes.data(), lignes.size());
+  if (ecrits > 0) entamee = lignes[static_cast<std::size_t>(ecrits) - 1] != '\n';
+  plateforme().PousserSurDisque(d);
+  if (lseek(d, 0, SEEK_END) > kTailleJournal && !entamee)
+    (void)std::rename(CheminJournal().c_str(), CheminAncienJournal().c_str());
   close(d);
 }
 
-// What stands behind one of these beginnings in a line of the journal; null where it begins otherwise.
-const char *Apres(const std::string &ligne, const Debut &debut) {
-  for (const std::string_view mot : {std::string_view(debut.francais), std::string_view(debut.anglais)})
-    if (ligne.size() >= kTexte + mot.size() && ligne.compare(kTexte, mot.size(), mot) == 0)
-      return ligne.c_str() + kTexte + mot.size();
-  return nullptr;
-}
-
-bool Regulier(const std::string &chemin) {
-  struct stat infos {};
-  return lstat(chemin.c_str(), &infos) == 0 && S_ISREG(infos.st_mode);
-}
-
-// The last whole line; empty where there is none.
-std::string DerniereLigne(const std::string &chemin) {
-  constexpr long kFenetre = 8192;  // bytes, more than a line has
-  if (!Regulier(chemin)) return "";
-  std::ifstream fichier(chemin, std::ios::binary | std::ios::ate);
-  const long taille = static_cast<long>(fichier.tellg());
-  fichier.seekg(std::max(0L, taille - kFenetre));
-  std::string derniere;
-  for (std::string ligne; std::getline(fichier, ligne);)
-    if (!ligne.empty()) derniere = ligne;
-  return derniere;
-}
-
-void Parcourir(const std::string &chemin, DerniereSeance &seance) {
-  if (!Regulier(chemin)) return;
-  std::ifstream fichier(chemin, std::ios::binary);
-  for (std::string ligne; std::getline(fichier, ligne);) {
-    if (const char *motif = Apres(ligne, kMotif)) {
-      seance.motif = motif;
-    } else if (const char *duite = Apres(ligne, kDuite)) {
-      const std::string_view suite = duite;
-      seance.duite = suite.substr(0, suite.find(' '));
-      seance.jour = ligne.substr(0, kJour);
-      seance.heure = ligne.substr(kJour + 1, kHeure);
-    }
-  }
+bool FinitDansUneLigne() {
+  const int d = Ouvrir(O_RDONLY);
+  if (d < 0) return false;
+  char derniere = '\n';
+  if (lseek(d, -1, SEEK_END) >= 0) (void)!read(d, &derniere, 1);
+  close(d);
+  return derniere != '\n';
 }
 
 std::string Liste(const std::vector<int> &lames) {
@@ -107,45 +82,77 @@ std::string Liste(const std::vector<int> &lames) {
   for (int lame : lames) liste += (liste.empty() ? "" : ", ") + std::to_string(lame);
   return Selon("lames ", "harnesses ") + liste;
 }
+
+void NoterEnvoi(Entier duite, const std::string &suite) {
+  session.DerniereDuiteEnvoyee = duite;
+  Noter(kDuite.EnVigueur() + std::to_string(duite) + suite);
+}
 }  // namespace
+
+std::string CheminJournal() { return Chemin("Journal.txt"); }
+std::string CheminAncienJournal() { return Chemin("Journal.1.txt"); }
 
 void Noter(const std::string &fait) { Ajouter(Ligne(fait)); }
 
-void NoterDepart() { Noter("Brandis : programme démarré / program started"); }
-void NoterFin() { Noter(kFin.Texte()); }
-
-void NoterMotif(const std::string &chemin, Entier duites) {
-  Noter(Selon("Ouverture : ", "Opened: ") + std::to_string(duites) + Selon(" duites", " picks"));
-  Noter(kMotif.Texte() + chemin);
+void NoterDepart() {
+  entamee = FinitDansUneLigne();
+  Noter("Brandis : programme démarré / program started");
 }
 
-void NoterReprise(const std::string &chemin, Entier duites, Entier duite) {
+void NoterFin() { Noter(kFin.EnVigueur()); }
+
+void NoterOuverture(Entier duites) {
+  Noter(Selon("Ouverture : ", "Opened: ") + std::to_string(duites) + Selon(" duites", " picks"));
+}
+
+void NoterReprise(Entier duites, Entier duite) {
   Noter(Selon("Reprise du projet : ", "Project resumed: ") + std::to_string(duites) +
         Selon(" duites, curseur sur ", " picks, cursor on ") + std::to_string(duite));
-  Noter(kMotif.Texte() + chemin);
 }
 
-void NoterDuite(Entier duite, const std::string &cle, const std::vector<int> &lames) {
-  session.DerniereDuiteEnvoyee = duite;
-  Noter(kDuite.Texte() + std::to_string(duite) + Selon(" (ligne ", " (line ") + cle + "), " + Liste(lames));
+void NoterMotif(const std::string &chemin) { Noter(kMotif.EnVigueur() + chemin); }
+
+void NoterPlan() {
+  const bool melange = session.OptionTissage == Option::PatronEtToile;
+  session.DepartPlan = melange ? int{session.DuiteCourante} : 0;
+  if (session.NombreDuitesWif < 1) return;
+  std::string plan = kPlan.EnVigueur() + NomOption(session.OptionTissage) + ", " +
+                     std::to_string(session.NombreDuites) + Selon(" duites", " picks");
+  if (melange) plan += Selon(", depuis la ", ", from ") + std::to_string(session.DepartPlan);
+  if (session.OptionTissage == Option::Toile && fenetre.DuiteAvantToile > 0)
+    plan += Selon(", patron quitté à la ", ", pattern left at ") + std::to_string(fenetre.DuiteAvantToile);
+  Noter(plan);
 }
 
-// Pushed with the pick that follows it, which must not wait for the disk.
-void NoterRapport() { Ajouter(Ligne(Selon("Métier : cycle terminé", "Loom: cycle complete")), false); }
+void NoterSens() {
+  Noter(kSens.EnVigueur() +
+        (session.DirectionTissage ? std::string(kInverse.EnVigueur()).substr(2) : Selon("avant", "forward")));
+}
+
+void NoterDuite(Entier duite, const std::string &cle, const std::vector<int> &lames, bool retrouvable) {
+  const std::string suite = std::string(session.DirectionTissage ? kInverse.EnVigueur() : "") +
+                            (retrouvable ? "" : kSansRetour.EnVigueur()) + kLigne.EnVigueur() + cle +
+                            kFinLigne + Liste(lames);
+  OublierRetenue();
+  if (!plateforme().MSComm1().Retenu()) return NoterEnvoi(duite, suite);
+  retenue = {duite, suite};
+  Noter(Selon("Duite retenue pour la ligne : ", "Pick kept for the line: ") + std::to_string(duite) + suite);
+}
+
+void NoterRetenuePartie() {
+  if (const auto partie = std::exchange(retenue, std::nullopt)) NoterEnvoi(partie->duite, partie->suite);
+}
+
+void OublierRetenue() { retenue.reset(); }
+
+void NoterRapport() { rapport += Ligne(Selon("Métier : cycle terminé", "Loom: cycle complete")); }
+
+void EcrireRapport() {
+  if (!rapport.empty()) Ajouter("");
+}
 
 void NoterMessage(const std::string &titre, const std::string &texte) {
   Noter("Message : " + titre + " : " + texte);
-}
-
-DerniereSeance LireDerniereSeance() {
-  DerniereSeance seance;
-  std::string derniere = DerniereLigne(CheminJournal());
-  if (derniere.empty()) derniere = DerniereLigne(CheminAncien());
-  seance.inachevee = !derniere.empty() && !Apres(derniere, kFin);
-  if (!seance.inachevee) return seance;
-  Parcourir(CheminAncien(), seance);
-  Parcourir(CheminJournal(), seance);
-  return seance;
 }
 
 std::string TexteDerniereDuite() {

@@ -1,6 +1,7 @@
 // Data/Journal.txt: what happened, a line each with date and time, in plain words for the weaver. Lines are
 // only ever appended, and are pushed to the disk without waiting for it, so that they outlive a power cut.
-// A journal that cannot be written is done without, silently. Control characters become blanks.
+// A journal that cannot be written is done without, silently. Control characters become blanks. What the next
+// start reads back of it: session/DerniereSeance.h.
 #pragma once
 
 #include <string>
@@ -13,24 +14,32 @@ constexpr long kTailleJournal = 5'000'000;  // bytes; a longer one becomes Journ
 // One line of one's own words.
 void Noter(const std::string &fait);
 
-void NoterDepart();  // in both languages, since the one in force is not known yet
-void NoterFin();     // by Quit; its absence is what the next start looks for
-void NoterMotif(const std::string &chemin, Entier duites);
-void NoterReprise(const std::string &chemin, Entier duites, Entier duite);
-// A frame that went to the line: the pick, the key of its plan line, and the harnesses that the frame raises,
-// in their order. Keeps the pick as `DerniereDuiteEnvoyee` of the session.
-void NoterDuite(Entier duite, const std::string &cle, const std::vector<int> &lames);
-void NoterRapport();  // of the loom; pushed with the pick that follows it
-void NoterMessage(const std::string &titre, const std::string &texte);
+// In both languages, since the one in force is not known yet. Looks once whether a power cut left a line
+// without its end, and marks it.
+void NoterDepart();
+void NoterFin();  // by Quit; its absence is what the next start looks for
+void NoterOuverture(Entier duites);
+void NoterReprise(Entier duites, Entier duite);
+void NoterMotif(const std::string &chemin);
+// The plan that was just built, with NombreDuites, and for pattern and tabby the cursor, which is kept as
+// `DepartPlan`. Nothing is written while there is no pattern.
+void NoterPlan();
+void NoterSens();  // in which the next step goes
 
-// What the journal tells of the time before this start.
-struct DerniereSeance {
-  bool inachevee = false;   // it did not end by Quit
-  std::string motif;        // path of the last pattern, empty for none
-  std::string duite;        // number of the last pick sent, empty for none
-  std::string jour, heure;  // of that pick, as the journal has them
-};
-DerniereSeance LireDerniereSeance();
+// A frame handed to the line: the pick, the key of its plan line, the harnesses that the frame raises, in
+// their order, and whether a new process can put the same shed on the loom. Keeps the pick as
+// `DerniereDuiteEnvoyee` of the session, unless the line keeps the frame back.
+void NoterDuite(Entier duite, const std::string &cle, const std::vector<int> &lames, bool retrouvable);
+// What the line kept back has left, or never will.
+void NoterRetenuePartie();
+void OublierRetenue();
+
+// The loom's report. Written with the next line, so that the shed leaves first, or by `EcrireRapport` where
+// none came.
+void NoterRapport();
+void EcrireRapport();
+
+void NoterMessage(const std::string &titre, const std::string &texte);
 
 // "Last pick sent: 12", or that there was none in this process.
 std::string TexteDerniereDuite();

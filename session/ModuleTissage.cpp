@@ -1,5 +1,6 @@
 #include "session/ModuleTissage.h"
 
+#include "base/TexteNumerique.h"
 #include "platform/Plateforme.h"
 
 Session session;
@@ -29,4 +30,16 @@ std::string TitreErreur() { return Selon("Erreur", "Error"); }
 
 std::string Selon(const std::string &francais, const std::string &anglais) {
   return session.LangueFrancaise ? francais : anglais;
+}
+
+std::string NomOption(int option) {
+  return option >= 1 && option <= 3 ? kNomsOption[option - 1].EnVigueur() : Selon("aucun", "none");
+}
+
+std::string IndicateurDeCle(const std::string &cle) {
+  const Entier numero = Arrondir(Val(cle));
+  if (numero > 0) return FormatQuatreChiffres(numero);
+  if (Trim(cle) == "TabbyA") return Selon("LiaisonA", "TabbyA");
+  if (Trim(cle) == "TabbyB") return Selon("LiaisonB", "TabbyB");
+  return "";
 }

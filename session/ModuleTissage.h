@@ -56,6 +56,7 @@ struct Session {
   std::string CheminApplication;               // the program's folder, with its separator
   std::string MessageErreur;                   // text of the last reported error
   std::optional<Entier> DerniereDuiteEnvoyee;  // that went to the line in this process
+  Entier DepartPlan;  // cursor at which the plan of pattern and tabby was built, 0 for the other plans
   Entier IntervalleMessageCourt;  // milliseconds between ticks of the short message, 0 before the first
 
   // Hover of the main window's buttons.
@@ -91,3 +92,13 @@ struct EnLangues {
   constexpr const T &EnVigueur() const { return session.LangueFrancaise ? francais : anglais; }
 };
 using Paire = EnLangues<const char *>;
+
+// The ways of weaving as the panel lists them: that of option n at [n - 1].
+constexpr Paire kNomsOption[3] = {
+    {"Patron", "Pattern"}, {"Toile", "Tabby"}, {"Patron et Toile", "Pattern and Tabby"}};
+// That of an option in the language in force; "aucun" or "none" for any other number.
+std::string NomOption(int option);
+
+// The label beside a row of the draft, by the key of its plan line: the number at its head, or the name of
+// the tabby in the language in force; empty for any other key. Fails with 6 on a number above 32767.
+std::string IndicateurDeCle(const std::string &cle);

@@ -51,7 +51,7 @@ void Court() { AfficherMessageCourt(TitreErreur(), "un"); }
 void Message() { AfficherMessage("texte"); }
 void Erreurs() { session.Etat = 8, plateforme().MontrerModal(Charger(erreur)); }
 void Note() { AfficherRemarque("titre"); }
-void Rappel() { AfficherRappel({true, "m.wif", "7", "2026-01-02", "03:04:05"}); }
+void Rappel() { AfficherRappel({true, "m.wif", "7", "2026-01-02", "03:04:05", "7", false, true, {1, 20, 0, 0}}); }
 void Progres() { attente.Montrer(true); }
 const Cas kCas[] = {
     {bulleInfoHautDroit, Bulle0, {}, fenetre.Remarque.Caption, "Fermer", "End the"},

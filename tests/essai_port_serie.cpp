@@ -14,6 +14,7 @@
 #include <cstdarg>
 
 #include "platform/qt/PortSerieQt.h"
+#include "platform/qt/RefusPort.h"
 #include "platform/qt/ReglagesPort.h"
 #include "tests/Banc.h"
 
@@ -31,6 +32,15 @@ extern "C" int ioctl(int fd, unsigned long demande, ...) noexcept {
     return 0;
   }
   return static_cast<int>(syscall(SYS_ioctl, fd, demande, reponse));
+}
+
+// A serial line of the system behind which there is no chip opens, and answers nothing.
+bool sansPuce = false;
+extern "C" int __real_tcgetattr(int descripteur, termios *etat);
+extern "C" int __wrap_tcgetattr(int descripteur, termios *etat) {
+  if (!sansPuce) return __real_tcgetattr(descripteur, etat);
+  errno = EIO;
+  return -1;
 }
 
 namespace {
@@ -135,6 +145,9 @@ TEST_F(EssaiPortSerie, UnusablePortsAre8002) {
     EXPECT_TRUE(port.RaisonRefus().ends_with(raison)) << port.RaisonRefus();
   }
   const std::string debut = "COM 1 (" + std::string(ptsname(maitre)) + ")";
+  sansPuce = true;
+  EXPECT_EQ(RaisonRefusPort(1, Ports() / "com1"), debut + ": this is not a serial line.");
+  sansPuce = false;
   {
     PortSerieQt autre(dossier.path().toStdString());
     autre.PortOpen(true);

@@ -1,6 +1,5 @@
 // A weaver's session, command by command: what stands on the window and what goes over the line.
 #include "mainwindow/PanneauConfiguration.h"
-#include "session/Journal.h"
 #include "tests/Banc.h"
 
 namespace fs = std::filesystem;
@@ -154,58 +153,6 @@ TEST_F(SessionEntiere, NoShedWaitsForTheDisk) {
   Rapport();
   Rapport();
   EXPECT_EQ(pf.poussees, (std::vector<std::size_t>{1, 2}));
-}
-
-TEST_F(SessionEntiere, TheJournalKnowsWhatWasOnTheLoom) {
-  const auto faits = [this] {  // without date and time
-    V textes;
-    std::istringstream journal(LireFichier("Journal.txt"));
-    for (std::string l; std::getline(journal, l);) textes.push_back(l.substr(21));
-    return textes;
-  };
-  OuvrirLignes({"1=1,9", "2=2,16", "7=3,17"});
-  fs::remove(Data("Journal.txt"));
-  Commander(Commande::Demarrer);
-  Rapport();
-  Entrer("3");
-  Entrer("0");
-  EXPECT_EQ(faits(),
-            (V{"Pick sent: 1 (line 1), harnesses 1, 9, 17", "Loom: cycle complete",
-               "Pick sent: 2 (line 2), harnesses 2, 16, 18", "Pick sent: 3 (line 7), harnesses 3, 19",
-               "Pick sent: 0 (line [LIFTPLAN]), no harness"}));
-  EXPECT_EQ(TexteDerniereDuite(), "Last pick sent: 0");
-  Entrer("2");
-  const DerniereSeance coupee = LireDerniereSeance();
-  EXPECT_TRUE(coupee.inachevee);
-  EXPECT_EQ(coupee.duite + coupee.motif, "2");  // the line of the pattern went with the file
-  Commander(Commande::Arreter);
-  Commander(Commande::Rafraichir);
-  fenetre.Drapeau[1].Click();
-  Ouvrir(Data("motif.wif"));
-  EXPECT_EQ(LireDerniereSeance().motif, Data("motif.wif"));
-  BoutonProgramme_Click(Commande::Quitter);
-  EXPECT_EQ(faits().back(), "Programme quitté");
-  EXPECT_FALSE(LireDerniereSeance().inachevee);
-
-  // Full: it moves on, and the start looks into both. Neither a folder nor a link in its place stops a pick.
-  EcrireFichier("Journal.txt", std::string(kTailleJournal, 'x') + "\n2026-\n" +
-                                   "2026-01-02 03:04:05  Duite envoyée : 37 (ligne 37), lames 1\n");
-  Noter("full");
-  EXPECT_FALSE(fs::exists(Data("Journal.txt")));
-  const DerniereSeance ancienne = LireDerniereSeance();
-  EXPECT_EQ(ancienne.duite + " " + ancienne.jour + " " + ancienne.heure, "37 2026-01-02 03:04:05");
-  AfficherRappel(ancienne);
-  EXPECT_NE(pf.messages.back().find("|Dernière duite envoyée : 37, le 2026-01-02 à 03:04:05|"),
-            std::string::npos);
-  fs::remove(Data("Journal.txt"));
-  fs::create_symlink(EcrireFichier("cible", ""), Data("Journal.txt"));
-  Noter("not here");
-  EXPECT_EQ(LireFichier("cible"), "");
-  fs::remove(Data("Journal.txt"));
-  fs::create_directory(Data("Journal.txt"));
-  Ecrits();
-  BoutonProgramme_Click(Commande::Demarrer);
-  EXPECT_FALSE(Ecrits().empty());
 }
 
 TEST_F(SessionEntiere, SkipAndStartOutsideWeaving) {

@@ -11,6 +11,7 @@ void Avancer() {
   session.Etat = EtatEtape::CycleComplet;
   NoterRapport();
   Poursuivre(DuiteSuivante);
+  EcrireRapport();
 }
 
 void LaisserPasser() {

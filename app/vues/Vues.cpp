@@ -198,7 +198,8 @@ void Vues::VoirMessages() {
   Voir("ligne-coupee", fenetreLigne, [] { MontrerEtatLigne(EtatLigne::Coupee); });
   Faire([] { MontrerEtatLigne(EtatLigne::Bonne); });
   Voir("rappel", fenetreRappel, [] {
-    AfficherRappel({true, "/home/weaver/Data/Figure24.Wif", "27", "2026-11-23", "08:15:30"});
+    AfficherRappel({true, "/home/weaver/Data/Figure24.Wif", "227", "2026-11-23", "08:15:30", "122", true, true,
+                    {Option::PatronEtToile, 385, 17, 0}});
   });
   Faire([] { Decharger(fenetreRappel); });
   Voir("message-sans-liftplan", fenetreMessage, [] { BoutonProgramme_Click(Commande::OuvrirMotif); });

@@ -60,7 +60,7 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
 // The return comes from a look of the port's own, in the middle of nothing, and has its answer before what
 // waited leaves; all else may come in the middle of anything.
 void PlateformeQt::SuivreLigne(EvenementLigne evenement) {
-  if (LigneVue) LigneVue(evenement);
+  if (LigneVue) LigneVue(evenement, port_.Appareil());
   if (evenement == EvenementLigne::Revenue && LigneRevenue) miroir_.Passer(LigneRevenue);
   QMetaObject::invokeMethod(
       &vivante_, [this] { AnnoncerLigne(); }, Qt::QueuedConnection);

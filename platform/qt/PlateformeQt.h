@@ -30,7 +30,7 @@ class PlateformeQt : public Plateforme {
   // Brings the main window before the others, out of the notification area or the task bar too.
   void Ramener();
   // What happens to the port, told at once in the middle of whatever runs: no place to touch a window.
-  std::function<void(EvenementLigne)> LigneVue;
+  std::function<void(EvenementLigne, const std::string &appareil)> LigneVue;
   // How the line stands, told as an event of its own whenever that may have changed.
   std::function<void(EtatLigne)> LigneChangee;
   // The device is back, told as an event, before anything that waited goes out.

@@ -35,6 +35,8 @@ void PortSerieQt::Dire(EvenementLigne evenement) const {
   if (Evenement) Evenement(evenement);
 }
 
+std::string PortSerieQt::Appareil() const { return AppareilSous(nom_); }
+
 void PortSerieQt::CommPort(Entier numero) {
   if (ouvert_) throw ErreurExecution(Erreur::PortDejaOuvert);
   numero_ = numero;

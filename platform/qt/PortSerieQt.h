@@ -47,6 +47,8 @@ class PortSerieQt : public PortSerie {
   EtatLigne Etat() const;
   // A device that is away stays away: nobody is left to answer its return.
   void NePlusAttendre() { ronde_.stop(); }
+  // What stands behind the port that was last opened, as "/dev/ttyUSB0"; empty while nothing does.
+  std::string Appareil() const;
 
   void CommPort(Entier numero) override;
   void Settings(const std::string &reglages) override;

@@ -30,7 +30,8 @@ Refus Examiner(const std::string &appareil) {
   const int etat = tcgetattr(descripteur, &reglages), raison = errno;
   close(descripteur);
   if (etat == 0) return Refus::Occupe;  // nothing else is wrong with it
-  return raison == ENOTTY ? Refus::PasSerie : Refus::Absent;
+  // EIO: a name that the system keeps for a serial line behind which there is no chip.
+  return raison == ENOTTY || raison == EIO ? Refus::PasSerie : Refus::Absent;
 }
 
 // " : minicom (1234)" where the lock file that programs leave for each other tells it, else nothing.
