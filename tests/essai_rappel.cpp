@@ -181,6 +181,13 @@ TEST_F(ApresLaPanne, NoWayWhereNoneIsRight) {
   Eprouver(false);
   Tisser({{5, "Pattern and Tabby"}, {7, "17"}}, false, "15", false);
   Eprouver(false);
+  // Settings that keep tabby: Open fills the row before the cursor with it, and a new plan leaves it there.
+  Tisser({{5, "Tabby"}}, false, "16", false);
+  for (const auto c :
+       {Commande::TisserToile, Commande::TisserPatron, Commande::TisserPatronEtToile, Commande::Inverser})
+    Commander(c);
+  Entrer("16");
+  Eprouver(false);
   // A journal of before, which has no plan.
   EcrireFichier(
       "Journal.txt",
