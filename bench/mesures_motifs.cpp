@@ -80,7 +80,8 @@ BENCHMARK(ImageMotif)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 void TrameFenetre(benchmark::State &etat) {
   VueMotif vue(Langue::Francais);
   vue.resize(1600, 1000);
-  vue.Montrer(std::make_shared<const Motif>(LireMotif(Fichier())));
+  vue.Montrer(
+      std::make_shared<DessinPret>(std::make_shared<const Motif>(LireMotif(Fichier())), ReglagesPlanche{}));
   if (etat.range(0) > 0) vue.Zoomer(static_cast<double>(etat.range(0)) / vue.Zoom(), {800, 500});
   QImage image(vue.size(), QImage::Format_RGB32);
   double sens = 1.01;
@@ -95,7 +96,7 @@ BENCHMARK(TrameFenetre)->Arg(0)->Arg(1)->Arg(3)->Arg(12)->Unit(benchmark::kMilli
 void OuvertureDessin(benchmark::State &etat) {
   VueMotif vue(Langue::Francais);
   const auto motif = std::make_shared<const Motif>(LireMotif(Fichier()));
-  for (auto _ : etat) vue.Montrer(motif);
+  for (auto _ : etat) vue.Montrer(std::make_shared<DessinPret>(motif, ReglagesPlanche{}));
 }
 BENCHMARK(OuvertureDessin)->Unit(benchmark::kMillisecond);
 

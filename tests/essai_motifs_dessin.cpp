@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "app-motifs/dessin/Dessin.h"
+#include "motifs/CouleursTrame.h"
 #include "motifs/FormeTissable.h"
 #include "motifs/LectureMotif.h"
 
@@ -152,4 +153,26 @@ TEST(Dessin, PartsOfAPiece) {
   EXPECT_EQ(encore.titre, "m [2-3]");
   EXPECT_EQ(Extraire(m, {}).chemin, "dir/m.wif");
   EXPECT_EQ(Dit([&] { Extraire(m, {5, 6}); }), "dir/m.wif: pick 5 is not there: 4 picks in all.");
+}
+
+TEST(Dessin, ColourChangesOfTheWeft) {
+  std::string t = "[WIF]\n[TEXT]\nTitle=Plaid\n[COLOR PALETTE]\nRange=0,255\n[WEFT COLORS]\n";
+  const auto couleur = [&](int d, const char *rvb) { t += std::to_string(d) + "=" + rvb + "\n"; };
+  for (int d = 1; d <= 24; ++d) couleur(d, "200,20,20");
+  couleur(25, "20,60,200");
+  for (int d = 26; d <= 45; ++d) couleur(d, (d - 26) % 4 < 2 ? "255,255,255" : "20,60,200");
+  for (int d = 46; d <= 300; ++d) couleur(d, "215,30,25");
+  t += "[LIFTPLAN]\n";
+  for (int d = 1; d <= 300; ++d) t += std::to_string(d) + "=1,2\n";
+  const std::string dit = FeuilleCouleurs(ComprendreMotif(t, "p.wif"), Langue::Anglais);
+  EXPECT_EQ(dit,
+            "Plaid: weft colours\n300 picks, 4 colours, 12 changes\n\n"
+            "picks 1 to 24       red 1\n"
+            "pick 25             blue\n"
+            "picks 26 to 45      5 times: 2 white, 2 blue\n"
+            "picks 46 to 300     red 2\n\n"
+            "red 1               #C81414  24 picks, 8 %, first 1, last 24\n"
+            "blue                #143CC8  11 picks, 4 %, first 25, last 45\n"
+            "white               #FFFFFF  10 picks, 3 %, first 26, last 43\n"
+            "red 2               #D71E19  255 picks, 85 %, first 46, last 300\n");
 }

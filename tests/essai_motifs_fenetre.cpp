@@ -1,14 +1,18 @@
 // The window of brandis-motifs, used as a weaver uses it.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QDialog>
 #include <QDropEvent>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScreen>
+#include <QSettings>
 #include <QSpinBox>
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,8 +20,10 @@
 #include <QUrl>
 #include <filesystem>
 #include <functional>
+#include <future>
 
 #include "app-motifs/fenetre/FenetreMotifs.h"
+#include "app-motifs/fenetre/Rangee.h"
 #include "app-motifs/fenetre/VueMotif.h"
 #include "motifs/Fichier.h"
 #include "motifs/LectureMotif.h"
@@ -30,6 +36,9 @@ class EssaiFenetre : public ::testing::Test {
   void SetUp() override {
     ASSERT_TRUE(dossier.isValid());
     std::filesystem::create_directory(Dossier() + "/Data");
+    // What the window keeps of itself goes there too.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, dossier.path());
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   }
   std::string Dossier() const { return dossier.path().toStdString(); }
   static QListWidget *Liste(FenetreMotifs &f, const char *nom) {
@@ -128,29 +137,60 @@ TEST_F(EssaiFenetre, WheelDragAndKeysMoveTheDrawing) {
   vue.resize(320, 320);
   QString lieu;
   QObject::connect(&vue, &VueMotif::Survole, [&](const QString &t) { lieu = t; });
-  vue.Montrer(std::make_shared<const Motif>(LireMotif(BRANDIS_FICHIERS "/pedales-ensemble.wif")));
+  const auto motif = std::make_shared<const Motif>(LireMotif(BRANDIS_FICHIERS "/pedales-ensemble.wif"));
+  vue.Montrer(std::make_shared<DessinPret>(motif, ReglagesPlanche{}));
   vue.show();
   const double tout = vue.Zoom();
-  // 9 ends, 8 harnesses, 7 picks: the cell of end 9 and pick 1 stands at column 1, row 12.
-  const auto cellule = [&](double x, double y) {
-    const double largeur = 9 + 4 + 6 + 1, hauteur = 8 + 4 + 7 + 1;
-    return QPoint(qRound(160 + (x - largeur / 2) * tout), qRound(160 + (y - hauteur / 2) * tout));
-  };
-  QTest::mouseMove(&vue, cellule(1.5, 12.5));
+  const auto cellule = [&](int fil, int duite) { return vue.CaseDe(fil, duite).center().toPoint(); };
+  EXPECT_GT(cellule(1, 1).y(), cellule(1, 7).y()) << "the first pick is below, as on the loom";
+  QTest::mouseMove(&vue, cellule(9, 1));
   EXPECT_EQ(lieu, QStringLiteral("fil 9, lame 8   duite 1 : 1,2,5,6"));
-  const QPoint point = cellule(9.5, 18.5);
+  const QPoint point = cellule(4, 4);
   QWheelEvent roue(point, vue.mapToGlobal(point), {}, {0, 240}, Qt::NoButton, Qt::NoModifier,
                    Qt::NoScrollPhase, false);
   QApplication::sendEvent(&vue, &roue);
   EXPECT_GT(vue.Zoom(), tout * 1.2);
+  for (int i = 0; i < 3; ++i) vue.Zoomer(1.6, point);
   QTest::mouseMove(&vue, point + QPoint(1, 0));  // the cell under the pointer stays there
-  EXPECT_EQ(lieu, QStringLiteral("fil 1, lame 1   duite 7 : 1,2"));
+  EXPECT_TRUE(lieu.startsWith(QStringLiteral("fil 4, lame 4   duite 4"))) << lieu.toStdString();
+
+  // However near the cloth is, threading and plan are in sight, and move with it.
+  const QPointF avant = vue.CaseDe(4, 4).center();
   QTest::mousePress(&vue, Qt::LeftButton, Qt::NoModifier, point);
-  QTest::mouseMove(&vue, point + QPoint(0, 2 + static_cast<int>(vue.Zoom())));
+  QTest::mouseMove(&vue, point + QPoint(0, 20));
   QTest::mouseRelease(&vue, Qt::LeftButton, Qt::NoModifier, point);
-  QTest::keyClick(&vue, Qt::Key_Minus);
+  EXPECT_NEAR(vue.CaseDe(4, 4).center().y(), avant.y() + 20, 1);
+  EXPECT_NEAR(vue.CaseDe(4, 4).center().x(), avant.x(), 1);
   QTest::keyClick(&vue, Qt::Key_0);
   EXPECT_DOUBLE_EQ(vue.Zoom(), tout);
+}
+
+// A cursor of cells, led by keys and told to screen readers.
+TEST_F(EssaiFenetre, CursorOfCells) {
+  InstallerAccesVue();
+  VueMotif vue(Langue::Anglais);
+  vue.resize(400, 300);
+  const auto motif = std::make_shared<const Motif>(LireMotif(BRANDIS_FICHIERS "/pedales-ensemble.wif"));
+  for (const bool enHaut : {false, true}) {
+    vue.Montrer(std::make_shared<DessinPret>(motif, ReglagesPlanche{.enHaut = enHaut}));
+    QTest::keyClick(&vue, Qt::Key_Left);  // the first key shows where it is
+    EXPECT_EQ(vue.FilCurseur() * 100 + vue.DuiteCurseur(), 101);
+    QTest::keyClick(&vue, Qt::Key_Left);
+    QTest::keyClick(&vue, enHaut ? Qt::Key_Down : Qt::Key_Up);
+    EXPECT_EQ(vue.FilCurseur() * 100 + vue.DuiteCurseur(), 202);
+    QTest::keyClick(&vue, Qt::Key_End);
+    QTest::keyClick(&vue, Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(vue.FilCurseur() * 100 + vue.DuiteCurseur(), 907);
+    QAccessibleInterface *acces = QAccessible::queryAccessibleInterface(&vue);
+    EXPECT_EQ(acces->role(), QAccessible::Graphic);
+    EXPECT_EQ(acces->text(QAccessible::Description), "end 9, harness 8   pick 7: 1,2");
+    EXPECT_FALSE(acces->text(QAccessible::Help).isEmpty());
+  }
+  for (int i = 0; i < 30; ++i) vue.Zoomer(1.3, {200, 150});
+  for (const Qt::Key touche : {Qt::Key_Home, Qt::Key_End}) {
+    QTest::keyClick(&vue, touche);  // and it never leaves the sight
+    EXPECT_TRUE(QRectF(vue.rect()).contains(vue.CaseDe(vue.FilCurseur(), vue.DuiteCurseur())));
+  }
 }
 
 // Every control can be reached by keyboard, and says what it is.
@@ -164,8 +204,8 @@ TEST_F(EssaiFenetre, NamedAndReachable) {
     QList<QWidget *> vus;
     for (QWidget *w = f.nextInFocusChain(); w != &f; w = w->nextInFocusChain())
       if (w->isVisible() && w->isEnabled() && (w->focusPolicy() & Qt::TabFocus)) vus << w;
-    for (const char *nom :
-         {"ouvrir", "image", "enfilage", "sections", "projet16", "brandis", "motifs", "constats", "vue"}) {
+    for (const char *nom : {"ouvrir", "image", "enfilage", "sections", "projet16", "brandis", "couleurs",
+                            "structure", "reprises", "haut", "retirer", "motifs", "constats", "vue"}) {
       auto *w = f.findChild<QWidget *>(QString::fromLatin1(nom));
       ASSERT_TRUE(w) << nom;
       EXPECT_TRUE(vus.contains(w)) << nom;
@@ -183,9 +223,8 @@ TEST_F(EssaiFenetre, SectionsAndProject) {
   EXPECT_EQ(LireBrut(Dossier() + "/Data/Resume.Trm").size(), 281u);
 
   const QString cible = dossier.path() + "/deux.wif";
-  QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
   AuDialogue([&](QDialog &sections) {
-    sections.findChild<QSpinBox *>()->setValue(3);
+    sections.findChild<QSpinBox *>("fois")->setValue(3);
     for (QPushButton *t : sections.findChildren<QPushButton *>())
       if (t->text() == "&Add") QTest::mouseClick(t, Qt::LeftButton);
     AuDialogue([&](QDialog &fichiers) {
@@ -196,4 +235,107 @@ TEST_F(EssaiFenetre, SectionsAndProject) {
   });
   QTest::mouseClick(Touche(f, "sections"), Qt::LeftButton);
   EXPECT_EQ(LireMotif(cible.toStdString()).Duites(), 4 * 8);
+}
+
+// A part of a piece, a name without its ending, and a file that is there.
+TEST_F(EssaiFenetre, PartsAndNamesWithoutEnding) {
+  FenetreMotifs f(Dossier(), Langue::Anglais);
+  f.Ouvrir({kFichiers + "serge-1.0.wif"});
+  f.show();
+  const auto nommer = [&](const QString &nom, const QString &genre = {}) {
+    AuDialogue([this, nom, genre](QDialog &d) {
+      auto &fichiers = dynamic_cast<QFileDialog &>(d);
+      if (!genre.isEmpty()) fichiers.selectNameFilter(genre);
+      fichiers.findChild<QLineEdit *>()->setText(dossier.path() + "/" + nom);
+      d.accept();
+    });
+  };
+  AuDialogue([&](QDialog &sections) {
+    const auto champs = sections.findChildren<QSpinBox *>();
+    champs[0]->setValue(3);  // from, to, how often
+    champs[1]->setValue(6);
+    champs[2]->setValue(2);
+    for (QPushButton *t : sections.findChildren<QPushButton *>())
+      if (t->text() == "&Add") QTest::mouseClick(t, Qt::LeftButton);
+    nommer("parties");
+    sections.accept();
+  });
+  QTest::mouseClick(Touche(f, "sections"), Qt::LeftButton);
+  EXPECT_EQ(LireMotif(Dossier() + "/parties.wif").Duites(), 8 + 2 * 4);
+
+  nommer("image", "SVG (*.svg)");
+  QTest::mouseClick(Touche(f, "image"), Qt::LeftButton);
+  EXPECT_EQ(LireBrut(Dossier() + "/image.svg").substr(0, 5), "<?xml");
+  // The same name again: asked before it is written over, and what was said stays until the next deed.
+  const QString dit = f.findChild<Elidee *>("dit")->Entier();
+  EXPECT_TRUE(dit.startsWith("Saved: ")) << dit.toStdString();
+  QTest::mouseMove(f.findChild<VueMotif *>());
+  EXPECT_EQ(f.findChild<Elidee *>("dit")->Entier(), dit);
+  EcrireFichier(Dossier() + "/image.svg", "la mienne", true);
+  QString message;
+  nommer("image", "SVG (*.svg)");
+  QTimer::singleShot(0, qApp, [&] {
+    AuDialogue([&](QDialog &d) {
+      if (auto *boite = qobject_cast<QMessageBox *>(&d)) {
+        message = boite->text();
+        QTest::mouseClick(boite->button(QMessageBox::No), Qt::LeftButton);
+      }
+    });
+  });
+  QTest::mouseClick(Touche(f, "image"), Qt::LeftButton);
+  EXPECT_TRUE(message.contains("image.svg is there already")) << message.toStdString();
+  EXPECT_EQ(LireBrut(Dossier() + "/image.svg"), "la mienne");
+
+  // Off the list by its key.
+  QTest::mouseClick(Touche(f, "retirer"), Qt::LeftButton);
+  EXPECT_EQ(Liste(f, "motifs")->count(), 0);
+  EXPECT_FALSE(Touche(f, "retirer")->isEnabled());
+}
+
+// Whatever the file says, the window fits the smallest screen, and comes up as it was left.
+TEST_F(EssaiFenetre, FitsSmallScreens) {
+  EcrireFichier(Dossier() + "/long.wif",
+                "[WIF]\n[TEXT]\nTitle=" + std::string(3000, 'x') + "\nAuthor=" + std::string(3000, 'y') +
+                    "\n[LIFTPLAN]\n1=1,2\n",
+                false);
+  for (const Langue langue : {Langue::Francais, Langue::Anglais}) {
+    FenetreMotifs f(Dossier(), langue);
+    f.Ouvrir({dossier.path() + "/long.wif"});
+    EXPECT_LE(f.minimumSizeHint().width(), 760);
+    EXPECT_LE(f.minimumSizeHint().height(), 540);
+    f.resize(760, 540);
+    f.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&f));
+    EXPECT_EQ(f.size(), QSize(760, 540));
+    for (QPushButton *t : f.findChildren<QPushButton *>()) {
+      const QRect la(t->mapTo(&f, QPoint(0, 0)), t->size());
+      EXPECT_TRUE(f.rect().contains(la)) << t->objectName().toStdString();
+    }
+    f.close();
+    FenetreMotifs encore(Dossier(), langue);
+    EXPECT_EQ(encore.size(), QSize(760, 540));
+    encore.resize(9000, 9000);
+    encore.close();
+    FenetreMotifs retrouvee(Dossier(), langue);
+    const QSize ecran = retrouvee.screen()->availableSize();
+    EXPECT_TRUE(retrouvee.width() <= ecran.width() && retrouvee.height() <= ecran.height());
+  }
+}
+
+// Work that takes long shows a bar, and can be called off.
+TEST_F(EssaiFenetre, LongWorkIsCalledOff) {
+  Taches taches;
+  EXPECT_EQ(taches.Faire(nullptr, "", "Cancel", [] { return 7; }), 7);
+  EXPECT_THROW(taches.Faire(nullptr, "", "Cancel", []() -> int { throw std::runtime_error("x"); }),
+               std::runtime_error);
+  std::promise<void> fin;
+  const auto attente = fin.get_future().share();
+  AuDialogue([](QDialog &d) { QTest::mouseClick(d.findChild<QPushButton *>(), Qt::LeftButton); });
+  EXPECT_FALSE(taches.Faire(nullptr, "", "Cancel", [attente] { return attente.wait(), 1; }));
+  fin.set_value();
+  // Unless it ends by itself.
+  std::promise<void> seul;
+  const auto autre = seul.get_future().share();
+  AuDialogue([&](QDialog &) { seul.set_value(); });
+  EXPECT_EQ(taches.Faire(nullptr, "", "Cancel", [autre] { return autre.wait(), 2; }), 2);
 }

@@ -11,7 +11,7 @@
 #include <QSpinBox>
 
 namespace {
-constexpr int kRang = Qt::UserRole, kFois = Qt::UserRole + 1;
+constexpr int kRang = Qt::UserRole, kFois = Qt::UserRole + 1, kDe = Qt::UserRole + 2, kA = Qt::UserRole + 3;
 
 QString Nom(const Motif &motif) { return QFileInfo(QFile::decodeName(motif.chemin.c_str())).fileName(); }
 }  // namespace
@@ -26,9 +26,20 @@ DialogueSections::DialogueSections(const std::vector<std::shared_ptr<const Motif
   for (const auto &m : motifs_) choix_->addItem(Nom(*m));
   choix_->setCurrentIndex(rang);
   fois_ = new QSpinBox;
+  fois_->setObjectName(QStringLiteral("fois"));
   fois_->setRange(1, kDuitesMetier);
   fois_->setPrefix(QStringLiteral("× "));
   fois_->setAccessibleName(Selon("Nombre de reprises", "Number of repeats"));
+  const auto duite = [this](const QString &prefixe, const QString &nom) {
+    auto *champ = new QSpinBox;
+    champ->setPrefix(prefixe);
+    champ->setAccessibleName(nom);
+    return champ;
+  };
+  de_ = duite(Selon("de ", "from "), Selon("Première duite de la partie", "First pick of the part"));
+  a_ = duite(Selon("à ", "to "), Selon("Dernière duite de la partie", "Last pick of the part"));
+  connect(choix_, &QComboBox::currentIndexChanged, this, [this] { Borner(); });
+  connect(de_, &QSpinBox::valueChanged, this, [this](int n) { a_->setMinimum(n); });
   sections_ = new QListWidget;
   sections_->setAccessibleName(
       Selon("Sections, de la première à la dernière", "Sections, from the first to the last"));
@@ -41,10 +52,17 @@ DialogueSections::DialogueSections(const std::vector<std::shared_ptr<const Motif
     connect(t, &QPushButton::clicked, this, faire);
     return t;
   };
-  grille->addWidget(choix_, 0, 0);
-  grille->addWidget(fois_, 0, 1);
-  grille->addWidget(
-      touche(Selon("&Ajouter", "&Add"), [this] { Ajouter(choix_->currentIndex(), fois_->value()); }), 0, 2);
+  auto *partie = new QHBoxLayout;
+  for (QWidget *w : std::initializer_list<QWidget *>{choix_, de_, a_, fois_}) partie->addWidget(w);
+  partie->setStretch(0, 1);
+  choix_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  choix_->setMinimumContentsLength(12);
+  grille->addLayout(partie, 0, 0, 1, 2);
+  grille->addWidget(touche(Selon("&Ajouter", "&Add"),
+                           [this] {
+                             Ajouter(choix_->currentIndex(), {de_->value(), a_->value()}, fois_->value());
+                           }),
+                    0, 2);
   grille->addWidget(sections_, 1, 0, 4, 2);
   grille->addWidget(touche(Selon("&Monter", "&Up"), [this] { Deplacer(-1); }), 1, 2);
   grille->addWidget(touche(Selon("&Descendre", "&Down"), [this] { Deplacer(1); }), 2, 2);
@@ -63,18 +81,34 @@ DialogueSections::DialogueSections(const std::vector<std::shared_ptr<const Motif
   connect(boutons, &QDialogButtonBox::accepted, this, &QDialog::accept);
   connect(boutons, &QDialogButtonBox::rejected, this, &QDialog::reject);
   connect(separer_, &QCheckBox::toggled, this, [this] { Compter(); });
-  Ajouter(rang, 1);
+  Borner();
+  Ajouter(rang, {de_->value(), a_->value()}, 1);
 }
 
 QString DialogueSections::Selon(const char *fr, const char *en) const {
   return QString::fromUtf8(langue_ == Langue::Francais ? fr : en);
 }
 
-void DialogueSections::Ajouter(int rang, int fois) {
+void DialogueSections::Borner() {
+  const int rang = choix_->currentIndex();
+  if (rang < 0) return;
+  const int duites = motifs_[static_cast<std::size_t>(rang)]->Duites();
+  de_->setRange(1, duites);
+  de_->setValue(1);
+  a_->setRange(1, duites);
+  a_->setValue(duites);
+}
+
+void DialogueSections::Ajouter(int rang, Etendue duites, int fois) {
   if (rang < 0) return;
   const Motif &motif = *motifs_[static_cast<std::size_t>(rang)];
-  auto *ligne = new QListWidgetItem(QStringLiteral("%1 × %2").arg(Nom(motif)).arg(fois), sections_);
+  QString nom = Nom(motif);
+  if (duites.premier > 1 || duites.dernier < motif.Duites())
+    nom += QStringLiteral(" [%1-%2]").arg(duites.premier).arg(duites.dernier);
+  auto *ligne = new QListWidgetItem(QStringLiteral("%1 × %2").arg(nom).arg(fois), sections_);
   ligne->setData(kRang, rang);
+  ligne->setData(kDe, duites.premier);
+  ligne->setData(kA, duites.dernier);
   ligne->setData(kFois, fois);
   sections_->setCurrentItem(ligne);
   Compter();
@@ -89,8 +123,11 @@ void DialogueSections::Deplacer(int pas) {
 
 void DialogueSections::Compter() {
   long long duites = 0;
-  for (const Piece &p : Pieces())
-    duites += static_cast<long long>(p.motif.Duites() + (Separer() ? 1 : 0)) * p.fois;
+  for (int i = 0; i < sections_->count(); ++i) {
+    const QListWidgetItem *ligne = sections_->item(i);
+    const long long partie = ligne->data(kA).toInt() - ligne->data(kDe).toInt() + 1;
+    duites += (partie + (Separer() ? 1 : 0)) * ligne->data(kFois).toInt();
+  }
   if (Separer() && duites > 0) --duites;
   total_->setText(Selon("%1 duites sur 2500", "%1 picks of 2500").arg(duites));
   accepter_->setEnabled(duites > 0 && duites <= kDuitesMetier);
@@ -100,8 +137,9 @@ std::vector<Piece> DialogueSections::Pieces() const {
   std::vector<Piece> pieces;
   for (int i = 0; i < sections_->count(); ++i) {
     const QListWidgetItem *ligne = sections_->item(i);
+    const Motif &motif = *motifs_[static_cast<std::size_t>(ligne->data(kRang).toInt())];
     pieces.push_back(
-        {*motifs_[static_cast<std::size_t>(ligne->data(kRang).toInt())], ligne->data(kFois).toInt()});
+        {Extraire(motif, {ligne->data(kDe).toInt(), ligne->data(kA).toInt()}), ligne->data(kFois).toInt()});
   }
   return pieces;
 }

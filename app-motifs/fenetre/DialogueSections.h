@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "motifs/Assemblage.h"
+#include "motifs/Extrait.h"
 
 class QCheckBox;
 class QComboBox;
@@ -31,14 +32,15 @@ class DialogueSections : public QDialog {
 
  private:
   QString Selon(const char *fr, const char *en) const;
-  void Ajouter(int rang, int fois);
+  void Borner();  // the picks that the chosen pattern has
+  void Ajouter(int rang, Etendue duites, int fois);
   void Deplacer(int pas);  // -1 up, 1 down
   void Compter();          // the total, in picks, and whether it can be accepted
 
   const std::vector<std::shared_ptr<const Motif>> &motifs_;
   const Langue langue_;
   QComboBox *choix_;
-  QSpinBox *fois_;
+  QSpinBox *fois_, *de_, *a_;
   QListWidget *sections_;
   QCheckBox *separer_;
   QLabel *total_;

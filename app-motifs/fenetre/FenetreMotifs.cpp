@@ -2,41 +2,40 @@
 
 #include <QBoxLayout>
 #include <QDragEnterEvent>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QInputDialog>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QScreen>
+#include <QSettings>
 #include <QShortcut>
 #include <QSpinBox>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
 
-#include "app-motifs/Poste.h"
-#include "app-motifs/dessin/Dessin.h"
-#include "app-motifs/fenetre/DialogueSections.h"
+#include "app-motifs/fenetre/Rangee.h"
+#include "app-motifs/fenetre/Textes.h"
 #include "app-motifs/fenetre/VueMotif.h"
-#include "motifs/Assemblage.h"
-#include "motifs/DossierBrandis.h"
 #include "motifs/Fichier.h"
 #include "motifs/LectureMotif.h"
 
 namespace {
-QString Texte(const std::string &t) { return QString::fromStdString(t); }
-std::string Chemin(const QString &t) { return QFile::encodeName(t).toStdString(); }
-QString Nom(const Motif &motif) { return QFileInfo(QFile::decodeName(motif.chemin.c_str())).fileName(); }
+QSettings Memoire() { return QSettings(QStringLiteral("Brandis"), QStringLiteral("brandis-motifs")); }
+const QString kPlace = QStringLiteral("place"), kVolets = QStringLiteral("volets"),
+              kDossier = QStringLiteral("dossier");
+constexpr QSize kTaille(1180, 760), kCadre(16, 48);  // the desktop's frame about it
 }  // namespace
 
 FenetreMotifs::FenetreMotifs(std::string dossierExecutable, Langue langue)
     : dossierExecutable_(std::move(dossierExecutable)), langue_(langue) {
   setWindowTitle(Selon("Motifs pour Brandis", "Patterns for Brandis"));
   setAcceptDrops(true);
-  resize(1180, 760);
   Composer();
+  Placer();
   MontrerCourant();
 }
 
@@ -44,34 +43,80 @@ QString FenetreMotifs::Selon(const char *fr, const char *en) const {
   return QString::fromUtf8(langue_ == Langue::Francais ? fr : en);
 }
 
+// As it was left, and never larger than the screen it comes up on.
+void FenetreMotifs::Placer() {
+  const QSettings memoire = Memoire();
+  dossier_ = memoire.value(kDossier).toString();
+  resize(kTaille);
+  if (memoire.contains(kPlace)) restoreGeometry(memoire.value(kPlace).toByteArray());
+  if (memoire.contains(kVolets)) volets_->restoreState(memoire.value(kVolets).toByteArray());
+  const QRect ecran = screen()->availableGeometry();
+  resize(size().boundedTo(ecran.size() - kCadre));
+  if (!memoire.contains(kPlace)) return;
+  move(std::clamp(x(), ecran.left(), std::max(ecran.left(), ecran.right() + 1 - width() - kCadre.width())),
+       std::clamp(y(), ecran.top(), std::max(ecran.top(), ecran.bottom() + 1 - height() - kCadre.height())));
+}
+
+void FenetreMotifs::closeEvent(QCloseEvent *evenement) {
+  QSettings memoire = Memoire();
+  memoire.setValue(kPlace, saveGeometry());
+  memoire.setValue(kVolets, volets_->saveState());
+  memoire.setValue(kDossier, dossier_);
+  QMainWindow::closeEvent(evenement);
+}
+
 void FenetreMotifs::Composer() {
-  vue_ = new VueMotif(langue_);
-  vue_->setObjectName(QStringLiteral("vue"));
-  connect(vue_, &VueMotif::Survole, this, [this](const QString &t) { statusBar()->showMessage(t); });
-  titre_ = new QLabel;
-  titre_->setTextFormat(Qt::PlainText);
-  titre_->setWordWrap(true);
-
-  auto *milieu = new QWidget;
-  auto *colonne = new QVBoxLayout(milieu);
-  colonne->setContentsMargins(0, 0, 0, 0);
-  colonne->addWidget(titre_);
-  colonne->addWidget(vue_, 1);
-
-  auto *volets = new QSplitter;
-  volets->addWidget(ComposerListe());
-  volets->addWidget(milieu);
-  volets->addWidget(ComposerConstats());
-  volets->setStretchFactor(1, 1);
-  volets->setSizes({220, 660, 300});
-  volets->setChildrenCollapsible(false);
+  dit_ = new Elidee;
+  dit_->setObjectName(QStringLiteral("dit"));
+  place_ = new Elidee;
+  place_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  volets_ = new QSplitter;
+  volets_->addWidget(ComposerListe());
+  volets_->addWidget(ComposerDessin());
+  volets_->addWidget(ComposerConstats());
+  volets_->setStretchFactor(1, 1);
+  volets_->setSizes({220, 660, 300});
+  volets_->setChildrenCollapsible(false);
 
   auto *tout = new QWidget;
   auto *rangees = new QVBoxLayout(tout);
-  rangees->addWidget(volets, 1);
+  rangees->addWidget(volets_, 1);
   rangees->addWidget(ComposerTouches());
   setCentralWidget(tout);
-  statusBar();
+  statusBar()->addWidget(dit_, 3);
+  statusBar()->addWidget(place_, 2);
+}
+
+QWidget *FenetreMotifs::ComposerDessin() {
+  vue_ = new VueMotif(langue_);
+  vue_->setObjectName(QStringLiteral("vue"));
+  connect(vue_, &VueMotif::Survole, place_, [this](const QString &t) { place_->Dire(t); });
+  titre_ = new Elidee;
+  titre_->setTextFormat(Qt::PlainText);
+  tailles_ = new Elidee;
+  auto *vues = new QWidget;
+  auto *rangee = new Rangee(vues);
+  toucheStructure_ = Bascule("structure", Selon("Struct&ure", "Struct&ure"),
+                             Selon("La chaîne levée en foncé, la trame en clair",
+                                   "Raised warp dark, weft light, whatever their colours"),
+                             &FenetreMotifs::ChoisirVue);
+  toucheDeux_ =
+      Bascule("reprises", Selon("&2 × 2", "&2 × 2"),
+              Selon("Deux fois dans chaque sens, pour juger le raccord", "Twice each way, to judge the seam"),
+              &FenetreMotifs::Tourner);
+  toucheHaut_ = Bascule("haut", Selon("Duite 1 en &haut", "Pick 1 &above"),
+                        Selon("La première duite en haut ; sinon en bas, comme sur le métier",
+                              "The first pick above; else below, as on the loom"),
+                        &FenetreMotifs::Tourner);
+  for (QPushButton *t : {toucheStructure_, toucheDeux_, toucheHaut_}) rangee->addWidget(t);
+  auto *volet = new QWidget;
+  auto *colonne = new QVBoxLayout(volet);
+  colonne->setContentsMargins(0, 0, 0, 0);
+  colonne->addWidget(titre_);
+  colonne->addWidget(tailles_);
+  colonne->addWidget(vue_, 1);
+  colonne->addWidget(vues);
+  return volet;
 }
 
 QWidget *FenetreMotifs::ComposerListe() {
@@ -83,10 +128,18 @@ QWidget *FenetreMotifs::ComposerListe() {
   liste_->setObjectName(QStringLiteral("motifs"));
   liste_->setAccessibleName(Selon("Motifs ouverts", "Open patterns"));
   liste_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  liste_->setTextElideMode(Qt::ElideRight);
   liste_->setSpacing(2);
+  liste_->setMinimumSize(110, 80);
   etiquette->setBuddy(liste_);
+  auto *retirer = Touche("retirer", Selon("&Retirer", "&Remove"),
+                         Selon("Ôte le motif de la liste, et non du disque (Suppr)",
+                               "Takes the pattern off the list, not off the disk (Del)"),
+                         &FenetreMotifs::Fermer);
+  touches_.push_back(retirer);
   colonne->addWidget(etiquette);
   colonne->addWidget(liste_, 1);
+  colonne->addWidget(retirer);
   connect(liste_, &QListWidget::currentRowChanged, this, [this] { MontrerCourant(); });
   auto *supprimer = new QShortcut(QKeySequence::Delete, liste_);
   supprimer->setContext(Qt::WidgetShortcut);
@@ -106,24 +159,25 @@ QWidget *FenetreMotifs::ComposerConstats() {
   listeConstats_->setWordWrap(true);  // without spacing: it is not counted where lines are broken
   listeConstats_->setResizeMode(QListView::Adjust);
   listeConstats_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  listeConstats_->setMinimumSize(130, 80);
   etiquette->setBuddy(listeConstats_);
   colonne->addWidget(etiquette);
   colonne->addWidget(listeConstats_, 1);
   connect(listeConstats_, &QListWidget::itemClicked, this, [this] { MontrerLieu(); });
   connect(listeConstats_, &QListWidget::currentRowChanged, this, [this] { MontrerLieu(); });
 
-  auto *rangee = new QHBoxLayout;
   auto *question = new QLabel(Selon("Flottés de plus &de", "Floats &longer than"));
   flotte_ = new QSpinBox;
   flotte_->setRange(1, 999);
   flotte_->setValue(kFlotteMax);
+  flotte_->setSuffix(Selon(" fils", " threads"));
   flotte_->setAccessibleName(Selon("Longueur permise d'un flotté, en fils", "Threads that a float may pass"));
   question->setBuddy(flotte_);
+  auto *bas = new QWidget;
+  auto *rangee = new Rangee(bas);
   rangee->addWidget(question);
   rangee->addWidget(flotte_);
-  rangee->addWidget(new QLabel(Selon("fils", "threads")));
-  rangee->addStretch(1);
-  colonne->addLayout(rangee);
+  colonne->addWidget(bas);
   connect(flotte_, &QSpinBox::valueChanged, this, [this] { MontrerConstats(); });
   return volet;
 }
@@ -135,31 +189,47 @@ QPushButton *FenetreMotifs::Touche(const char *nom, const QString &texte, const 
   touche->setToolTip(explication);
   touche->setAccessibleDescription(explication);
   touche->setAutoDefault(true);  // Enter presses the key that has the focus
-  connect(touche, &QPushButton::clicked, this, faire);
+  connect(touche, &QPushButton::clicked, this, [this, faire] {
+    Dire({});
+    (this->*faire)();
+  });
+  return touche;
+}
+
+QPushButton *FenetreMotifs::Bascule(const char *nom, const QString &texte, const QString &explication,
+                                    void (FenetreMotifs::*faire)()) {
+  QPushButton *touche = Touche(nom, texte, explication, faire);
+  touche->setCheckable(true);
+  touches_.push_back(touche);
   return touche;
 }
 
 QWidget *FenetreMotifs::ComposerTouches() {
   auto *barre = new QWidget;
-  auto *rangee = new QHBoxLayout(barre);
-  rangee->setContentsMargins(0, 0, 0, 0);
+  auto *rangee = new Rangee(barre);
   auto *ouvrir =
       Touche("ouvrir", Selon("&Ouvrir…", "&Open…"),
              Selon("Ouvre des motifs (Ctrl+O)", "Opens patterns (Ctrl+O)"), &FenetreMotifs::ChoisirFichiers);
   ouvrir->setShortcut(QKeySequence());
   rangee->addWidget(ouvrir);
-  rangee->addStretch(1);
-  touches_ = {
-      Touche("image", Selon("Enregistrer l'&image…", "&Save picture…"),
-             Selon("Le dessin en PNG, SVG ou PDF (Ctrl+S)", "The drawing as PNG, SVG or PDF (Ctrl+S)"),
+  rangee->Ecarter();
+  const std::vector<QPushButton *> verbes{
+      Touche("image", Selon("&Image…", "P&icture…"),
+             Selon("Enregistre le dessin en PNG, SVG ou PDF (Ctrl+S)",
+                   "Saves the drawing as PNG, SVG or PDF (Ctrl+S)"),
              &FenetreMotifs::EnregistrerImage),
       Touche("enfilage", Selon("&Enfilage…", "&Threading…"),
              Selon("Le métier lève la lame du prochain fil à enfiler",
                    "The loom raises the harness of the next end to be threaded"),
              &FenetreMotifs::EcrireEnfilage),
-      Touche("sections", Selon("&Sections…", "Se&ctions…"),
-             Selon("Met des motifs bout à bout", "Strings patterns together"),
-             &FenetreMotifs::AssemblerSections),
+      Touche(
+          "sections", Selon("&Sections…", "&Sections…"),
+          Selon("Met des motifs ou leurs parties bout à bout", "Strings patterns or parts of them together"),
+          &FenetreMotifs::AssemblerSections),
+      Touche("couleurs", Selon("Cou&leurs…", "&Weft colours…"),
+             Selon("La feuille des changements de trame, à poser sur le métier",
+                   "The sheet of the weft's changes, to lay on the loom"),
+             &FenetreMotifs::MontrerCouleurs),
       Touche("projet16", Selon("Projet à &16 lames", "&16-harness project"),
              Selon("Le projet enregistré avec lequel commence un métier de 16 lames",
                    "The saved project with which a 16-harness loom begins"),
@@ -168,50 +238,20 @@ QWidget *FenetreMotifs::ComposerTouches() {
              Selon("Le motif paraît dans la liste d'Ouvrir (Ctrl+Entrée)",
                    "The pattern appears in the list of Open (Ctrl+Enter)"),
              &FenetreMotifs::MettreDansBrandis)};
-  for (QPushButton *t : touches_) rangee->addWidget(t);
-  const auto raccourci = [this](const QKeySequence &touche, void (FenetreMotifs::*faire)()) {
-    connect(new QShortcut(touche, this), &QShortcut::activated, this, faire);
+  for (QPushButton *t : verbes) {
+    rangee->addWidget(t);
+    touches_.push_back(t);
+  }
+  // A key that cannot be pressed has no shortcut either.
+  const auto raccourci = [this](const QKeySequence &touche, const char *nom) {
+    connect(new QShortcut(touche, this), &QShortcut::activated, this,
+            [this, nom] { findChild<QPushButton *>(QString::fromLatin1(nom))->click(); });
   };
-  raccourci(QKeySequence::Open, &FenetreMotifs::ChoisirFichiers);
-  raccourci(QKeySequence::Save, &FenetreMotifs::EnregistrerImage);
-  raccourci(QKeySequence(Qt::CTRL | Qt::Key_Return), &FenetreMotifs::MettreDansBrandis);
+  raccourci(QKeySequence::Open, "ouvrir");
+  raccourci(QKeySequence::Save, "image");
+  raccourci(QKeySequence(Qt::CTRL | Qt::Key_Return), "brandis");
   connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, [this] { close(); });
   return barre;
-}
-
-void FenetreMotifs::Ouvrir(const QStringList &chemins) {
-  QStringList refus;
-  int dernier = -1;
-  for (const QString &chemin : chemins) {
-    try {
-      const std::string absolu = Chemin(QFileInfo(chemin).absoluteFilePath());
-      auto motif = std::make_shared<const Motif>(LireMotif(absolu));
-      const auto la = std::find_if(motifs_.begin(), motifs_.end(),
-                                   [&](const MotifOuvert &m) { return m->chemin == absolu; });
-      dernier = static_cast<int>(la - motifs_.begin());
-      const QString texte =
-          Nom(*motif) + (motif->titre.empty() ? QString() : QLatin1Char('\n') + Texte(motif->titre));
-      if (la != motifs_.end()) {
-        *la = std::move(motif);
-        liste_->item(dernier)->setText(texte);
-        continue;
-      }
-      motifs_.push_back(std::move(motif));
-      const QSignalBlocker silence(liste_);
-      auto *ligne = new QListWidgetItem(texte, liste_);
-      ligne->setToolTip(chemin);
-    } catch (const Refus &r) {
-      refus << Texte(r.En(langue_));
-    } catch (const std::exception &e) {
-      refus << chemin + QStringLiteral(": ") + QString::fromLocal8Bit(e.what());
-    }
-  }
-  if (dernier >= 0) {
-    const QSignalBlocker silence(liste_);
-    liste_->setCurrentRow(dernier);
-  }
-  MontrerCourant();
-  if (!refus.isEmpty()) Refuser(refus.join(QStringLiteral("\n\n")));
 }
 
 FenetreMotifs::MotifOuvert FenetreMotifs::Courant() const {
@@ -220,42 +260,34 @@ FenetreMotifs::MotifOuvert FenetreMotifs::Courant() const {
                                                               : nullptr;
 }
 
+ReglagesPlanche FenetreMotifs::Reglages() const {
+  ReglagesPlanche r;
+  const MotifOuvert motif = Courant();
+  r.structure = structure_.value_or(motif && CouleursMuettes(*motif));
+  r.enHaut = enHaut_;
+  r.reprises = deuxFois_ ? 2 : 1;
+  return r;
+}
+
 void FenetreMotifs::MontrerCourant() {
   const MotifOuvert motif = Courant();
   for (QPushButton *t : touches_) t->setEnabled(motif != nullptr);
-  vue_->Montrer(motif);
+  toucheStructure_->setChecked(Reglages().structure);
   if (motif) {
     QString texte = motif->titre.empty() ? Nom(*motif) : Texte(motif->titre);
     if (!motif->auteur.empty()) texte += QStringLiteral(" — ") + Texte(motif->auteur);
-    texte += QLatin1Char('\n') + Selon("%1 fils, %2 duites, %3 lames", "%1 ends, %2 picks, %3 harnesses")
-                                     .arg(motif->Fils())
-                                     .arg(motif->Duites())
-                                     .arg(motif->lames);
-    titre_->setText(texte);
+    titre_->Dire(texte);
+    tailles_->Dire(Selon("%1 fils, %2 duites, %3 lames", "%1 ends, %2 picks, %3 harnesses")
+                       .arg(motif->Fils())
+                       .arg(motif->Duites())
+                       .arg(motif->lames));
   } else {
-    titre_->setText(Selon("Déposez ici des motifs, ou Ouvrir.", "Drop patterns here, or Open."));
+    titre_->Dire(Selon("Déposez ici des motifs, ou Ouvrir.", "Drop patterns here, or Open."));
+    tailles_->Dire({});
   }
+  place_->Dire({});
+  MontrerDessin(false);
   MontrerConstats();
-}
-
-void FenetreMotifs::MontrerConstats() {
-  const QSignalBlocker silence(listeConstats_);
-  listeConstats_->clear();
-  constats_.clear();
-  const MotifOuvert motif = Courant();
-  if (!motif) return;
-  constats_ = Verifier(*motif, flotte_->value());
-  const QIcon faute = style()->standardIcon(QStyle::SP_MessageBoxWarning),
-              remarque = style()->standardIcon(QStyle::SP_MessageBoxInformation);
-  for (const Constat &c : constats_) {
-    auto *ligne = new QListWidgetItem(c.faute ? faute : remarque, Texte(c.texte.En(langue_)), listeConstats_);
-    const QString genre = c.faute ? Selon("Faute : ", "Fault: ") : Selon("Remarque : ", "Remark: ");
-    ligne->setData(Qt::AccessibleTextRole, genre + ligne->text());
-  }
-  if (constats_.empty()) {
-    auto *ligne = new QListWidgetItem(Selon("Rien à redire.", "Nothing to say."), listeConstats_);
-    ligne->setFlags(Qt::ItemIsEnabled);
-  }
 }
 
 void FenetreMotifs::MontrerLieu() {
@@ -264,116 +296,12 @@ void FenetreMotifs::MontrerLieu() {
     vue_->MontrerLieu(constats_[static_cast<std::size_t>(rang)]);
 }
 
-void FenetreMotifs::Fermer() {
-  const int rang = liste_->currentRow();
-  if (rang < 0) return;
-  motifs_.erase(motifs_.begin() + rang);
-  const QSignalBlocker silence(liste_);
-  delete liste_->takeItem(rang);
-  MontrerCourant();
-}
+void FenetreMotifs::Dire(const QString &texte) { dit_->Dire(texte); }
 
 void FenetreMotifs::Refuser(const QString &texte) {
   QMessageBox boite(QMessageBox::Warning, windowTitle(), texte, QMessageBox::Ok, this);
   boite.setTextFormat(Qt::PlainText);
   boite.exec();
-}
-
-template <class F>
-void FenetreMotifs::Ecrire(F &&faire) {
-  for (bool remplacer = false;; remplacer = true) {
-    try {
-      statusBar()->showMessage(faire(remplacer));
-      return;
-    } catch (const DejaLa &d) {
-      if (remplacer) return Refuser(Texte(d.En(langue_)));
-      const QString question = Selon("%1 existe déjà. Le remplacer ?", "%1 is there already. Replace it?");
-      if (QMessageBox::question(this, windowTitle(), question.arg(Texte(d.Chemin())),
-                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
-        return;
-    } catch (const Refus &r) {
-      return Refuser(Texte(r.En(langue_)));
-    } catch (const std::exception &e) {
-      return Refuser(QString::fromLocal8Bit(e.what()));
-    }
-  }
-}
-
-QString FenetreMotifs::DemanderCible(const QString &titre, const QString &propose, const QString &filtre) {
-  return QFileDialog::getSaveFileName(this, titre, propose, filtre);
-}
-
-void FenetreMotifs::ChoisirFichiers() {
-  Ouvrir(QFileDialog::getOpenFileNames(this, Selon("Ouvrir des motifs", "Open patterns"), QString(),
-                                       Selon("Motifs (*.wif *.WIF *.Wif);;Tous les fichiers (*)",
-                                             "Patterns (*.wif *.WIF *.Wif);;All files (*)")));
-}
-
-void FenetreMotifs::MettreDansBrandis() {
-  if (const MotifOuvert motif = Courant())
-    Ecrire([&](bool remplacer) {
-      return Selon("Dans Brandis : ", "In Brandis: ") +
-             Texte(Convertir(*motif, DossierData(dossierExecutable_), remplacer));
-    });
-}
-
-void FenetreMotifs::EnregistrerImage() {
-  const MotifOuvert motif = Courant();
-  if (!motif) return;
-  QString cible = DemanderCible(Selon("Enregistrer l'image", "Save picture"),
-                                QFileInfo(Nom(*motif)).completeBaseName() + QStringLiteral(".png"),
-                                QStringLiteral("PNG (*.png);;SVG (*.svg);;PDF (*.pdf)"));
-  if (cible.isEmpty()) return;
-  if (QFileInfo(cible).suffix().isEmpty()) cible += QStringLiteral(".png");
-  Ecrire([&](bool) {
-    EcrireFichier(Chemin(cible), Dessiner(*motif, Chemin(cible), {}, langue_), true);
-    return Selon("Enregistré : ", "Saved: ") + cible;
-  });
-}
-
-void FenetreMotifs::EcrireEnfilage() {
-  const MotifOuvert motif = Courant();
-  if (!motif) return;
-  bool choisi = false;
-  const int groupe = QInputDialog::getInt(this, Selon("Enfilage", "Threading"),
-                                          Selon("Fils à la fois :", "Ends at a time:"), 1, 1, 8, 1, &choisi);
-  if (!choisi) return;
-  const QString cible =
-      DemanderCible(Selon("Enfilage", "Threading"),
-                    QFileInfo(Nom(*motif)).completeBaseName() + Selon("-enfilage.wif", "-threading.wif"),
-                    QStringLiteral("WIF (*.wif)"));
-  if (cible.isEmpty()) return;
-  Ecrire([&](bool) {
-    EcrireFichier(Chemin(cible), EnfilageTissable(*motif, groupe, langue_), true);
-    return Selon("Enregistré : ", "Saved: ") + cible;
-  });
-}
-
-void FenetreMotifs::AssemblerSections() {
-  DialogueSections dialogue(motifs_, liste_->currentRow(), langue_, this);
-  if (dialogue.exec() != QDialog::Accepted) return;
-  const QString cible = DemanderCible(Selon("Sections", "Sections"), QStringLiteral("sections.wif"),
-                                      QStringLiteral("WIF (*.wif)"));
-  if (cible.isEmpty()) return;
-  Ecrire([&](bool) {
-    const std::vector<Piece> pieces = dialogue.Pieces();
-    EcrireFichier(Chemin(cible), Assembler(pieces, dialogue.Separer()), true);
-    QString dit = Selon("Enregistré : ", "Saved: ") + cible;
-    for (const Constat &c : ComparerChaines(pieces)) dit += QStringLiteral("  ") + Texte(c.texte.En(langue_));
-    return dit;
-  });
-}
-
-void FenetreMotifs::FaireProjet() {
-  if (const MotifOuvert motif = Courant())
-    Ecrire([&](bool remplacer) {
-      const auto [chemin, ancien] = FaireProjet16(*motif, DossierData(dossierExecutable_), 0, remplacer);
-      QString dit = Selon("Projet à 16 lames prêt : Reprendre dans Brandis.",
-                          "16-harness project ready: Resume in Brandis.");
-      if (!ancien.empty())
-        dit += Selon("  L'ancien est gardé : ", "  The earlier one is kept: ") + Texte(ancien);
-      return dit;
-    });
 }
 
 void FenetreMotifs::dragEnterEvent(QDragEnterEvent *evenement) {

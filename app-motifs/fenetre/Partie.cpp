@@ -7,6 +7,7 @@
 
 #include "app-motifs/Parties.h"
 #include "app-motifs/fenetre/FenetreMotifs.h"
+#include "app-motifs/fenetre/VueMotif.h"
 
 BRANDIS_PARTIE int brandis_motifs_fenetre(const std::string &dossierExecutable, Langue langue,
                                           const std::vector<std::string> &fichiers) {
@@ -20,6 +21,7 @@ BRANDIS_PARTIE int brandis_motifs_fenetre(const std::string &dossierExecutable, 
   if (langue == Langue::Francais &&
       traducteur.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(&traducteur);
+  InstallerAccesVue();
   FenetreMotifs fenetre(dossierExecutable, langue);
   fenetre.show();
   QStringList chemins;

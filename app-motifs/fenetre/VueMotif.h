@@ -1,25 +1,12 @@
-// The drawing of a pattern in the window: the wheel zooms, dragging moves, and so do the keys.
+// The drawing of a pattern in the window: the wheel zooms, dragging moves, the arrows lead a cursor from
+// thread to thread. Threading, tie-up and plan stay in sight while the cloth moves.
 #pragma once
 
-#include <QImage>
 #include <QWidget>
-#include <memory>
 #include <optional>
 
-#include "motifs/Planche.h"
-
-// The drawing in ever smaller copies, each half of the last, so that a far view is quick and quiet. A drawing
-// of more than 16 million cells begins with a smaller copy.
-class CopiesDessin {
- public:
-  explicit CopiesDessin(const Planche &planche);
-  // The copy for a zoom in pixels a cell, and the cells that one of its pixels holds along a side.
-  const QImage &Pour(double zoom, int &cellules) const;
-
- private:
-  std::vector<QImage> images_;
-  int premiere_ = 1;
-};
+#include "app-motifs/fenetre/CopiesDessin.h"
+#include "motifs/Constats.h"
 
 class VueMotif : public QWidget {
   Q_OBJECT
@@ -27,18 +14,24 @@ class VueMotif : public QWidget {
  public:
   explicit VueMotif(Langue langue, QWidget *parent = nullptr);
 
-  // Shows a pattern as a whole; nothing for none.
-  void Montrer(std::shared_ptr<const Motif> motif);
+  // Shows a drawing as a whole, or, with `garder`, from as near as before; nothing for none.
+  void Montrer(std::shared_ptr<const DessinPret> dessin, bool garder = false);
   // Brings the place of a finding into view and marks it.
-  void MontrerLieu(const Constat &constat);
+  void MontrerLieu(const Constat &lieu);
 
   double Zoom() const { return zoom_; }  // pixels a cell
   // Zooms about a point of the widget, which keeps its cell.
   void Zoomer(double facteur, QPointF point);
   void Ajuster();
+  // The end and the pick under the cursor, 0 and 0 before it was moved; and where they lie in the widget.
+  int FilCurseur() const { return curseurFil_; }
+  int DuiteCurseur() const { return curseurDuite_; }
+  QRectF CaseDe(int rangFil, int rangDuite) const;
+  // What the keys do, for screen readers.
+  QString Aide() const;
 
  signals:
-  // What lies under the pointer, in words.
+  // What lies under the pointer or the cursor, in words.
   void Survole(const QString &texte);
 
  protected:
@@ -49,23 +42,45 @@ class VueMotif : public QWidget {
   void mouseReleaseEvent(QMouseEvent *evenement) override;
   void keyPressEvent(QKeyEvent *evenement) override;
   void resizeEvent(QResizeEvent *evenement) override;
+  void focusInEvent(QFocusEvent *evenement) override { QWidget::focusInEvent(evenement), update(); }
+  void focusOutEvent(QFocusEvent *evenement) override { QWidget::focusOutEvent(evenement), update(); }
 
  private:
+  // A stretch of cells along one side, as it lies in the widget.
+  struct Axe {
+    int cellule = 0, nombre = 0;   // of the drawing
+    double debut = 0, taille = 0;  // pixels of the widget
+    double pas = 1;                // pixels a cell
+    double origine = 0;            // cells scrolled by
+    double Bord(double c) const { return debut + (c - cellule - origine) * pas; }
+    double Cellule(double pixel) const { return cellule + origine + (pixel - debut) / pas; }
+    bool Contient(double pixel) const { return pixel >= debut && pixel < debut + taille; }
+    double Fin() const { return debut + taille; }
+  };
+  void Disposer();
+  double Cote(int cases, double place) const;
   void Deplacer(QPointF pixels);
-  void Retenir();
-  void PeindreDeLoin(QPainter &peintre);
-  void PeindreDePres(QPainter &peintre);
-  void PeindreLieu(QPainter &peintre);
-  void DireLieu(QPointF point);
+  void MettreEnVue(int rangFil, int rangDuite);
+  void MenerCurseur(int pasFil, int pasDuite);
+  void Pointer(int rangFil, int rangDuite);
+  bool SousLePoint(QPointF point, int &rangFil, int &rangDuite) const;
+  QString Dire(int rangFil, int rangDuite) const;
+  void PeindreVolet(QImage &image, const Axe &x, const Axe &y) const;
+  void PeindreDePres(QImage &image, const Axe &x, const Axe &y) const;
+  void PeindreFilets(QPainter &peintre) const;
+  void PeindreNumeros(QPainter &peintre) const;
+  void PeindreLieu(QPainter &peintre) const;
 
   const Langue langue_;
-  std::shared_ptr<const Motif> motif_;
-  std::optional<Planche> planche_;
-  std::optional<CopiesDessin> copies_;
+  std::shared_ptr<const DessinPret> dessin_;
   double zoom_ = 1;
-  QPointF origine_;  // the cell in the upper left corner
-  QImage pres_;      // the window as it was painted last from near
-  QRectF lieu_;      // marked cells
-  QPointF prise_;    // where the pointer was while dragging
+  QPointF origine_;  // cells of the cloth scrolled by
+  Axe fils_, cote_, duites_, tete_;
+  std::optional<Constat> lieu_;
+  int curseurFil_ = 0, curseurDuite_ = 0;
+  QPointF prise_;  // where the pointer was while dragging
   bool ajuste_ = true;
 };
+
+// Tells assistive tools that the drawing is one; to be called once.
+void InstallerAccesVue();
