@@ -17,6 +17,7 @@ enum class Verbe {
   Assembler,
   Enfilage,
   Ramener,
+  Couleurs,
   Projet16,
   Info,
   Aide,

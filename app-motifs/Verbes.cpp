@@ -12,6 +12,7 @@
 #include "app-motifs/Poste.h"
 #include "motifs/Assemblage.h"
 #include "motifs/Constats.h"
+#include "motifs/CouleursTrame.h"
 #include "motifs/DossierBrandis.h"
 #include "motifs/Encodage.h"
 #include "motifs/Fichier.h"
@@ -52,6 +53,11 @@ class Travail {
         return PourChaqueFichier([this](const std::string &f) { return Enfilage(f); });
       case Verbe::Ramener:
         return PourChaqueFichier([this](const std::string &f) { return Ramener(f); });
+      case Verbe::Couleurs:
+        return PourChaqueFichier([this](const std::string &f) {
+          sortie_ << FeuilleCouleurs(LirePartie(f), langue_);
+          return 0;
+        });
       case Verbe::Projet16:
         return PourChaqueFichier([this](const std::string &f) { return Projet16(f); });
       case Verbe::Fenetre:

@@ -17,6 +17,9 @@
 #include <QStatusBar>
 #include <QStyle>
 
+#include "app-motifs/fenetre/Boiseries.h"
+#include "app-motifs/fenetre/Fiche.h"
+#include "app-motifs/fenetre/ListeMotifs.h"
 #include "app-motifs/fenetre/Rangee.h"
 #include "app-motifs/fenetre/Textes.h"
 #include "app-motifs/fenetre/VueMotif.h"
@@ -76,24 +79,46 @@ void FenetreMotifs::Composer() {
   volets_->addWidget(ComposerConstats());
   volets_->setStretchFactor(1, 1);
   volets_->setSizes({220, 660, 300});
+  volets_->setHandleWidth(12);
   volets_->setChildrenCollapsible(false);
 
   auto *tout = new QWidget;
+  auto *fond = new Lin;
+  auto *toile = new QVBoxLayout(fond);
+  toile->setContentsMargins(10, 14, 10, 8);
+  toile->addWidget(volets_);
   auto *rangees = new QVBoxLayout(tout);
-  rangees->addWidget(volets_, 1);
+  rangees->setContentsMargins(0, 0, 0, 0);
+  rangees->setSpacing(0);
+  rangees->addWidget(ComposerChateau());
+  rangees->addWidget(fond, 1);
   rangees->addWidget(ComposerTouches());
   setCentralWidget(tout);
   statusBar()->addWidget(dit_, 3);
   statusBar()->addWidget(place_, 2);
 }
 
+QWidget *FenetreMotifs::ComposerChateau() {
+  auto *chateau = new Bois(Bois::Chateau);
+  auto *colonne = new QVBoxLayout(chateau);
+  colonne->setContentsMargins(12, 6, 12, 13);
+  colonne->setSpacing(1);
+  titre_ = new Elidee;
+  titre_->setObjectName(QStringLiteral("titre"));
+  tailles_ = new Elidee;
+  tailles_->setObjectName(QStringLiteral("tailles"));
+  for (Elidee *e : {titre_, tailles_}) {
+    e->setTextFormat(Qt::PlainText);
+    e->setAlignment(Qt::AlignCenter);
+    colonne->addWidget(e);
+  }
+  return chateau;
+}
+
 QWidget *FenetreMotifs::ComposerDessin() {
   vue_ = new VueMotif(langue_);
   vue_->setObjectName(QStringLiteral("vue"));
   connect(vue_, &VueMotif::Survole, place_, [this](const QString &t) { place_->Dire(t); });
-  titre_ = new Elidee;
-  titre_->setTextFormat(Qt::PlainText);
-  tailles_ = new Elidee;
   auto *vues = new QWidget;
   auto *rangee = new Rangee(vues);
   toucheStructure_ = Bascule("structure", Selon("Struct&ure", "Struct&ure"),
@@ -112,9 +137,7 @@ QWidget *FenetreMotifs::ComposerDessin() {
   auto *volet = new QWidget;
   auto *colonne = new QVBoxLayout(volet);
   colonne->setContentsMargins(0, 0, 0, 0);
-  colonne->addWidget(titre_);
-  colonne->addWidget(tailles_);
-  colonne->addWidget(vue_, 1);
+  colonne->addWidget(new Cadre(vue_), 1);
   colonne->addWidget(vues);
   return volet;
 }
@@ -124,12 +147,14 @@ QWidget *FenetreMotifs::ComposerListe() {
   auto *colonne = new QVBoxLayout(volet);
   colonne->setContentsMargins(0, 0, 0, 0);
   auto *etiquette = new QLabel(Selon("&Motifs", "&Patterns"));
+  etiquette->setObjectName(QStringLiteral("etiquette"));
   liste_ = new QListWidget;
   liste_->setObjectName(QStringLiteral("motifs"));
   liste_->setAccessibleName(Selon("Motifs ouverts", "Open patterns"));
   liste_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  liste_->setTextElideMode(Qt::ElideRight);
-  liste_->setSpacing(2);
+  liste_->setItemDelegate(new PeintreMotifs(liste_));
+  liste_->setUniformItemSizes(true);
+  liste_->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   liste_->setMinimumSize(110, 80);
   etiquette->setBuddy(liste_);
   auto *retirer = Touche("retirer", Selon("&Retirer", "&Remove"),
@@ -152,19 +177,15 @@ QWidget *FenetreMotifs::ComposerConstats() {
   auto *colonne = new QVBoxLayout(volet);
   colonne->setContentsMargins(0, 0, 0, 0);
   auto *etiquette = new QLabel(Selon("&Constats", "&Findings"));
-  listeConstats_ = new QListWidget;
-  listeConstats_->setObjectName(QStringLiteral("constats"));
-  listeConstats_->setAccessibleName(
-      Selon("Constats ; Entrée montre le lieu", "Findings; Enter shows the place"));
-  listeConstats_->setWordWrap(true);  // without spacing: it is not counted where lines are broken
-  listeConstats_->setResizeMode(QListView::Adjust);
-  listeConstats_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  listeConstats_->setMinimumSize(130, 80);
-  etiquette->setBuddy(listeConstats_);
+  etiquette->setObjectName(QStringLiteral("etiquette"));
+  fiche_ = new Fiche(langue_);
+  fiche_->setObjectName(QStringLiteral("constats"));
+  fiche_->setAccessibleName(
+      Selon("Constats ; la flèche droite ouvre les lieux", "Findings; the right arrow opens the places"));
+  etiquette->setBuddy(fiche_);
   colonne->addWidget(etiquette);
-  colonne->addWidget(listeConstats_, 1);
-  connect(listeConstats_, &QListWidget::itemClicked, this, [this] { MontrerLieu(); });
-  connect(listeConstats_, &QListWidget::currentRowChanged, this, [this] { MontrerLieu(); });
+  colonne->addWidget(fiche_, 1);
+  connect(fiche_, &Fiche::Choisi, vue_, &VueMotif::MontrerLieu);
 
   auto *question = new QLabel(Selon("Flottés de plus &de", "Floats &longer than"));
   flotte_ = new QSpinBox;
@@ -205,8 +226,9 @@ QPushButton *FenetreMotifs::Bascule(const char *nom, const QString &texte, const
 }
 
 QWidget *FenetreMotifs::ComposerTouches() {
-  auto *barre = new QWidget;
+  auto *barre = new Bois(Bois::Poutre);
   auto *rangee = new Rangee(barre);
+  rangee->setContentsMargins(12, 10, 12, 9);
   auto *ouvrir =
       Touche("ouvrir", Selon("&Ouvrir…", "&Open…"),
              Selon("Ouvre des motifs (Ctrl+O)", "Opens patterns (Ctrl+O)"), &FenetreMotifs::ChoisirFichiers);
@@ -230,6 +252,10 @@ QWidget *FenetreMotifs::ComposerTouches() {
              Selon("La feuille des changements de trame, à poser sur le métier",
                    "The sheet of the weft's changes, to lay on the loom"),
              &FenetreMotifs::MontrerCouleurs),
+      Touche("ramener", Selon("Rame&ner…", "Fit har&nesses…"),
+             Selon("Récrit le motif sur les lames qui partent au métier, le tissu restant le même",
+                   "Writes the pattern anew on harnesses that go out to the loom, the cloth being the same"),
+             &FenetreMotifs::RamenerLames),
       Touche("projet16", Selon("Projet à &16 lames", "&16-harness project"),
              Selon("Le projet enregistré avec lequel commence un métier de 16 lames",
                    "The saved project with which a 16-harness loom begins"),
@@ -277,23 +303,17 @@ void FenetreMotifs::MontrerCourant() {
     QString texte = motif->titre.empty() ? Nom(*motif) : Texte(motif->titre);
     if (!motif->auteur.empty()) texte += QStringLiteral(" — ") + Texte(motif->auteur);
     titre_->Dire(texte);
-    tailles_->Dire(Selon("%1 fils, %2 duites, %3 lames", "%1 ends, %2 picks, %3 harnesses")
+    tailles_->Dire(Selon("%1 fils · %2 duites · %3 lames", "%1 ends · %2 picks · %3 harnesses")
                        .arg(motif->Fils())
                        .arg(motif->Duites())
                        .arg(motif->lames));
   } else {
-    titre_->Dire(Selon("Déposez ici des motifs, ou Ouvrir.", "Drop patterns here, or Open."));
+    titre_->Dire(windowTitle());
     tailles_->Dire({});
   }
   place_->Dire({});
   MontrerDessin(false);
   MontrerConstats();
-}
-
-void FenetreMotifs::MontrerLieu() {
-  const int rang = listeConstats_->currentRow();
-  if (rang >= 0 && rang < static_cast<int>(constats_.size()))
-    vue_->MontrerLieu(constats_[static_cast<std::size_t>(rang)]);
 }
 
 void FenetreMotifs::Dire(const QString &texte) { dit_->Dire(texte); }

@@ -13,6 +13,7 @@
 #include "motifs/Planche.h"
 
 class Elidee;
+class Fiche;
 class QListWidget;
 class QPushButton;
 class QSpinBox;
@@ -46,6 +47,7 @@ class FenetreMotifs : public QMainWindow {
 
   QString Selon(const char *fr, const char *en) const;
   void Composer();
+  QWidget *ComposerChateau();
   QWidget *ComposerListe();
   QWidget *ComposerDessin();
   QWidget *ComposerConstats();
@@ -61,7 +63,6 @@ class FenetreMotifs : public QMainWindow {
   void MontrerCourant();
   void MontrerDessin(bool garder);
   void MontrerConstats();
-  void MontrerLieu();
   void Dire(const QString &texte);  // stays until the next deed
   // Runs work on another thread; nothing where the weaver called it off.
   template <class F>
@@ -74,16 +75,24 @@ class FenetreMotifs : public QMainWindow {
   void EcrireEnfilage();
   void AssemblerSections();
   void MontrerCouleurs();
+  void RamenerLames();
   void FaireProjet();
   void Fermer();
   void ChoisirVue();
   void Tourner();
 
   // Runs a step that writes; a file that is there is written over only when the weaver agrees. Shows what is
-  // refused.
+  // refused. Whether it was written.
   template <class F>
-  void Ecrire(F &&faire);
-  void EcrireOctets(const QString &cible, const std::string &octets, const QString &ensuite = {});
+  bool Ecrire(F &&faire);
+  // Runs a step and shows what it is refused for.
+  template <class F>
+  void Refusant(F &&faire);
+  bool EcrireOctets(const QString &cible, const std::string &octets, const QString &ensuite = {});
+  // The same for a form to weave: what it raises otherwise is said first.
+  bool EcrireForme(const QString &cible, const std::string &forme, const QString &ensuite = {});
+  // Whether the weaver goes on in spite of faults; asks only where there are any.
+  bool Malgre(const std::vector<Constat> &fautes);
   void Refuser(const QString &texte);
   // A name to write to, asked of the weaver, with the ending of the chosen kind where it has none of them;
   // empty for none. Whether a file is there already is asked when it is written.
@@ -93,12 +102,12 @@ class FenetreMotifs : public QMainWindow {
   const Langue langue_;
   Taches taches_;
   std::vector<MotifOuvert> motifs_;
-  std::vector<Constat> constats_;
   std::optional<bool> structure_;  // as the weaver chose; else the view that shows more
   bool enHaut_ = false, deuxFois_ = false;
   double cote_ = 4;  // millimetres a thread on paper, as asked last
   QString dossier_;  // that files were last opened from or written to
-  QListWidget *liste_ = nullptr, *listeConstats_ = nullptr;
+  QListWidget *liste_ = nullptr;
+  Fiche *fiche_ = nullptr;
   QSplitter *volets_ = nullptr;
   Elidee *titre_ = nullptr, *tailles_ = nullptr, *dit_ = nullptr, *place_ = nullptr;
   QSpinBox *flotte_ = nullptr;

@@ -5,19 +5,22 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSpinBox>
-#include <QStyle>
 
 #include "app-motifs/Poste.h"
 #include "app-motifs/dessin/Dessin.h"
 #include "app-motifs/fenetre/DialogueCouleurs.h"
 #include "app-motifs/fenetre/DialogueSections.h"
 #include "app-motifs/fenetre/FenetreMotifs.h"
+#include "app-motifs/fenetre/Fiche.h"
+#include "app-motifs/fenetre/ListeMotifs.h"
 #include "app-motifs/fenetre/Textes.h"
 #include "app-motifs/fenetre/VueMotif.h"
 #include "motifs/Assemblage.h"
 #include "motifs/DossierBrandis.h"
 #include "motifs/Fichier.h"
+#include "motifs/FormeTissable.h"
 #include "motifs/LectureMotif.h"
+#include "motifs/Ramener.h"
 
 template <class F>
 auto FenetreMotifs::Travailler(F faire) {
@@ -29,14 +32,16 @@ void FenetreMotifs::Ouvrir(const QStringList &chemins) {
   struct Lecture {
     QString chemin;
     MotifOuvert motif;
+    QImage coupon;
     QString refus;
   };
   const auto lues = Travailler([chemins, langue = langue_] {
     std::vector<Lecture> resultat;
     for (const QString &chemin : chemins) {
-      Lecture l{chemin, nullptr, {}};
+      Lecture l{chemin, nullptr, {}, {}};
       try {
         l.motif = std::make_shared<const Motif>(LireMotif(Chemin(QFileInfo(chemin).absoluteFilePath())));
+        l.coupon = Coupon(*l.motif);
       } catch (const Refus &r) {
         l.refus = Texte(r.En(langue));
       } catch (const std::exception &e) {
@@ -58,17 +63,14 @@ void FenetreMotifs::Ouvrir(const QStringList &chemins) {
     const auto la = std::find_if(motifs_.begin(), motifs_.end(),
                                  [&](const MotifOuvert &m) { return m->chemin == l.motif->chemin; });
     dernier = static_cast<int>(la - motifs_.begin());
-    const QString texte =
-        Nom(*l.motif) + (l.motif->titre.empty() ? QString() : QLatin1Char('\n') + Texte(l.motif->titre));
     if (la != motifs_.end()) {
       *la = l.motif;
-      liste_->item(dernier)->setText(texte);
+      Inscrire(*liste_->item(dernier), *l.motif, l.coupon, langue_);
       continue;
     }
     motifs_.push_back(l.motif);
     const QSignalBlocker silence(liste_);
-    auto *ligne = new QListWidgetItem(texte, liste_);
-    ligne->setToolTip(l.chemin);
+    Inscrire(*new QListWidgetItem(liste_), *l.motif, l.coupon, langue_);
   }
   if (dernier >= 0) {
     const QSignalBlocker silence(liste_);
@@ -88,25 +90,14 @@ void FenetreMotifs::MontrerDessin(bool garder) {
 }
 
 void FenetreMotifs::MontrerConstats() {
-  const QSignalBlocker silence(listeConstats_);
-  listeConstats_->clear();
-  constats_.clear();
   const MotifOuvert motif = Courant();
-  if (!motif) return;
-  auto constats = Travailler([motif, flotte = flotte_->value()] { return Verifier(*motif, flotte); });
-  if (!constats) return;
-  constats_ = std::move(*constats);
-  const QIcon faute = style()->standardIcon(QStyle::SP_MessageBoxWarning),
-              remarque = style()->standardIcon(QStyle::SP_MessageBoxInformation);
-  for (const Constat &c : constats_) {
-    auto *ligne = new QListWidgetItem(c.faute ? faute : remarque, Texte(c.texte.En(langue_)), listeConstats_);
-    const QString genre = c.faute ? Selon("Faute : ", "Fault: ") : Selon("Remarque : ", "Remark: ");
-    ligne->setData(Qt::AccessibleTextRole, genre + ligne->text());
+  if (!motif) {
+    const QSignalBlocker silence(fiche_);
+    return fiche_->clear();
   }
-  if (constats_.empty()) {
-    auto *ligne = new QListWidgetItem(Selon("Rien à redire.", "Nothing to say."), listeConstats_);
-    ligne->setFlags(Qt::ItemIsEnabled);
-  }
+  if (const auto constats =
+          Travailler([motif, flotte = flotte_->value()] { return Verifier(*motif, flotte); }))
+    fiche_->Montrer(*constats);
 }
 
 void FenetreMotifs::Fermer() {
@@ -132,29 +123,58 @@ void FenetreMotifs::Tourner() {
 }
 
 template <class F>
-void FenetreMotifs::Ecrire(F &&faire) {
-  for (bool remplacer = false;; remplacer = true) {
-    try {
-      return Dire(faire(remplacer));
-    } catch (const DejaLa &d) {
-      if (remplacer) return Refuser(Texte(d.En(langue_)));
-      const QString question = Selon("%1 existe déjà. Le remplacer ?", "%1 is there already. Replace it?");
-      if (QMessageBox::question(this, windowTitle(), question.arg(Texte(d.Chemin())),
-                                QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
-        return;
-    } catch (const Refus &r) {
-      return Refuser(Texte(r.En(langue_)));
-    } catch (const std::exception &e) {
-      return Refuser(QString::fromLocal8Bit(e.what()));
-    }
+void FenetreMotifs::Refusant(F &&faire) {
+  try {
+    faire();
+  } catch (const Refus &r) {
+    Refuser(Texte(r.En(langue_)));
+  } catch (const std::exception &e) {
+    Refuser(QString::fromLocal8Bit(e.what()));
   }
 }
 
-void FenetreMotifs::EcrireOctets(const QString &cible, const std::string &octets, const QString &ensuite) {
-  Ecrire([&](bool remplacer) {
+template <class F>
+bool FenetreMotifs::Ecrire(F &&faire) {
+  bool ecrit = false;
+  Refusant([&] {
+    for (bool remplacer = false;; remplacer = true) {
+      try {
+        Dire(faire(remplacer));
+        ecrit = true;
+        return;
+      } catch (const DejaLa &d) {
+        if (remplacer) throw;
+        const QString question = Selon("%1 existe déjà. Le remplacer ?", "%1 is there already. Replace it?");
+        if (QMessageBox::question(this, windowTitle(), question.arg(Texte(d.Chemin())),
+                                  QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
+          return;
+      }
+    }
+  });
+  return ecrit;
+}
+
+bool FenetreMotifs::EcrireOctets(const QString &cible, const std::string &octets, const QString &ensuite) {
+  return Ecrire([&](bool remplacer) {
     EcrireFichier(Chemin(cible), octets, remplacer);
     return Selon("Enregistré : ", "Saved: ") + cible + ensuite;
   });
+}
+
+bool FenetreMotifs::EcrireForme(const QString &cible, const std::string &forme, const QString &ensuite) {
+  return Malgre(Fautes(ComprendreMotif(forme, Chemin(cible)))) && EcrireOctets(cible, forme, ensuite);
+}
+
+bool FenetreMotifs::Malgre(const std::vector<Constat> &fautes) {
+  if (fautes.empty()) return true;
+  QString texte;
+  for (const Constat &c : fautes) texte += Texte(c.texte.En(langue_)) + QStringLiteral("\n\n");
+  QMessageBox boite(QMessageBox::Warning, windowTitle(),
+                    texte + Selon("L'écrire quand même ?", "Write it all the same?"),
+                    QMessageBox::Yes | QMessageBox::No, this);
+  boite.setTextFormat(Qt::PlainText);
+  boite.setDefaultButton(QMessageBox::No);
+  return boite.exec() == QMessageBox::Yes;
 }
 
 QString FenetreMotifs::DemanderCible(const QString &titre, const QString &propose,
@@ -190,7 +210,8 @@ void FenetreMotifs::ChoisirFichiers() {
 }
 
 void FenetreMotifs::MettreDansBrandis() {
-  if (const MotifOuvert motif = Courant())
+  const MotifOuvert motif = Courant();
+  if (motif && Malgre(Fautes(*motif)))
     Ecrire([&](bool remplacer) {
       return Selon("Dans Brandis : ", "In Brandis: ") +
              Texte(Convertir(*motif, DossierData(dossierExecutable_), remplacer));
@@ -213,16 +234,12 @@ void FenetreMotifs::EnregistrerImage() {
     cote_ = mm;
   }
   const ReglagesDessin reglages{Reglages(), cote_};
-  try {
+  Refusant([&] {
     const auto octets = Travailler([motif, nom = Chemin(cible), reglages, langue = langue_] {
       return Dessiner(*motif, nom, reglages, langue);
     });
     if (octets) EcrireOctets(cible, *octets);
-  } catch (const Refus &r) {
-    Refuser(Texte(r.En(langue_)));
-  } catch (const std::exception &e) {
-    Refuser(QString::fromLocal8Bit(e.what()));
-  }
+  });
 }
 
 void FenetreMotifs::EcrireEnfilage() {
@@ -236,10 +253,7 @@ void FenetreMotifs::EcrireEnfilage() {
       Selon("Enfilage", "Threading"),
       QFileInfo(Nom(*motif)).completeBaseName() + Selon("-enfilage", "-threading"), {{"WIF", ".wif"}});
   if (cible.isEmpty()) return;
-  Ecrire([&](bool remplacer) {
-    EcrireFichier(Chemin(cible), EnfilageTissable(*motif, groupe, langue_), remplacer);
-    return Selon("Enregistré : ", "Saved: ") + cible;
-  });
+  Refusant([&] { EcrireForme(cible, EnfilageTissable(*motif, groupe, langue_)); });
 }
 
 void FenetreMotifs::AssemblerSections() {
@@ -248,12 +262,38 @@ void FenetreMotifs::AssemblerSections() {
   const QString cible =
       DemanderCible(Selon("Sections", "Sections"), QStringLiteral("sections"), {{"WIF", ".wif"}});
   if (cible.isEmpty()) return;
-  Ecrire([&](bool remplacer) {
+  Refusant([&] {
     const std::vector<Piece> pieces = dialogue.Pieces();
-    EcrireFichier(Chemin(cible), Assembler(pieces, dialogue.Separer()), remplacer);
-    QString dit = Selon("Enregistré : ", "Saved: ") + cible;
-    for (const Constat &c : ComparerChaines(pieces)) dit += QStringLiteral("  ") + Texte(c.texte.En(langue_));
-    return dit;
+    QString ensuite;
+    for (const Constat &c : ComparerChaines(pieces))
+      ensuite += QStringLiteral("  ") + Texte(c.texte.En(langue_));
+    EcrireForme(cible, Assembler(pieces, dialogue.Separer()), ensuite);
+  });
+}
+
+void FenetreMotifs::RamenerLames() {
+  const MotifOuvert motif = Courant();
+  if (!motif) return;
+  Refusant([&] {
+    const auto ramene = Travailler([motif] { return Ramener(*motif, kLamesMetier); });
+    if (!ramene) return;
+    if (!ramene->change)
+      return Dire(Selon("Rien à ramener : chaque foule part au métier comme elle est dessinée.",
+                        "Nothing to bring in: every shed goes out to the loom as it is drawn."));
+    const QString cible = DemanderCible(
+        Selon("Ramener", "Bring in"),
+        QFileInfo(Nom(*motif)).completeBaseName() + Selon("-ramene", "-brought-in"), {{"WIF", ".wif"}});
+    if (cible.isEmpty() ||
+        !EcrireForme(cible, FormeSurEnfilage(*motif, ramene->enfilage, ramene->foules, ramene->lames)))
+      return;
+    QString pas;
+    for (const Phrase &p : ramene->pas) pas += Texte(p.En(langue_)) + QLatin1Char('\n');
+    QMessageBox boite(QMessageBox::Information, windowTitle(), Selon("À renfiler :", "To be threaded anew:"),
+                      QMessageBox::Ok, this);
+    boite.setInformativeText(
+        ramene->pas.size() > 12 ? Selon("%1 déplacements.", "%1 moves.").arg(ramene->pas.size()) : pas);
+    if (ramene->pas.size() > 12) boite.setDetailedText(pas);
+    boite.exec();
   });
 }
 
@@ -262,7 +302,8 @@ void FenetreMotifs::MontrerCouleurs() {
 }
 
 void FenetreMotifs::FaireProjet() {
-  if (const MotifOuvert motif = Courant())
+  const MotifOuvert motif = Courant();
+  if (motif && Malgre(Fautes(*motif, kLamesPetitMetier)))
     Ecrire([&](bool remplacer) {
       const auto [chemin, ancien] = FaireProjet16(*motif, DossierData(dossierExecutable_), 0, remplacer);
       QString dit = Selon("Projet à 16 lames prêt : Reprendre dans Brandis.",

@@ -6,6 +6,7 @@
 #include <QTranslator>
 
 #include "app-motifs/Parties.h"
+#include "app-motifs/fenetre/Boiseries.h"
 #include "app-motifs/fenetre/FenetreMotifs.h"
 #include "app-motifs/fenetre/VueMotif.h"
 
@@ -21,6 +22,7 @@ BRANDIS_PARTIE int brandis_motifs_fenetre(const std::string &dossierExecutable, 
   if (langue == Langue::Francais &&
       traducteur.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     QApplication::installTranslator(&traducteur);
+  Habiller(application);
   InstallerAccesVue();
   FenetreMotifs fenetre(dossierExecutable, langue);
   fenetre.show();

@@ -28,13 +28,14 @@ QSize Rangee::sizeHint() const {
     largeur += item->sizeHint().width() + spacing();
     hauteur = std::max(hauteur, item->sizeHint().height());
   }
-  return {largeur, hauteur};
+  const QMargins m = contentsMargins();
+  return {largeur + m.left() + m.right(), hauteur + m.top() + m.bottom()};
 }
 
 QSize Rangee::minimumSize() const {
   QSize taille;
   for (const QLayoutItem *item : items_) taille = taille.expandedTo(item->minimumSize());
-  return taille;
+  return taille.grownBy(contentsMargins());
 }
 
 void Rangee::setGeometry(const QRect &place) {
@@ -42,12 +43,15 @@ void Rangee::setGeometry(const QRect &place) {
   Poser(place, true);
 }
 
-int Rangee::Poser(const QRect &place, bool vraiment) const {
+int Rangee::Poser(const QRect &tout, bool vraiment) const {
+  const QRect place = tout.marginsRemoved(contentsMargins());
   int x = place.x(), y = place.y(), hauteur = 0;
-  const int reste = std::max(0, place.width() - sizeHint().width() + spacing());
+  const QMargins marges = contentsMargins();
+  const int reste = std::max(0, tout.width() - sizeHint().width() + spacing()),
+            haute = sizeHint().height() - marges.top() - marges.bottom();
   for (int i = 0; i < count(); ++i) {
     QLayoutItem *item = itemAt(i);
-    const QSize taille(std::min(item->sizeHint().width(), place.width()), sizeHint().height());
+    const QSize taille(std::min(item->sizeHint().width(), place.width()), haute);
     if (i == ecart_) x += reste;
     if (x > place.x() && x + taille.width() > place.x() + place.width()) {
       x = place.x();
@@ -58,7 +62,7 @@ int Rangee::Poser(const QRect &place, bool vraiment) const {
     x += taille.width() + spacing();
     hauteur = std::max(hauteur, taille.height());
   }
-  return y + hauteur - place.y();
+  return y + hauteur - tout.y() + marges.bottom();
 }
 
 void Elidee::Dire(const QString &texte) {

@@ -126,7 +126,7 @@ QRectF VueMotif::CaseDe(int rangFil, int rangDuite) const {
   return {fils_.Bord(p.XFil(rangFil)), duites_.Bord(p.YDuite(rangDuite)), zoom_, zoom_};
 }
 
-void VueMotif::MontrerLieu(const Constat &lieu) {
+void VueMotif::MontrerLieu(const Lieu &lieu) {
   if (!dessin_) return;
   lieu_.reset();
   const Planche &p = dessin_->planche;
@@ -177,7 +177,7 @@ void VueMotif::Deplacer(QPointF pixels) {
 void VueMotif::paintEvent(QPaintEvent *) {
   QPainter peintre(this);
   peintre.fillRect(rect(), kFond);
-  if (!dessin_) return;
+  if (!dessin_) return PeindreVide(peintre);
   const qreal d = devicePixelRatioF();
   QImage image((QSizeF(size()) * d).toSize(), QImage::Format_RGB32);
   image.fill(kFond);
@@ -188,6 +188,21 @@ void VueMotif::paintEvent(QPaintEvent *) {
   PeindreFilets(peintre);
   PeindreNumeros(peintre);
   PeindreLieu(peintre);
+}
+
+// Where patterns are let fall.
+void VueMotif::PeindreVide(QPainter &peintre) const {
+  const QRectF la = QRectF(rect()).adjusted(24, 24, -24, -24);
+  peintre.setRenderHint(QPainter::Antialiasing);
+  peintre.setPen(QPen(kFilet, 2, Qt::DashLine));
+  peintre.drawRoundedRect(la, 10, 10);
+  peintre.setPen(kNombre);
+  QFont police = font();
+  police.setPixelSize(17);
+  peintre.setFont(police);
+  peintre.drawText(la.adjusted(12, 12, -12, -12), Qt::AlignCenter | Qt::TextWordWrap,
+                   langue_ == Langue::Francais ? QStringLiteral("Déposez ici des motifs, ou Ouvrir.")
+                                               : QStringLiteral("Drop patterns here, or Open."));
 }
 
 // One field in the pixels of the screen.
@@ -320,7 +335,7 @@ void VueMotif::PeindreLieu(QPainter &peintre) const {
   peintre.setBrush(Qt::NoBrush);
   peintre.setClipRect(QRectF(fils_.debut, 0, cote_.Fin() - fils_.debut, height()).adjusted(-4, 0, 4, 0));
   if (lieu_) {
-    const Constat &l = *lieu_;
+    const Lieu &l = *lieu_;
     double gauche = fils_.debut, droite = l.fil > 0 ? fils_.Fin() : cote_.Fin(),
            haut = std::min(duites_.debut, tete_.debut), bas = std::max(duites_.Fin(), tete_.Fin());
     if (l.fil > 0) {

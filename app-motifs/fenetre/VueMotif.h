@@ -17,7 +17,7 @@ class VueMotif : public QWidget {
   // Shows a drawing as a whole, or, with `garder`, from as near as before; nothing for none.
   void Montrer(std::shared_ptr<const DessinPret> dessin, bool garder = false);
   // Brings the place of a finding into view and marks it.
-  void MontrerLieu(const Constat &lieu);
+  void MontrerLieu(const Lieu &lieu);
 
   double Zoom() const { return zoom_; }  // pixels a cell
   // Zooms about a point of the widget, which keeps its cell.
@@ -65,6 +65,7 @@ class VueMotif : public QWidget {
   void Pointer(int rangFil, int rangDuite);
   bool SousLePoint(QPointF point, int &rangFil, int &rangDuite) const;
   QString Dire(int rangFil, int rangDuite) const;
+  void PeindreVide(QPainter &peintre) const;
   void PeindreVolet(QImage &image, const Axe &x, const Axe &y) const;
   void PeindreDePres(QImage &image, const Axe &x, const Axe &y) const;
   void PeindreFilets(QPainter &peintre) const;
@@ -76,7 +77,7 @@ class VueMotif : public QWidget {
   double zoom_ = 1;
   QPointF origine_;  // cells of the cloth scrolled by
   Axe fils_, cote_, duites_, tete_;
-  std::optional<Constat> lieu_;
+  std::optional<Lieu> lieu_;
   int curseurFil_ = 0, curseurDuite_ = 0;
   QPointF prise_;  // where the pointer was while dragging
   bool ajuste_ = true;
