@@ -112,6 +112,11 @@ void Vues::VoirDebut() {
   Prendre("message-premier-depart", fenetreMessageCourt);
   Faire([] { Decharger(fenetreMessageCourt); });
   Prendre("depart", fenetre);
+  QApplication::setActiveWindow(Natif(fenetre));  // else nothing has the keyboard
+  Natif(fenetre.BoutonProgramme[Commande::OuvrirMotif])->setFocus(Qt::TabFocusReason);
+  Prendre("touche-tab", fenetre);
+  Natif(fenetre)->setFocus();
+  QApplication::setActiveWindow(nullptr);
   Voir("deplacee", fenetre, [] {
     fenetre.BoutonProgramme[Commande::BasculerBulles].Visible = false;
     fenetre.PicTVCentre.Visible = true;
