@@ -203,7 +203,14 @@ void Vues::VoirMessages() {
   Voir("ligne-coupee", fenetreLigne, [] { MontrerEtatLigne(EtatLigne::Coupee); });
   Faire([] { MontrerEtatLigne(EtatLigne::Bonne); });
   Voir("rappel", fenetreRappel, [] {
-    AfficherRappel({true, "/home/weaver/Data/Figure24.Wif", "227", "2026-11-23", "08:15:30", "122", true, true,
+    AfficherRappel({true,
+                    "/home/weaver/Data/Figure24.Wif",
+                    "227",
+                    "2026-11-23",
+                    "08:15:30",
+                    "122",
+                    true,
+                    true,
                     {Option::PatronEtToile, 385, 17, 0}});
   });
   Faire([] { Decharger(fenetreRappel); });
