@@ -102,10 +102,13 @@ class Redaction {
 
   std::string Faire() {
     const std::string titre = m_.titre.empty() ? m_.chemin.substr(m_.chemin.rfind('/') + 1) : m_.titre;
-    texte_ = titre + (fr_ ? " : couleurs de trame\n" : ": weft colours\n") + N(m_.Duites()) +
-             (fr_ ? " duites, " : " picks, ") + N(static_cast<int>(ordre_.size())) +
-             (fr_ ? " couleurs, " : " colours, ") + N(static_cast<int>(bandes_.size()) - 1) +
-             (fr_ ? " changements\n\n" : " changes\n\n");
+    const auto compte = [&](int n, const char *fr, const char *en) {
+      return N(n) + " " + (fr_ ? fr : en) + (n > 1 || (!fr_ && n == 0) ? "s" : "");
+    };
+    texte_ = titre + (fr_ ? " : couleurs de trame\n" : ": weft colours\n") +
+             compte(m_.Duites(), "duite", "pick") + ", " +
+             compte(static_cast<int>(ordre_.size()), "couleur", "colour") + ", " +
+             compte(static_cast<int>(bandes_.size()) - 1, "changement", "change") + "\n\n";
     for (std::size_t i = 0; i < bandes_.size();) {
       const Suite s = Reprise(bandes_, i);
       DireBandes(i, s);

@@ -42,6 +42,7 @@ class Peintre : public QStyledItemDelegate {
     p->drawText(Place(vue, ou).translated(0, la.top() + 3), Qt::TextWordWrap, ou.data().toString());
     if (vue.state & QStyle::State_HasFocus) {
       p->setPen(QPen(QColor(Palette::Encre), 1, Qt::DotLine));
+      p->setBrush(Qt::NoBrush);
       p->drawRect(la.adjusted(1, 1, -2, -3));
     }
     p->restore();

@@ -58,6 +58,7 @@ void PeintreMotifs::paint(QPainter *p, const QStyleOptionViewItem &vue, const QM
   p->setPen(QColor(Palette::PapierLigne));
   p->drawLine(la.bottomLeft(), la.bottomRight());
   const QRect carre(la.left() + kAir + 2, la.top() + kAir, kCoupon, kCoupon);
+  p->setRenderHint(QPainter::SmoothPixmapTransform, false);  // threads keep their edges
   p->drawImage(carre, ou.data(Qt::DecorationRole).value<QImage>());
   p->setPen(QColor(Palette::BoisMoyen));
   p->drawRect(carre.adjusted(-1, -1, 0, 0));
