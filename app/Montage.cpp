@@ -29,7 +29,8 @@ void Demarrer() {
   Form_Load();
   RetablirProjet();
   fenetre.Visible = true;
-  if (seance.inachevee) AfficherRappel(seance);
+  // It is as large as the messages of the start, and would lie over them.
+  if (seance.inachevee) ApresLeMessage([seance] { AfficherRappel(seance); });
 }
 
 // The messages of the notification icon reach the window as its pointer moves do.

@@ -158,8 +158,9 @@ struct Fenetre : Controle {
   Genre genre() const override { return Genre::Fenetre; }
   // Gives every control to the visitor.
   virtual void Visiter(Visiteur &v) = 0;
-  // The load steps, run by Charger.
+  // The load steps, run by Charger, and what follows once Decharger has taken the window away.
   virtual void Load() {}
+  virtual void Unload() {}
 
   Fenetre() { Visible = false; }
 
@@ -189,4 +190,5 @@ F &Charger(F &f) {
 inline void Decharger(Fenetre &f) {
   f.Visible = false;
   f.Chargee = false;
+  f.Unload();
 }

@@ -14,6 +14,7 @@ FenetreMessageCourt fenetreMessageCourt;
 namespace {
 constexpr int kIntervalle = 1000;  // milliseconds
 constexpr int kDernierTic = 5;
+std::function<void()> suite;  // waits until no message stands
 
 void Timer1_Timer() {
   FenetreMessageCourt &f = fenetreMessageCourt;
@@ -69,6 +70,15 @@ void FenetreMessageCourt::Load() {
   Timer1_Timer();
 }
 
+void FenetreMessageCourt::Unload() {
+  if (const auto attendue = std::exchange(suite, nullptr)) attendue();
+}
+
+void ApresLeMessage(std::function<void()> procedure) {
+  suite = std::move(procedure);
+  if (!fenetreMessageCourt.Visible) fenetreMessageCourt.Unload();
+}
+
 void AppliquerGenreMessage(Image &dessin, Etiquette &titre) {
   dessin.Visible = session.Etat != 0;
   switch (session.Etat) {
@@ -106,6 +116,7 @@ void AfficherMessageCourt(const std::string &titre, const std::string &texte) {
 
 void AttendreLecture() {
   FenetreMessageCourt &f = fenetreMessageCourt;
+  suite = nullptr;  // the process ends behind it
   if (!f.Visible) return;
   if (std::exchange(f.EnLecture, true)) return Decharger(f);
   f.Timer1.Interval(0);

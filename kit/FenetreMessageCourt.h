@@ -1,6 +1,8 @@
 // The everyday message window: every failure ends here. It closes itself and never blocks its caller.
 #pragma once
 
+#include <functional>
+
 #include "base/ErreurExecution.h"
 #include "base/Table.h"
 #include "controls/Controles.h"
@@ -10,6 +12,7 @@ struct FenetreMessageCourt : Fenetre {
   void Visiter(Visiteur &v) override;
   // Paints, takes title and picture of the kind in Etat, and starts the ticks; the first is run by hand.
   void Load() override;
+  void Unload() override;
 
   Minuterie Timer1;
   Etiquette LblTitre;
@@ -24,6 +27,9 @@ extern FenetreMessageCourt fenetreMessageCourt;
 // Raises the message: title, and the text on the second line; lines 1, 3, 4 and 5 stay empty. A message that
 // stands already is overwritten and lives no longer for it.
 void AfficherMessageCourt(const std::string &titre, const std::string &texte);
+
+// Runs `suite` where no message stands: at once, or when the one that stands is unloaded. One at a time.
+void ApresLeMessage(std::function<void()> suite);
 
 // Keeps the message that stands until it is clicked away or a key is pressed, and waits for that. A second
 // call meanwhile ends the waiting of the first.

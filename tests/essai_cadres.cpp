@@ -1,13 +1,4 @@
 // The life of every window.
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QLoggingCategory>
-#include <QTemporaryDir>
-#include <QTest>
-#include <filesystem>
-
-#include "app/Montage.h"
 #include "commands/CommandesProgramme.h"
 #include "events/EvenementsFenetre.h"
 #include "kit/Attente.h"
@@ -19,19 +10,12 @@
 #include "kit/FeuilleAPropos.h"
 #include "kit/FeuilleRemarque.h"
 #include "session/Commandes.h"
-#include "session/FenetreTissagePrincipale.h"
+#include "tests/Montee.h"
 
 extern "C" __attribute__((weak)) std::size_t __sanitizer_get_current_allocated_bytes();  // ASan
 
 namespace {
 namespace fs = std::filesystem;
-
-struct Machine : PlateformeQt {
-  using PlateformeQt::PlateformeQt;
-  void Terminer() override { ++fins, PlateformeQt::Terminer(); }
-  void PousserSurDisque(int) override {}  // its descriptors come and go as the disk pleases
-  int fins = 0;
-};
 
 // A window: what raises it, the control that closes it by a click, a text of it in both languages.
 struct Cas {
@@ -65,27 +49,14 @@ const Cas kCas[] = {
     {note, Note, &note.Picture2, note.EnteteRemarque.Caption, "titre", "titre"},
     {propos, BoutonAide_Click, &propos.BoutonFin, propos.BoutonFin.NomAccessible, "Sortie", "Exit"},
     {attente, Progres, {}, attente.Remarque.Caption, "Ini. ", "Ini. "}};
-void PlusTard(const auto &suite) { QMetaObject::invokeMethod(qApp, suite, Qt::QueuedConnection); }
-
-class EssaiCadres : public testing::Test {
+class EssaiCadres : public Montee {
  protected:
-  // One warning for every window that cannot be raised.
-  static void SetUpTestSuite() { QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false")); }
   void SetUp() override {
-    dossier = std::make_unique<QTemporaryDir>();
-    const std::string base = dossier->path().toStdString();
-    fs::create_directory(base + "/Data");
-    for (Fenetre *f : ToutesFenetres()) Decharger(*f);
-    session = {};
-    fenetre = FenetreTissagePrincipale();
-    machine = std::make_unique<Machine>(DossiersProgramme{base, {base, BRANDIS_PROGRAMME}});
-    Monter(*machine);
+    Montee::SetUp();
     session.BullesActives = true;
     session.IntervalleMessageCourt = 30000;  // no window closes by itself while the test looks at it
     session.DelaiRemarque = 30;
   }
-  void Passer(const std::function<void()> &procedure) { machine->LeMiroir().Passer(procedure); }
-  QWidget *Natif(const Controle &c) { return machine->LeMiroir().Widget(c); }
   // Presses the flag, if any, while the window stands; a modal one runs that in its own loop.
   void Tenir(const Cas &c, int drapeau) {
     session.LangueFrancaise = drapeau != 1;
@@ -104,8 +75,6 @@ class EssaiCadres : public testing::Test {
     QCoreApplication::sendPostedEvents();
     ASSERT_FALSE(c.f.Visible || Natif(c.f)->isVisible()) << c.francais;
   }
-  std::unique_ptr<QTemporaryDir> dossier;
-  std::unique_ptr<Machine> machine;
 };
 
 TEST_F(EssaiCadres, TheWindowIsDraggedCentredAndMinimisedByHand) {
