@@ -102,5 +102,6 @@ void Monter(PlateformeQt &machine) {
   machine.ApresRapport = RelacherAvantFin;
   machine.FinDemandee = [] { BoutonProgramme_Click(Commande::Quitter); };
   machine.CompleterRapport = CompleterRapport;
+  machine.LeMiroir().MessageRepond(FermerMessageCourt);
   machine.LeMiroir().Passer(Demarrer);
 }

@@ -48,7 +48,11 @@ void Quitter() {
   EcrireConfiguration();
   const bool gardee = session.Etat == EtatEtape::Reussi;
   NoterFin();
-  if (!gardee) AttendreLecture();
+  if (!gardee) {
+    // A test that went on behind the message would open the port again.
+    for (Minuterie *m : {&fenetre.Timer1, &fenetre.Timer2, &fenetre.Timer3}) m->Interval(0);
+    AttendreLecture();
+  }
   fenetre.Visible = false;
   plateforme().Terminer();
 }

@@ -38,7 +38,8 @@ struct Controle {
   double Left = 0, Top = 0, Width = 0, Height = 0;
   bool Visible = true;
   int MousePointer = kPointeurDefaut;
-  std::string MouseIcon;  // picture of the custom pointer
+  std::string MouseIcon;    // picture of the custom pointer
+  bool ClicUnique = false;  // a double click presses it once
   // Told to assistive tools, in the language in force: what it is, and the state it is in.
   std::string NomAccessible, DescriptionAccessible;
 

@@ -21,6 +21,9 @@ void LierBoutons() {
     BoitePicture &b = fenetre.BoutonProgramme[i];
     b.Click = [i] { BoutonProgramme_Click(i), AccorderRemarque(); };
     b.MouseDown = [i](int, double, double) { BoutonProgramme_MouseDown(i); };
+    // A habit of the hand would step over a pick, or turn the direction back; Skip alone is meant to be
+    // quick.
+    b.ClicUnique = i != Commande::Avancer;
     b.MouseUp = [i](int, double, double) { BoutonProgramme_MouseUp(i); };
     b.MouseMove = [i](int, double, double) { BoutonProgramme_MouseMove(i); };
   }

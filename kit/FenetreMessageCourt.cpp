@@ -24,7 +24,7 @@ void Timer1_Timer() {
   Decharger(f);
 }
 
-void Fermer() { Decharger(fenetreMessageCourt); }
+void Fermer() { FermerMessageCourt(); }
 }  // namespace
 
 FenetreMessageCourt::FenetreMessageCourt() {
@@ -56,9 +56,6 @@ void FenetreMessageCourt::Load() {
   CentrerFenetreEcran(*this);
   Click = Fermer;
   for (int i = 1; i <= 5; ++i) Ligne[i].Click = Fermer;
-  KeyDown = [](int touche, int) {
-    if (touche == Touche::Echappement || touche == Touche::Entree || touche == Touche::Espace) Fermer();
-  };
   Timer1.Timer = Timer1_Timer;
 
   Dessin.Refaire(589, 248, BackColor);
@@ -72,6 +69,12 @@ void FenetreMessageCourt::Load() {
 
 void FenetreMessageCourt::Unload() {
   if (const auto attendue = std::exchange(suite, nullptr)) attendue();
+}
+
+bool FermerMessageCourt() {
+  if (!fenetreMessageCourt.Visible) return false;
+  Decharger(fenetreMessageCourt);
+  return true;
 }
 
 void ApresLeMessage(std::function<void()> procedure) {
@@ -120,6 +123,7 @@ void AttendreLecture() {
   if (!f.Visible) return;
   if (std::exchange(f.EnLecture, true)) return Decharger(f);
   f.Timer1.Interval(0);
+  f.Ligne[5].Caption = Selon("Entrée ou un clic ferme Brandis.", "Enter or a click ends Brandis.");
   plateforme().MontrerModal(f);
 }
 

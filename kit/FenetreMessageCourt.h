@@ -28,11 +28,14 @@ extern FenetreMessageCourt fenetreMessageCourt;
 // stands already is overwritten and lives no longer for it.
 void AfficherMessageCourt(const std::string &titre, const std::string &texte);
 
+// Takes the message away: False where none stands.
+bool FermerMessageCourt();
+
 // Runs `suite` where no message stands: at once, or when the one that stands is unloaded. One at a time.
 void ApresLeMessage(std::function<void()> suite);
 
-// Keeps the message that stands until it is clicked away or a key is pressed, and waits for that. A second
-// call meanwhile ends the waiting of the first.
+// The last word before the process ends: keeps the message that stands, says below it what ends the process,
+// and waits for that key or click. A second call meanwhile ends the waiting of the first.
 void AttendreLecture();
 
 // Title "Erreur" or "Error", and "Erreur numéro:", the number, "; Description: ", the description, which also

@@ -16,6 +16,12 @@ void Guichet::Passer(const std::function<void()> &procedure) {
   if (Apres) Apres();
 }
 
+bool Guichet::Repondre() {
+  bool pris = false;
+  if (MessageRepond) Passer([&] { pris = MessageRepond(); });
+  return pris;
+}
+
 void Guichet::Ecrire(const std::function<void()> &travail) {
   struct Marque {
     bool &drapeau;

@@ -9,6 +9,8 @@
 #include "platform/qt/MagasinImages.h"
 #include "platform/qt/TouchesTenues.h"
 
+class Natif;
+
 class Guichet {
  public:
   Guichet(MagasinImages &images, std::function<void(const std::string &)> rapporter);
@@ -27,6 +29,10 @@ class Guichet {
 
   MagasinImages &Images;
   std::function<void()> Refleter, Apres;
+  // A message stands and takes the key that was pressed: true. Called outside any event.
+  bool Repondre();
+  std::function<bool()> MessageRepond;
+  const Natif *Presse = nullptr;  // the control of the last press, in whatever window; only compared
   const TouchesTenues Touches;
 
  private:

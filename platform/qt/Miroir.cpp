@@ -34,6 +34,10 @@ void Miroir::RefleterEtRepeindre(Fenetre &fenetre) {
   f->Repeindre();
 }
 
+void Miroir::MettreDevant() {
+  if (!fenetres_.empty()) fenetres_.front()->Cadre().MettreDevant();
+}
+
 void Miroir::Modale(Fenetre &fenetre, bool modale) {
   if (FenetreNative *f = Trouver(fenetre)) f->Cadre().Modale(modale);
 }

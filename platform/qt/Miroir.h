@@ -33,6 +33,11 @@ class Miroir {
   // Runs after every event.
   void ApresEvenement(std::function<void()> apres) { guichet_.Apres = std::move(apres); }
 
+  // Asked by a fresh press of Escape, Enter or Space before anything else hears it: true, and it is taken.
+  void MessageRepond(std::function<bool()> repond) { guichet_.MessageRepond = std::move(repond); }
+
+  // Brings the main window to the front, and the others that stand above it.
+  void MettreDevant();
   void Modale(Fenetre &fenetre, bool modale);
   // Gives the keyboard to a control, at the mirroring that first shows it where it is not to be seen yet.
   void DonnerFocus(Controle &controle);

@@ -1,5 +1,6 @@
 #include "platform/qt/NatifCadre.h"
 
+#include <QApplication>
 #include <QRegion>
 #include <QTimer>
 #include <algorithm>
@@ -47,6 +48,11 @@ NatifCadre::NatifCadre(PeintDessin *cadre, Fenetre &donnee, bool principale, Gui
 }
 
 void NatifCadre::Modale(bool modale) {
+  // The toolkit heeds this only where a window appears.
+  if (modale && cadre_->isVisible()) {
+    cadre_->hide();
+    visible_.Oublier();
+  }
   cadre_->setWindowModality(modale ? Qt::ApplicationModal : Qt::NonModal);
   cadre_->setAttribute(Qt::WA_ShowWithoutActivating, !modale && !principale_);
 }
@@ -86,11 +92,18 @@ void NatifCadre::RefleterPlace() {
 
 void NatifCadre::Paraitre() {
   cadre_->show();
+  MettreDevant(!cadre_->testAttribute(Qt::WA_ShowWithoutActivating));
+}
+
+void NatifCadre::MettreDevant(bool activer) {
+  // Activated first: a window manager may raise what it activates, and messages belong above the main window.
+  if (activer) {
+    QWidget *modale = QApplication::activeModalWidget();
+    (modale ? modale : cadre_)->activateWindow();
+  }
   cadre_->raise();
-  // A message that was raised before the main window stands above it all the same.
   for (QObject *autre : cadre_->children())
     if (auto *w = qobject_cast<QWidget *>(autre); w && w->isWindow() && w->isVisible()) w->raise();
-  if (!cadre_->testAttribute(Qt::WA_ShowWithoutActivating)) cadre_->activateWindow();
 }
 
 void NatifCadre::AnnoncerResize() {

@@ -12,6 +12,9 @@ class NatifCadre : public Natif {
   Fenetre &LaFenetre() const { return Donnee<Fenetre>(); }
   // Blocks the other windows from its next showing on, and takes the keyboard then.
   void Modale(bool modale);
+  // Over the windows of other programs, with those of its own above it; the keyboard goes to it, or to the
+  // modal window.
+  void MettreDevant(bool activer = true);
   // The window manager moved the window, or changed its state.
   void Deplacee();
   void EtatChange();

@@ -21,6 +21,7 @@
 namespace {
 constexpr int kAjouter = 0;
 constexpr int kBoutonGaucheEnfonce = 513;
+constexpr int kRonde = 1000;  // milliseconds between two looks for the notification area
 
 // "Label|*.ext|Label|*.ext": each label with its pattern in parentheses, which the dialog matches in any
 // case.
@@ -136,14 +137,16 @@ void PlateformeQt::FinirAttentes() {
     if (finDehors_ || !a.fenetre->Visible || !a.fenetre->Chargee) a.boucle->quit();
 }
 
+void PlateformeQt::CliquerIcone() {
+  if (MessageIcone) miroir_.Passer([this] { MessageIcone(kBoutonGaucheEnfonce); });
+}
+
 void PlateformeQt::Ramener() {
-  if (icone_ && icone_->isVisible() && MessageIcone)
-    miroir_.Passer([this] { MessageIcone(kBoutonGaucheEnfonce); });
+  if (icone_ && icone_->isVisible()) CliquerIcone();
   QWidget *cadre = miroir_.Principale();
   if (!cadre) return;
   if (cadre->isMinimized()) cadre->showNormal();
-  cadre->raise();
-  cadre->activateWindow();
+  miroir_.MettreDevant();
 }
 
 void PlateformeQt::OuvrirAdresse(const std::string &adresse) {
@@ -155,18 +158,22 @@ Entier PlateformeQt::IconeNotification(int action, const std::string &bulle) {
   if (action != kAjouter) {
     const bool presente = icone_ && icone_->isVisible();
     if (icone_) icone_->hide();
+    zoneLa_.stop();
     return presente ? 1 : 0;
   }
   if (!icone_) {
     icone_ = std::make_unique<QSystemTrayIcon>(QApplication::windowIcon());
     QObject::connect(icone_.get(), &QSystemTrayIcon::activated, icone_.get(),
                      [this](QSystemTrayIcon::ActivationReason raison) {
-                       if (raison == QSystemTrayIcon::Trigger && MessageIcone)
-                         miroir_.Passer([this] { MessageIcone(kBoutonGaucheEnfonce); });
+                       if (raison == QSystemTrayIcon::Trigger) CliquerIcone();
                      });
+    QObject::connect(&zoneLa_, &QTimer::timeout, icone_.get(), [this] {
+      if (!QSystemTrayIcon::isSystemTrayAvailable()) CliquerIcone();
+    });
   }
   icone_->setToolTip(Texte(bulle.c_str()));  // a filled-up text, ended by a null
   icone_->show();
+  zoneLa_.start(kRonde);
   return 1;
 }
 

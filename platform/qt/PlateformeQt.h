@@ -73,12 +73,14 @@ class PlateformeQt : public Plateforme {
   void SuivreLigne(EvenementLigne evenement);
   void FinirSurRapport(const std::string &rapport);
   void FinirDeDehors();
+  void CliquerIcone();
 
   DossiersProgramme dossiers_;
   MagasinImages images_;
   PortSerieQt port_;
   std::vector<Attente> attentes_;  // the modal windows, the innermost last
   std::unique_ptr<QSystemTrayIcon> icone_;
+  QTimer zoneLa_;            // while the window is hidden there: one that goes away gives it back
   QPointer<QScreen> ecran_;  // on which the window opened; its kept place is there
   std::atomic<bool> pousseeAttendue_ = false;
   QThreadPool disque_;  // one thread, which waits for the disk in the place of the events

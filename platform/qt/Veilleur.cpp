@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <algorithm>
+#include <utility>
 
 #include "platform/qt/TexteNatif.h"
 
@@ -50,6 +51,7 @@ bool Veilleur::eventFilter(QObject *source, QEvent *e) {
 bool Veilleur::Souris(Natif &natif, QMouseEvent &e) {
   switch (e.type()) {
     case QEvent::MouseButtonRelease:
+      if (std::exchange(muette_, false)) return true;
       Relacher(natif, e);
       break;
     case QEvent::MouseMove:
@@ -61,7 +63,7 @@ bool Veilleur::Souris(Natif &natif, QMouseEvent &e) {
       }
       break;
     default:
-      Presser(natif, e);
+      if (!Presser(natif, e)) return true;
   }
   return !natif.Saisie();
 }
@@ -76,7 +78,10 @@ void Veilleur::Quitter(const Natif &natif) {
     guichet_.Passer([&, bouge] { bouge(0, natif.Donnee().Left, natif.Donnee().Top); });
 }
 
-void Veilleur::Presser(Natif &natif, const QMouseEvent &e) {
+bool Veilleur::Presser(Natif &natif, const QMouseEvent &e) {
+  const bool meme = std::exchange(guichet_.Presse, &natif) == &natif;
+  muette_ = e.type() == QEvent::MouseButtonDblClick && (!meme || natif.Donnee().ClicUnique);
+  if (muette_) return false;
   if (e.button() == Qt::LeftButton) {
     presse_ = &natif;
     lieuPresse_ = QRect(natif.Widget()->mapToGlobal(QPoint(0, 0)), natif.Widget()->size());
@@ -85,6 +90,7 @@ void Veilleur::Presser(Natif &natif, const QMouseEvent &e) {
   if (const auto presse = natif.Donnee().MouseDown)
     guichet_.Passer(
         [&, presse] { presse(static_cast<int>(e.button()), Twips(place.x()), Twips(place.y())); });
+  return true;
 }
 
 void Veilleur::Relacher(Natif &natif, const QMouseEvent &e) {

@@ -25,13 +25,14 @@ class Veilleur : public QObject {
   // Mouse. True: the toolkit does not see the event.
   bool Souris(Natif &natif, QMouseEvent &e);
   void Quitter(const Natif &natif);
-  void Presser(Natif &natif, const QMouseEvent &e);
+  // False: a double click's second press, which presses nothing here.
+  bool Presser(Natif &natif, const QMouseEvent &e);
   void Relacher(Natif &natif, const QMouseEvent &e);
 
   // Keys.
   bool Enfoncer(Natif &natif, QWidget &source, QKeyEvent &e);
-  bool Saisir(Natif &natif, QKeyEvent &e);
-  bool Commander(Natif &natif, int code, int maj, bool repetee);
+  bool Saisir(Natif &natif, QKeyEvent &e, bool repetee);
+  bool Commander(Natif &natif, int code, int maj);
   bool Filtrer(Natif &natif, QKeyEvent &e);
   bool Filtrer(Natif &natif, QInputMethodEvent &e);
   // Calls the procedure where there is one.
@@ -49,6 +50,7 @@ class Veilleur : public QObject {
   QHash<QObject *, Natif *> natifs_;
   std::vector<Natif *> ordre_;
   Natif *presse_ = nullptr;
+  bool muette_ = false;       // the press that stands pressed nothing, and so its release is none
   QRect lieuPresse_;          // of the control on the screen, before its press moved it
   Natif *dernier_ = nullptr;  // the last that Tab reached, also after it was hidden
   bool rejoue_ = false;       // an event that the filter sends on itself

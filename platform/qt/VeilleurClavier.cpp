@@ -64,30 +64,37 @@ bool Veilleur::Enfoncer(Natif &natif, QWidget &source, QKeyEvent &e) {
       Parcourir(e.key() == Qt::Key_Tab ? 1 : -1);
     return true;
   }
+  const bool champ = natif.Saisie() && natif.Donnee().genre() != Genre::Case;
+  const bool presse = code == Touche::Espace || code == Touche::Entree;
+  const bool repetee = guichet_.Touches.Repetee(e);
+  if (code == Touche::Echappement || (presse && !champ)) {
+    if (repetee) return true;  // one press does one thing, however long it lasts
+    if (guichet_.Repondre()) return true;
+  }
   const bool pourFenetre = code == Touche::Echappement || ((maj & Touche::Alt) && code >= '0' && code <= 'Z');
   if (pourFenetre && Avertir(fenetre_.Donnee(), code, maj)) return true;
-  if (natif.Saisie()) return Saisir(natif, e);
-  return Commander(natif, code, maj, guichet_.Touches.Repetee(e));
+  if (natif.Saisie()) return Saisir(natif, e, repetee);
+  return Commander(natif, code, maj);
 }
 
-bool Veilleur::Commander(Natif &natif, int code, int maj, bool repetee) {
+bool Veilleur::Commander(Natif &natif, int code, int maj) {
   if (Avertir(natif.Donnee(), code, maj)) return true;
-  const bool presse = code == Touche::Espace || code == Touche::Entree;
-  if (presse && natif.Bouton()) {
+  if ((code == Touche::Espace || code == Touche::Entree) && natif.Bouton()) {
     const auto clic = natif.Donnee().Click;
-    if (!repetee) guichet_.Passer(clic);
+    guichet_.Passer(clic);
   } else {
     Avertir(fenetre_.Donnee(), code, maj);
   }
   return true;
 }
 
-bool Veilleur::Saisir(Natif &natif, QKeyEvent &e) {
+bool Veilleur::Saisir(Natif &natif, QKeyEvent &e, bool repetee) {
   const int code = CodeTouche(e), maj = EtatMaj(e);
-  if (Avertir(natif.Donnee(), code, maj) && !natif.Widget()->isVisible()) return true;
-  if (natif.Ecriture() && Filtrer(natif, e)) return true;
   const bool uneLigne =
       natif.Donnee().genre() == Genre::Texte && !static_cast<const ZoneTexte &>(natif.Donnee()).Multiligne;
+  if (code == Touche::Entree && uneLigne && repetee) return true;  // it may still be the press that opened it
+  if (Avertir(natif.Donnee(), code, maj) && !natif.Widget()->isVisible()) return true;
+  if (natif.Ecriture() && Filtrer(natif, e)) return true;
   if (code != Touche::Entree || !uneLigne) return false;
   if (!natif.Donnee().KeyDown) Avertir(fenetre_.Donnee(), code, maj);
   return true;
