@@ -9,6 +9,7 @@
 #include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusVirtualObject>
 #include <QTest>
 
 #include "platform/qt/Catalogue.h"
@@ -148,6 +149,33 @@ TEST_F(Demarrages, ASecondStartCallsTheFirst) {
   qunsetenv("LC_ALL");
   troisieme->kill();
   troisieme->waitForFinished();
+}
+
+// The first has its lock, and its name not yet.
+TEST_F(Demarrages, ASecondStartWaitsForTheNameOfTheFirst) {
+  struct : QDBusVirtualObject {
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &appel, const QDBusConnection &c) override {
+      return appels += appel.member(), c.send(appel.createReply());
+    }
+    QStringList appels;
+  } premiere;
+  const InstanceUnique verrou(dossier);
+  Processus temoin({"dbus-monitor", "--address", qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"),
+                    "destination=org.freedesktop.DBus,member=Hello", "interface=org.brandis.Tissage"});
+  ASSERT_TRUE(bus.registerVirtualObject("/", &premiere));
+  const auto seconde = Lancer();
+  std::string vu;
+  do vu = temoin.LigneQuiCommence("method call");
+  while (!vu.empty() && vu.find("member=Montrer") == std::string::npos);
+  const auto debut = vu.find("org.brandis");
+  ASSERT_NE(debut, std::string::npos) << "it has called in vain";
+  ASSERT_TRUE(bus.registerService(QString::fromStdString(vu.substr(debut, vu.find(' ', debut) - debut))));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return seconde->state() == QProcess::NotRunning; }, kPatience));
+  EXPECT_EQ(seconde->readAllStandardError(), "");
+  EXPECT_EQ(premiere.appels, QStringList{"Montrer"});
+  temoin.kill();
+  temoin.waitForFinished();
 }
 
 TEST(VerrouDossier, EachFolderHasItsOwnAndNoneIsNeededToStart) {

@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <QDBusConnection>
-#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QElapsedTimer>
@@ -73,8 +72,9 @@ bool InstanceUnique::AppelerPremiere() const {
   for (depuis.start(); bus.isConnected() && depuis.elapsed() < kPatience; QThread::msleep(50)) {
     const QDBusMessage reponse = bus.call(appel, QDBus::Block, kPatience);
     if (reponse.type() == QDBusMessage::ReplyMessage) return true;
-    // Still unknown to the bus: the first of two quick starts is about to come up.
-    if (QDBusError(reponse).type() != QDBusError::ServiceUnknown) return false;
+    // Still unknown to the bus, under either name of that: the first of two quick starts is about to come up.
+    const QString erreur = reponse.errorName();
+    if (!erreur.endsWith(u".NameHasNoOwner") && !erreur.endsWith(u".ServiceUnknown")) return false;
   }
   return false;
 }
