@@ -50,11 +50,6 @@ void EcrireLignes(BulleInfo &b, const TexteBulle &t) {
     if (!nommees[i]) b.LBlMessage[i].Caption.clear();
 }
 
-void EffacerRemarque() {
-  fenetre.Statut = {};
-  fenetre.Remarque.Caption.clear();
-}
-
 struct Place {
   double haut, gauche;
 };
@@ -222,6 +217,11 @@ void AfficherBulleLogo() {
 void EcrireRemarque(const Controle &controle, Paire texte) {
   fenetre.Statut = {&controle, texte};
   fenetre.Remarque.Caption = texte.EnVigueur();
+}
+
+void EffacerRemarque() {
+  fenetre.Statut = {};
+  fenetre.Remarque.Caption.clear();
 }
 
 void AccorderRemarque() {

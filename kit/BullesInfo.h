@@ -59,6 +59,7 @@ void FermerBulles();
 
 // The status line: the text of a control, in the language in force.
 void EcrireRemarque(const Controle &controle, Paire texte);
+void EffacerRemarque();
 // After a command: the text of a control that has gone goes too, that of one that stands changes its
 // language.
 void AccorderRemarque();

@@ -6,6 +6,7 @@
 #include "display/GrilleDuites.h"
 #include "display/Voyants.h"
 #include "kit/Attente.h"
+#include "kit/BullesInfo.h"
 #include "kit/FenetreMessageCourt.h"
 #include "kit/FondFenetre.h"
 #include "kit/ModuleTransparence.h"
@@ -29,7 +30,7 @@ double Droite(const Controle &c) { return c.Left + c.Width; }
 void InitialiserSession() {
   fenetre.IntervalleEcoute = 100;
   fenetre.TxtVitessePortSerie.Text = "100";
-  fenetre.Remarque.Caption.clear();
+  EffacerRemarque();
   fenetre.LblTabbyA.Caption.clear();
   fenetre.LblTabbyB.Caption.clear();
   session.NombreLames = 24;

@@ -2,6 +2,7 @@
 
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
+#include "weaving/SequenceurDuites.h"
 
 namespace {
 void Voir(JeuBoutons jeu, bool visibles) {
@@ -16,6 +17,7 @@ void VoirDrapeaux(bool visibles) {
 
 void CacherBoutonsTissage() {
   Voir(JeuBoutons::Tissage, false);
+  if (fenetre.FondEntreDuite.Visible) FermerEntreeDuite();
   fenetre.BoutonProgramme[Commande::Rafraichir].Visible = true;
 }
 

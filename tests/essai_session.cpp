@@ -133,6 +133,15 @@ TEST_F(SessionEntiere, PickEntry) {
     EXPECT_EQ(fenetre.TxtDuite.KeyPress(c), passe) << c;
 }
 
+TEST_F(SessionEntiere, PickEntryGoesWithTheCommandsOfWeaving) {
+  Lancer();
+  Pas(Commande::ChoisirDuite, kTissage);
+  Pas(Commande::Arreter, kArrete, {kLiberer});
+  EXPECT_FALSE(fenetre.FondEntreDuite.Visible || fenetre.Voyants[Commande::ChoisirDuite])
+      << "it would lie over the diagnostics";
+  EXPECT_EQ(session.DuiteCourante, 1);
+}
+
 TEST_F(SessionEntiere, PickEntryByKeyboard) {
   Lancer();
   Commander(Commande::ChoisirDuite);
@@ -173,7 +182,10 @@ TEST_F(SessionEntiere, RefreshKeepsWhatRuns) {
   Commander(Commande::Arreter);
   Configurer({{7, "9"}});
   OuvrirLignes(lignes);
-  Commander(Commande::Rafraichir);  // the stored configuration is read again
+  fenetre.BoutonProgramme[Commande::Rafraichir].MouseMove(0, 30, 30);
+  EXPECT_NE(fenetre.Remarque.Caption, "");
+  fenetre.BoutonProgramme[Commande::Rafraichir].Click();  // the stored configuration is read again
+  EXPECT_EQ(fenetre.Remarque.Caption, "") << "though the pointer is still there";
   EXPECT_EQ(Visibles(), kSansPatron);
   EXPECT_TRUE(fenetre.Visible);
   EXPECT_EQ(session.DuiteCourante, 9);
