@@ -116,7 +116,7 @@ void MontrerProjetRepris() {
 
 std::vector<Champ> ProjetResume() {
   return {ChampDate(0, "DateProjet", session.DateProjet),
-          ChampTexte(8, 255, "CheminWif", session.CheminWif),
+          ChampTexte(8, 255, "CheminWif", session.CheminWif, true),
           ChampEntier(263, "NombreDuitesPatron", session.NombreDuitesPatron),
           ChampEntier(265, "PortMetier", session.PortMetier),
           ChampEntier(267, "NombreLames", session.NombreLames),
@@ -136,7 +136,6 @@ void EcrireReprise(Entier n) {
     SupprimerFichier(chemin);
     if (session.Etat == EtatEtape::Echec) return;
     session.Etat = EtatEtape::Rien;
-    session.CheminWif = Trim(session.CheminWif);
     FichierEnregistrements fichier(chemin, kLongueurReprise);
     fichier.Ecrire(n, ComposerEnregistrement(ProjetResume(), kLongueurReprise));
     fichier.Fermer();

@@ -17,8 +17,8 @@ std::vector<Champ> ProjetResume();
 void EcrireReprise(Entier n);
 void EcrireRepriseLigne(Entier n);
 // A record that is not there is no failure: Etat and the session stay as they are. A missing file is made
-// empty. LireReprise is False when
-// there was no record; after a failure the caller goes on like after a header.
+// empty. LireReprise is False when there was no record; after a failure the caller goes on like after a
+// header.
 bool LireReprise(Entier n);
 void LireRepriseLigne(Entier n);
 

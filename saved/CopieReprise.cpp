@@ -118,6 +118,6 @@ bool ProjetEnregistre() {
     const Projet projet = copie.etat == EtatCopie::Remise ? copie.projet : LireFichiers();
     return projet.entete && projet.entete->size() >= kLongueurReprise;
   } catch (const ErreurExecution &) {
-    return true;
+    return false;
   }
 }

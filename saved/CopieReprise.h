@@ -19,6 +19,6 @@ enum class EtatCopie { Aucune, Remise, Abimee };
 // and changes nothing. After a failure it stands.
 EtatCopie RemettreProjet();
 
-// Whether what counts, the copy or else the files, holds the header of a project; True where it cannot be
+// Whether what counts, the copy or else the files, holds the header of a project; False where it cannot be
 // read.
 bool ProjetEnregistre();

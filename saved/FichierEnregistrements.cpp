@@ -41,10 +41,10 @@ Champ ChampDate(int position, const char *nom, double &variable) {
           [&variable](const std::string &o) { variable = std::bit_cast<double>(DeOctets(o)); }};
 }
 
-Champ ChampTexte(int position, int taille, const char *nom, std::string &variable) {
+Champ ChampTexte(int position, int taille, const char *nom, std::string &variable, bool rogne) {
   return {position, taille, nom,
-          [&variable, taille] {
-            std::string texte = variable;
+          [&variable, taille, rogne] {
+            std::string texte = rogne ? Trim(variable) : variable;
             texte.resize(static_cast<std::size_t>(taille), ' ');
             return texte;
           },

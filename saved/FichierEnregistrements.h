@@ -18,12 +18,12 @@ struct Champ {
   std::function<void(const std::string &)> prendre;  // exactly `taille` bytes
 };
 
-// Fields over a variable of the session. A text is written as it stands, cut or padded, and trimmed when
-// read.
+// Fields over a variable of the session. A text is written as it stands or trimmed, cut or padded, and
+// trimmed when read.
 Champ ChampEntier(int position, const char *nom, Entier &variable);
 Champ ChampDrapeau(int position, const char *nom, Drapeau &variable);
 Champ ChampDate(int position, const char *nom, double &variable);
-Champ ChampTexte(int position, int taille, const char *nom, std::string &variable);
+Champ ChampTexte(int position, int taille, const char *nom, std::string &variable, bool rogne = false);
 
 // The record that the fields make, and the fields taken from a record in their order.
 std::string ComposerEnregistrement(std::span<const Champ> champs, int longueur);

@@ -127,12 +127,14 @@ TEST_F(Sauvegarde, SaveByteForByte) {
   Commander(Commande::Demarrer);
   Rapports(4);
   Ecrits();
+  session.CheminWif = " " + chemin + " ";  // stored trimmed, kept as it is
   Commander(Commande::Enregistrer);
+  EXPECT_EQ(session.CheminWif, " " + chemin + " ");
   EXPECT_EQ(Hexa(LireFichier("Resume.Trm")), Hexa(Entete(chemin, {30, 2, 24, 11, 1, 0, -1, 5, -1})));
   EXPECT_EQ(LireFichier("Resume2.Trm"), Enregistrements(lignes));
   V messages(3, kAbsent);
-  messages.push_back("Enregistrer le projet|2025-11-22|" + chemin +
-                     "|Sauvegarde dans le fichier: Resume2.Trm|Ligne Rendu:  5| | ");
+  messages.push_back("Enregistrer le projet|2025-11-22| " + chemin +
+                     " |Sauvegarde dans le fichier: Resume2.Trm|Ligne Rendu:  5| | ");
   EXPECT_EQ(Messages(), messages);
   EXPECT_EQ(Ecrits(), V{kLiberer});
   EXPECT_FALSE(fenetre.TissageEnCours || fenetre.PortOuvert);
@@ -173,8 +175,8 @@ TEST_F(Sauvegarde, SaveThatCannotWrite) {
     Messages();
     Commander(Commande::Enregistrer);
     const std::string erreur = "L'erreur # 75 a été générée par Brandis\rPath/File access error";
-    EXPECT_EQ(Messages(),
-              (V{"Error|" + erreur, "Error|The save failed: the save before stands.\r" + erreur}));
+    EXPECT_EQ(Messages(), (V{"Error|" + erreur, "Error|The save failed: no project is saved.\r" + erreur}))
+        << "what was not read is not said to stand";
     EXPECT_TRUE(std::filesystem::is_symlink(Data(nom)) || LireFichier("Resume.Trm") == entete);
     EXPECT_FALSE(fenetre.TissageEnCours);
     EXPECT_TRUE(fenetre.PortOuvert && fenetre.BoutonProgramme[Commande::Enregistrer].Visible &&
