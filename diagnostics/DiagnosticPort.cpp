@@ -2,6 +2,7 @@
 
 #include <cerrno>
 
+#include "base/CodePage.h"
 #include "base/ErreurSysteme.h"
 #include "base/TexteNumerique.h"
 #include "kit/FenetreMessageCourt.h"
@@ -43,8 +44,28 @@ constexpr LigneEvenement kEvenements[] = {
     {1010, Vers::Erreur, "Tampon de transmission plein"},
 };
 
+// What arrives is one byte a character.
+std::string EnTexte(const std::string &octets) {
+  std::string texte;
+  for (const char o : octets) {
+    const char16_t c = Caractere1252(static_cast<unsigned char>(o));
+    if (c < 0x80) {
+      texte += o;
+      continue;
+    }
+    if (c < 0x800) {
+      texte += static_cast<char>(0xC0 | c >> 6);
+    } else {
+      texte += static_cast<char>(0xE0 | c >> 12);
+      texte += static_cast<char>(0x80 | (c >> 6 & 0x3F));
+    }
+    texte += static_cast<char>(0x80 | (c & 0x3F));
+  }
+  return texte;
+}
+
 void PrendreDonnees() {
-  fenetre.DonneesPort = MSComm1().Input();
+  fenetre.DonneesPort = EnTexte(MSComm1().Input());
   AjouterTerminal(fenetre.txtTerm, fenetre.DonneesPort);
 }
 

@@ -184,14 +184,10 @@ void PeindreFondPanneauOnglet(Surface &cible, const std::string &titre, Couleur 
 
 void PeindreFondPanneauCreux(Surface &cible, Couleur fond) {
   const int d = cible.Largeur() - 1, b = cible.Hauteur() - 1;
-  cible.Effacer(fond);
+  PeindreFondPanneau(cible, fond);
   cible.Cadre(2, 2, d - 2, b - 2, Palette::LinOmbre);
   cible.Ligne(2, 2, d - 1, 2, Palette::EtainOmbre);
   cible.Ligne(2, 2, 2, b - 1, Palette::EtainOmbre);
-  cible.Cadre(1, 1, d - 1, b - 1, Gris(255));
-  cible.Ligne(1, 1, d, 1, Palette::EtainBord);
-  cible.Ligne(1, 1, 1, b, Palette::EtainBord);
-  cible.Cadre(0, 0, d, b, Gris(0));
 }
 
 void PeindreFondPanneauTitre(Surface &cible, const std::string &titre, Couleur fond) {

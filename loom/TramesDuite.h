@@ -2,9 +2,8 @@
 #pragma once
 
 // Sends BitsDuite[DuiteCourante] in the protocol of NombreLames, in one write; nothing while PortOuvert is
-// False. The slices are cut from 8 bits on, so harnesses 17..24
-// (9..16 on 16) do not go out. Fails with 9 above 2500, and as the port does (8018); nothing is caught
-// here.
+// False. The slices are cut from 8 bits on, so harnesses 17..24 (9..16 on 16) do not go out. Fails with 9
+// above 2500, and as the port does (8018); nothing is caught here.
 void EnvoyerDuite();
 
 // Enter in Text1 sends its text as a manual pattern. Fails as the port does.

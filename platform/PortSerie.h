@@ -29,7 +29,8 @@ class PortSerie {
   virtual void Output(const std::string &octets) = 0;  // never waits; 8018
   virtual bool Retenu() const = 0;                     // what is written now is kept back
   virtual std::string Input() = 0;                     // all that was received; never waits
-  // Length and mode of reading are kept and tell back; all that is there is read, whatever they say.
+  // Length and mode of reading only tell back what was set: 0, the length that is ever set, reads all that is
+  // there.
   virtual void InputLen(Entier longueur) = 0;
   virtual Entier InputLen() const = 0;
   virtual void InputMode(long mode) = 0;

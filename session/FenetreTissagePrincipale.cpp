@@ -38,6 +38,7 @@ void PlacerTrame(FenetreTissagePrincipale &f) {
   Placer(f.LblCheminWif, 0, 0, 3390, 225);
   Placer(f.LblDate, 5700, 0, 1110, 225);
   Placer(f.LblNombreLigne, 0, 0, 3000, 225);
+  for (int j = 1; j <= kLames; ++j) f.BitEnvoie[j] = {180.0 + 240 * (j - 1), 210, 225, 210};
   for (int r = 1; r <= 20; ++r) {
     Etiquette &e = f.LblIndiqueLigneRendu[r];
     Placer(e, 120, 45 + 225 * (r - 1), 795, 225);

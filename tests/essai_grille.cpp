@@ -94,6 +94,14 @@ TEST_F(Grille, ColumnsFollowTheHarnessCounts) {
   EXPECT_TRUE(cases[11][25].Picture == ImageCase::Blanc && cases[12][1].Picture == ImageCase::Noir);
 }
 
+TEST_F(Grille, TheHiddenStripLiesUnderTheColumns) {
+  for (int j : {1, 32}) {
+    const CaseDuite &c = fenetre.BitEnvoie[j], &dessus = fenetre.PicPourTissage.PicPourImage[11][j];
+    EXPECT_EQ(fenetre.PicPourControle.Left + c.Left, fenetre.PicPourTissage.Left + dessus.Left);
+    EXPECT_EQ(std::tuple(c.Top, c.Width, c.Height), std::tuple(210, 225, 210));
+  }
+}
+
 TEST_F(Grille, LampsAfterARepaintOfAllFaces) {
   for (const auto &[option, voyant] : {std::pair{"Pattern", Commande::TisserPatron},
                                        {"Tabby", Commande::TisserToile},

@@ -4,20 +4,13 @@
 #include <QStringDecoder>
 #include <cmath>
 
-namespace {
-// Windows-1252 from 0x80 to 0x9F; its five holes stand for themselves.
-constexpr char16_t kSuperieurs[32] = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
-                                      0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
-                                      0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
-                                      0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+#include "base/CodePage.h"
 
+namespace {
 QString DeWindows1252(const std::string &octets) {
   QString texte;
   texte.reserve(static_cast<qsizetype>(octets.size()));
-  for (const char c : octets) {
-    const auto o = static_cast<unsigned char>(c);
-    texte += QChar(o >= 0x80 && o < 0xA0 ? kSuperieurs[o - 0x80] : static_cast<char16_t>(o));
-  }
+  for (const char c : octets) texte += QChar(Caractere1252(static_cast<unsigned char>(c)));
   return texte;
 }
 
@@ -38,7 +31,7 @@ int CodeCaractere(QChar caractere) {
   const char16_t c = caractere.unicode();
   if (c < 0x80 || (c >= 0xA0 && c <= 0xFF)) return c;
   for (int i = 0; i < 32; ++i)
-    if (kSuperieurs[i] == c) return 0x80 + i;
+    if (kSuperieurs1252[i] == c) return 0x80 + i;
   return '?';
 }
 
