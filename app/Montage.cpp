@@ -55,16 +55,12 @@ void NoterLigne(EvenementLigne evenement, const std::string &appareil) {
       return Noter(port + Selon("le métier ne prend rien", "the loom takes nothing"));
     case EvenementLigne::Debloquee:
       return Noter(port + Selon("le métier prend à nouveau", "the loom takes again"));
+    case EvenementLigne::Partie:
+      return NoterRetenuePartie();
     case EvenementLigne::Fermee:
       OublierRetenue();
       return Noter(port + Selon("ligne fermée", "line closed"));
   }
-}
-
-// What the line kept back leaves when it takes again, unless a redraw has sent the pick anew.
-void ChangerLigne(EtatLigne etat) {
-  MontrerEtatLigne(etat);
-  if (etat == EtatLigne::Bonne) NoterRetenuePartie();
 }
 
 // Whoever has to find the place in the cloth again needs the pick more than the number of the failure.
@@ -97,7 +93,7 @@ void Monter(PlateformeQt &machine) {
   for (Fenetre *f : ToutesFenetres()) machine.LeMiroir().Ajouter(*f);
   machine.MessageIcone = TransmettreMessageIcone;
   machine.LigneVue = NoterLigne;
-  machine.LigneChangee = ChangerLigne;
+  machine.LigneChangee = MontrerEtatLigne;
   machine.LigneRevenue = RenvoyerDuite;
   machine.ApresRapport = RelacherAvantFin;
   machine.FinDemandee = [] { BoutonProgramme_Click(Commande::Quitter); };

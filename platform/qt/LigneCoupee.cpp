@@ -7,7 +7,7 @@ void PortSerieQt::Perdre() {
   absent_ = true;
   bloquee_ = false;
   partis_[numero_] = nom_;
-  emission_.Vider();
+  Oublier();
   reprise_.stop();
   // Not inside the toolkit's own reading or writing.
   QMetaObject::invokeMethod(

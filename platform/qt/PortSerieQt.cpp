@@ -27,6 +27,11 @@ PortSerieQt::PortSerieQt(std::string dossier, int ronde) : dossier_(std::move(do
   });
 }
 
+void PortSerieQt::Oublier() {
+  emission_.Vider();
+  enAttente_ = false;
+}
+
 EtatLigne PortSerieQt::Etat() const {
   return Coupee() ? EtatLigne::Coupee : bloquee_ ? EtatLigne::Bloquee : EtatLigne::Bonne;
 }
@@ -77,7 +82,7 @@ void PortSerieQt::Ouvrir() {
     throw ErreurExecution(Erreur::PortInutilisable);
   }
   if (present) port_.clear(QSerialPort::Input);  // what came while closed is dropped
-  emission_.Vider();
+  Oublier();
   ouvert_ = true;
   absent_ = !present;
   bloquee_ = false;
@@ -107,7 +112,7 @@ void PortSerieQt::Fermer() {
   ouvert_ = absent_ = bloquee_ = false;
   ronde_.stop();
   reprise_.stop();
-  emission_.Vider();
+  Oublier();
   recus_.clear();
   port_.close();
   Dire(EvenementLigne::Fermee);
@@ -127,7 +132,8 @@ void PortSerieQt::Output(const std::string &octets) {
   emission_.Ajouter(octets, Tour());
   Pousser();
   if (presente && absent_) emission_.Ajouter(octets, Tour());  // the write that found the loss waits too
-  if (Retenu()) emission_.GarderTour(Tour());
+  if (absent_ || bloquee_) emission_.GarderTour(Tour());
+  enAttente_ = !emission_.Vide();
 }
 
 unsigned PortSerieQt::Tour() {
@@ -156,6 +162,7 @@ bool PortSerieQt::Pousser() {
   if (remise == Remise::Rien) return false;
   essaisVains_ = 0;
   Bloquer(false);
+  if (emission_.Vide() && std::exchange(enAttente_, false)) Dire(EvenementLigne::Partie);
   return true;
 }
 
@@ -189,7 +196,7 @@ Entier PortSerieQt::InBufferCount() {
 
 void PortSerieQt::OutBufferCount(Entier nombre) {
   if (nombre != 0) return;
-  emission_.Vider();
+  Oublier();
   if (Presente()) port_.clear(QSerialPort::Output);
 }
 
