@@ -72,7 +72,10 @@ BENCHMARK(ConstatsMotif)->Unit(benchmark::kMillisecond);
 void ImageMotif(benchmark::State &etat) {
   const Motif motif = LireMotif(Fichier());
   const char *const noms[] = {"x.png", "x.svg", "x.pdf"};
-  for (auto _ : etat) benchmark::DoNotOptimize(Dessiner(motif, noms[etat.range(0)], {}, Langue::Francais));
+  ReglagesDessin reglages;
+  reglages.cote = 2;  // some 300 sheets
+  for (auto _ : etat)
+    benchmark::DoNotOptimize(Dessiner(motif, noms[etat.range(0)], reglages, Langue::Francais));
 }
 BENCHMARK(ImageMotif)->Arg(0)->Arg(1)->Arg(2)->Unit(benchmark::kMillisecond);
 

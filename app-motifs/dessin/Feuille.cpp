@@ -6,7 +6,8 @@
 #include <stdexcept>
 
 namespace {
-constexpr long long kCasesTracees = 100000;  // more of them are pasted as a picture
+constexpr long long kCasesTracees = 100000;  // more of them are pasted as a picture,
+constexpr long long kCasesEnTout = 400000;   // and all of a drawing of more
 constexpr int kTuile = 4096;                 // cells of a pasted picture along a side
 constexpr double kCoteAvecTraits = 3;        // points
 
@@ -47,7 +48,8 @@ double Feuille::YDuite(int rang) const { return YRangee(p_.YDuite(rang)); }
 void Feuille::Cases() {
   for (const Bande &b : Bandes()) {
     if (b.nombre <= 0) continue;
-    if (static_cast<long long>(b.nombre) * k_.largeur > kCasesTracees) {
+    if (static_cast<long long>(b.nombre) * k_.largeur > kCasesTracees ||
+        static_cast<long long>(p_.Largeur()) * p_.Hauteur() > kCasesEnTout) {
       Coller(b);
       continue;
     }
