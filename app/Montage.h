@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "controls/Controles.h"
-#include "platform/qt/PlateformeQt.h"
+#include "platform/qt/machine/PlateformeQt.h"
 
 // Every window of the system, the main window first: the others lie above it.
 const std::vector<Fenetre *> &ToutesFenetres();

@@ -4,9 +4,9 @@
 #include <filesystem>
 
 #include "app/Montage.h"
-#include "platform/qt/InstanceUnique.h"
-#include "platform/qt/Rapport.h"
-#include "platform/qt/StyleChamps.h"
+#include "platform/qt/machine/InstanceUnique.h"
+#include "platform/qt/machine/Rapport.h"
+#include "platform/qt/natifs/StyleChamps.h"
 
 namespace {
 // Wayland lets no window place or shape itself; X11 does, and is there beside it as a rule.

@@ -20,7 +20,7 @@
 #include "events/Evenements.h"
 #include "kit/ModuleTransparence.h"
 #include "mainwindow/CompositionFenetre.h"
-#include "platform/qt/PlateformeQt.h"
+#include "platform/qt/machine/PlateformeQt.h"
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "weaving/EcouteMetier.h"

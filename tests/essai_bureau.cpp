@@ -12,8 +12,8 @@
 #include <QDBusVirtualObject>
 #include <QTest>
 
-#include "platform/qt/Catalogue.h"
-#include "platform/qt/InstanceUnique.h"
+#include "platform/qt/machine/Catalogue.h"
+#include "platform/qt/machine/InstanceUnique.h"
 #include "tests/BoutEnBout.h"
 
 namespace {

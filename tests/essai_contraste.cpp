@@ -13,8 +13,8 @@
 #include "app/vues/Vues.h"
 #include "controls/Palette.h"
 #include "kit/FeuilleAPropos.h"
-#include "platform/qt/StyleChamps.h"
-#include "platform/qt/TexteNatif.h"
+#include "platform/qt/natifs/StyleChamps.h"
+#include "platform/qt/natifs/TexteNatif.h"
 
 namespace {
 constexpr double kContraste = 4.5;

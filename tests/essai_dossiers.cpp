@@ -11,9 +11,9 @@
 #include <string>
 
 #include "base/ErreurExecution.h"
-#include "platform/qt/DossierProgramme.h"
-#include "platform/qt/LectureBmp.h"
-#include "platform/qt/MagasinImages.h"
+#include "platform/qt/machine/DossierProgramme.h"
+#include "platform/qt/natifs/LectureBmp.h"
+#include "platform/qt/natifs/MagasinImages.h"
 
 namespace fs = std::filesystem;
 

@@ -17,10 +17,10 @@
 #include <filesystem>
 #include <random>
 
-#include "platform/qt/Peints.h"
-#include "platform/qt/PlateformeQt.h"
-#include "platform/qt/StyleChamps.h"
-#include "platform/qt/TexteNatif.h"
+#include "platform/qt/machine/PlateformeQt.h"
+#include "platform/qt/natifs/Peints.h"
+#include "platform/qt/natifs/StyleChamps.h"
+#include "platform/qt/natifs/TexteNatif.h"
 #include "session/FenetreTissagePrincipale.h"
 
 namespace {

@@ -13,9 +13,9 @@
 #include <QTimer>
 #include <cstdarg>
 
-#include "platform/qt/PortSerieQt.h"
-#include "platform/qt/RefusPort.h"
-#include "platform/qt/ReglagesPort.h"
+#include "platform/qt/machine/PortSerieQt.h"
+#include "platform/qt/machine/RefusPort.h"
+#include "platform/qt/machine/ReglagesPort.h"
 #include "tests/Banc.h"
 
 namespace fs = std::filesystem;

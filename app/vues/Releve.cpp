@@ -10,7 +10,7 @@
 #include <map>
 
 #include "kit/Fabricant.h"
-#include "platform/qt/TexteNatif.h"
+#include "platform/qt/natifs/TexteNatif.h"
 #include "session/FenetreTissagePrincipale.h"
 
 namespace {

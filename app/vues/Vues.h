@@ -8,7 +8,7 @@
 #include <string>
 
 #include "controls/Controles.h"
-#include "platform/qt/PlateformeQt.h"
+#include "platform/qt/machine/PlateformeQt.h"
 
 class Vues {
  public:

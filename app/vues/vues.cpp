@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <cstdio>
 
-#include "platform/qt/StyleChamps.h"
+#include "platform/qt/natifs/StyleChamps.h"
 
 namespace {
 QImage Decoupee(QWidget &cadre) {

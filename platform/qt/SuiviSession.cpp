@@ -1,9 +1,0 @@
-#include "platform/qt/SuiviSession.h"
-
-#include "session/FenetreTissagePrincipale.h"
-#include "session/ModuleTissage.h"
-
-void SuiviSession::Suivre() {
-  catalogue_.Suivre(session.LangueFrancaise);
-  inhibiteur_.Empecher(fenetre.TissageEnCours && port_.PortOpen(), Selon("Tissage en cours", "Weaving"));
-}

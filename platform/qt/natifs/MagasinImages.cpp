@@ -1,0 +1,88 @@
+#include "platform/qt/natifs/MagasinImages.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+#include <QPainter>
+
+#include "base/ErreurExecution.h"
+#include "controls/Controles.h"
+#include "platform/qt/natifs/LectureBmp.h"
+
+namespace {
+// As the name's ending tells: to find the kind by the content, the toolkit first loads every picture library.
+QImage Lire(const QString &chemin) {
+  const QByteArray fin = QFileInfo(chemin).suffix().toLower().toLatin1();
+  if (fin == "bmp")
+    if (QImage image = LireBmp(QFile::encodeName(chemin).toStdString()); !image.isNull()) return image;
+  if (!QFileInfo::exists(chemin)) return {};
+  QImageReader lecteur(chemin, fin);
+  lecteur.setAutoDetectImageFormat(false);
+  const QImage image = lecteur.read();
+  return image.isNull() ? QImageReader(chemin).read() : image;
+}
+
+// Half-transparent pixels are laid over the grey that controls have by default.
+Surface EnSurface(QImage image) {
+  if (image.format() != QImage::Format_RGB32) {
+    QImage opaque(image.size(), QImage::Format_RGB32);
+    opaque.fill(QColor::fromRgb(Gris(192)));
+    QPainter(&opaque).drawImage(0, 0, image);
+    image = opaque;
+  }
+  // The surface keeps the picture's own memory: four bytes a pixel, no row ends in padding.
+  auto *gardee = new QImage(std::move(image));
+  auto *pixels = reinterpret_cast<std::uint32_t *>(gardee->bits());
+  return {gardee->width(), gardee->height(), {pixels, [gardee](std::uint32_t *) { delete gardee; }}};
+}
+}  // namespace
+
+QImage MagasinImages::Prendre(const std::string &nom) {
+  QImage image = Cherchee(nom);
+  if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
+  return image;
+}
+
+QImage MagasinImages::Cherchee(const std::string &nom) const {
+  const QString place = QStringLiteral("/Images/") + QString::fromStdString(nom);
+  QImage image;
+  for (const std::string &dossier : dossiers_)
+    for (const char *fin : {".bmp", ".png"})
+      if (image.isNull()) image = Lire(QString::fromStdString(dossier) + place + QLatin1String(fin));
+  if (image.isNull()) return image;
+  // The formats that surfaces and screens take, so that no painting converts.
+  const auto format = image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32;
+  return image.convertToFormat(format);
+}
+
+const QImage &MagasinImages::Nommee(const std::string &nom) {
+  const auto connue = nommees_.find(nom);
+  if (connue != nommees_.end()) return connue->second;
+  return nommees_[nom] = Prendre(nom);
+}
+
+const Surface &MagasinImages::Picture(const std::string &nom) {
+  const auto connue = surfaces_.find(nom);
+  if (connue != surfaces_.end()) return connue->second;
+  return surfaces_[nom] = EnSurface(Prendre(nom));
+}
+
+std::string MagasinImages::Trouve(const std::string &chemin) const {
+  const std::string premier = dossiers_.front() + '/';
+  if (chemin.rfind(premier, 0) != 0) return chemin;
+  for (const std::string &dossier : dossiers_) {
+    const std::string ailleurs = dossier + '/' + chemin.substr(premier.size());
+    if (QFileInfo::exists(QFile::decodeName(ailleurs.c_str()))) return ailleurs;
+  }
+  return chemin;
+}
+
+const Surface &MagasinImages::LoadPicture(const std::string &chemin) {
+  const auto connue = fichiers_.find(chemin);
+  if (connue != fichiers_.end()) return connue->second;
+  const QString fichier = QFile::decodeName(Trouve(chemin).c_str());
+  if (!QFileInfo::exists(fichier)) throw ErreurExecution(Erreur::FichierIntrouvable);
+  QImage image = Lire(fichier);
+  if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
+  return fichiers_[chemin] = EnSurface(std::move(image));
+}
