@@ -201,6 +201,7 @@ void Vues::VoirBulles() {
 void Vues::VoirMessages() {
   machine_->Motif = "Pedales8.Wif";
   Voir("ligne-coupee", fenetreLigne, [] { MontrerEtatLigne(EtatLigne::Coupee); });
+  Voir("ligne-bloquee", fenetreLigne, [] { MontrerEtatLigne(EtatLigne::Bloquee); });
   Faire([] { MontrerEtatLigne(EtatLigne::Bonne); });
   Voir("rappel", fenetreRappel, [] {
     AfficherRappel({true,
