@@ -6,6 +6,7 @@
 #include "events/EvenementsFenetre.h"
 #include "events/EvenementsSurvol.h"
 #include "kit/BullesInfo.h"
+#include "kit/Fabricant.h"
 #include "kit/ProcedureConnexe.h"
 #include "loom/TramesDuite.h"
 #include "mainwindow/CompositionFenetre.h"
@@ -64,7 +65,7 @@ void LierFenetre() {
   fenetre.BarreDeplacement.MouseUp = BarreDeplacement_MouseUp;
   fenetre.PicTVCentre.Click = [] { PicTVCentre_Click(), AccorderRemarque(); };
   fenetre.BoutonAide.Click = BoutonAide_Click;
-  fenetre.LogoNor.Click = LogoNor_Click;
+  if (*Fabricant::Site) fenetre.LogoNor.Click = LogoNor_Click;
   fenetre.Timer1.Timer = AttendreOK;
   fenetre.Timer2.Timer = Timer2_Timer;
   fenetre.Timer3.Timer = Timer3_Timer;

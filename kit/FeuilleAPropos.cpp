@@ -127,6 +127,7 @@ FeuilleAPropos::FeuilleAPropos() {
     Etiquette &e = Label1[i];
     Placer(e, 15, kHauts[i], 2805, 315);
     e.Caption = textes[i];
+    e.Visible = !e.Caption.empty();
     e.Font = {"Arial", 9.75, true, false};
     e.NomAccessible = e.Caption;
     e.ForeColor = i == kSite || i == kCourriel ? kBleu : kBlanc;

@@ -46,7 +46,8 @@ TEST_F(Fenetres, ChaqueCommandeASonAide) {
   for (int i = 0; i < SourceBulle::Nombre; ++i) {
     const auto &[francais, anglais] = RangeeDe(i).textes;
     for (const TexteBulle *t : {&francais, &anglais}) {
-      EXPECT_STRNE(t->statut, "") << i;
+      const bool duFabricant = i == SourceBulle::LogoNor && t == &francais;
+      EXPECT_EQ(*t->statut == 0, duFabricant && !*Fabricant::NomEtSite) << i;
       for (const LigneBulle &l : t->lignes) EXPECT_TRUE(l.numero >= 0 && l.numero <= 6) << i;
     }
   }
@@ -291,14 +292,28 @@ TEST_F(Fenetres, APropos) {
     EXPECT_EQ(f.tmrTexte.Interval(), 0);
     Bouger(f.Image2);
     EXPECT_EQ(f.tmrTexte.Interval(), 200);
-    for (int i : {4, 5}) f.Label1[i].Click();
+    const char *const lignes[] = {"Version Béta 1.1",       "",
+                                  Fabricant::RaisonSociale, Fabricant::Nom,
+                                  Fabricant::Site,          Fabricant::Courriel};
+    for (int i : {0, 2, 3, 4, 5}) {
+      EXPECT_EQ(f.Label1[i].Caption, lignes[i]);
+      EXPECT_EQ(f.Label1[i].Visible, *lignes[i] != 0) << "a line that is not set is left out";
+    }
+    for (int i : {4, 5})
+      if (f.Label1[i].Visible) f.Label1[i].Click();
     f.Image2.Click();
     EXPECT_FALSE(f.Visible || f.Chargee);
   };
   fenetre.BoutonAide.Click();
   EXPECT_EQ(visibles(), 10);
-  EXPECT_EQ(pf.adresses,
-            (V{Fabricant::Site, std::string("mailto:") + Fabricant::Courriel + "?subject=Vélo"}));
+  EXPECT_EQ(static_cast<bool>(fenetre.LogoNor.Click), *Fabricant::Site != 0);
+  if (fenetre.LogoNor.Click) fenetre.LogoNor.Click();
+  V adresses;
+  if (*Fabricant::Site) adresses.push_back(Fabricant::Site);
+  if (*Fabricant::Courriel)
+    adresses.push_back(std::string("mailto:") + Fabricant::Courriel + "?subject=Vélo");
+  if (*Fabricant::Site) adresses.push_back(Fabricant::Site);  // the logo's
+  EXPECT_EQ(pf.adresses, adresses);
 }
 
 TEST_F(Fenetres, Contours) {

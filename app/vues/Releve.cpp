@@ -9,7 +9,6 @@
 #include <QWidget>
 #include <map>
 
-#include "kit/Fabricant.h"
 #include "platform/qt/natifs/TexteNatif.h"
 #include "session/FenetreTissagePrincipale.h"
 
@@ -70,16 +69,12 @@ QImage Seul(QWidget &w, bool avecEnfants) {
   return image;
 }
 
-// What depends on where the program lies, and on whose loom it was made for.
+// What depends on where the program lies.
 std::string SansLieu(std::string texte, const std::string &dossier) {
-  const std::pair<std::string, std::string> lieux[] = {{dossier, "<folder>"},
-                                                       {Fabricant::RaisonSociale, "<company>"},
-                                                       {Fabricant::Site, "<site>"},
-                                                       {Fabricant::Courriel, "<mail>"},
-                                                       {Fabricant::Nom, "<maker>"}};
-  for (const auto &[lieu, nom] : lieux)
-    for (std::size_t p = 0; !lieu.empty() && (p = texte.find(lieu, p)) != std::string::npos; p += nom.size())
-      texte.replace(p, lieu.size(), nom);
+  const std::string nom = "<folder>";
+  for (std::size_t p = 0; !dossier.empty() && (p = texte.find(dossier, p)) != std::string::npos;
+       p += nom.size())
+    texte.replace(p, dossier.size(), nom);
   return texte;
 }
 
