@@ -35,6 +35,10 @@ void LierChamps() {
     fenetre.ComConfiguration[i].Click = [i] { ComConfiguration_Click(i); };
     fenetre.ComConfiguration[i].GotFocus = [i] { ComConfiguration_GotFocus(i); };
   }
+  // The number alone does not tell which socket it is.
+  fenetre.ComConfiguration[1].Click = [] { ComConfiguration_Click(1), RemarquerAppareil(); };
+  fenetre.ComConfiguration[1].GotFocus = [] { ComConfiguration_GotFocus(1), RemarquerAppareil(); };
+  fenetre.ComConfiguration[1].MouseMove = [](int, double, double) { RemarquerAppareil(); };
   for (int i = 1; i <= 24; ++i) fenetre.CheckSelenoide[i].Click = CheckSelenoide_Click;
   fenetre.TxtDuite.KeyDown = [](int touche, int) { TxtDuite_KeyDown(touche); };
   fenetre.TxtDuite.KeyPress = TxtDuite_KeyPress;

@@ -1,5 +1,6 @@
 #include "events/EvenementsSurvol.h"
 
+#include "base/TexteNumerique.h"
 #include "commands/CommandesProgramme.h"
 #include "display/Voyants.h"
 #include "kit/BullesInfo.h"
@@ -56,6 +57,16 @@ void PicTVCentre_MouseMove() {
 }
 
 void TxtVitessePortSerie_MouseMove() { EcrireRemarque(fenetre.TxtVitessePortSerie, kIntervalle); }
+
+void RemarquerAppareil() {
+  static std::string texte;  // the status line keeps the address
+  const ListeChoix &champ = fenetre.ComConfiguration[1];
+  if (champ.Text.size() < 5) return;  // no number chosen yet
+  const std::string appareil = MSComm1().Appareil(Arrondir(Val(champ.Text.substr(4))));
+  texte =
+      champ.Text + Selon(" : ", ": ") + (appareil.empty() ? Selon("aucun appareil", "no device") : appareil);
+  EcrireRemarque(champ, {texte.c_str(), texte.c_str()});
+}
 
 void Picture2_MouseMove() {
   fenetre.Picture2.MousePointer = kPointeurPerso;

@@ -14,6 +14,8 @@ void Drapeau_MouseMove(Entier index);
 void LogoNor_MouseMove();
 void PicTVCentre_MouseMove();
 void TxtVitessePortSerie_MouseMove();
+// The port field, by pointer, keyboard or choice: the device behind the number that it shows.
+void RemarquerAppareil();
 
 // These end the hover.
 void Picture2_MouseMove();

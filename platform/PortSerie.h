@@ -25,6 +25,8 @@ class PortSerie {
   virtual std::string Settings() const = 0;
   virtual void PortOpen(bool ouvrir) = 0;  // 8002, 8005
   virtual bool PortOpen() const = 0;
+  // The device behind a number, open or not: "ttyUSB0, USB adapter" in the language in force, empty for none.
+  virtual std::string Appareil(Entier numero) const = 0;
   virtual std::string RaisonRefus() const = 0;  // of the last 8002: a sentence in the language in force
   virtual void Output(const std::string &octets) = 0;  // never waits; 8018
   virtual bool Retenu() const = 0;                     // what is written now is kept back

@@ -56,6 +56,7 @@ class PortBanc : public PortSerie {
   std::string Settings() const override { return reglages; }
   void PortOpen(bool ouvrir) override;
   bool PortOpen() const override { return ouvert; }
+  std::string Appareil(Entier n) const override { return n == 2 ? "ttyUSB0, USB adapter" : ""; }
   std::string RaisonRefus() const override { return "COM: why"; }
   void Output(const std::string &octets) override;
   bool Retenu() const override { return retenu; }

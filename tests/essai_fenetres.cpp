@@ -54,6 +54,22 @@ TEST_F(Fenetres, ChaqueCommandeASonAide) {
   EXPECT_EQ(Echec([] { RangeeDe(SourceBulle::Nombre); }), Erreur::Indice);
 }
 
+TEST_F(Fenetres, LeChampDuPortNommeLAppareil) {
+  ListeChoix &champ = fenetre.ComConfiguration[1];
+  champ.Text = "COM 2";
+  champ.Click();
+  EXPECT_EQ(fenetre.Remarque.Caption, "COM 2: ttyUSB0, USB adapter");
+  session.LangueFrancaise = true;
+  champ.Text = "COM 3";
+  Bouger(champ);
+  EXPECT_EQ(fenetre.Remarque.Caption, "COM 3 : aucun appareil");
+  fenetre.FenetreConfiguration.MouseMove(0, 30, 30);
+  EXPECT_EQ(fenetre.Remarque.Caption, "");
+  champ.Text.clear();
+  champ.GotFocus();
+  EXPECT_EQ(fenetre.Remarque.Caption, "");
+}
+
 TEST_F(Fenetres, ToutCeQuiAgitAUnNomDansLesDeuxLangues) {
   struct : Visiteur {
     std::map<std::string, std::string> noms;

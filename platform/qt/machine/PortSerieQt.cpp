@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/machine/AppareilPort.h"
 #include "platform/qt/machine/RefusPort.h"
 #include "platform/qt/machine/ReglagesPort.h"
 
@@ -69,6 +70,11 @@ void PortSerieQt::PortOpen(bool ouvrir) {
   if (!ouvrir) return Fermer();
   if (ouvert_) throw ErreurExecution(Erreur::PortDejaOuvert);
   Ouvrir();
+}
+
+std::string PortSerieQt::Appareil(Entier numero) const {
+  const std::string lien = LienDuPort(dossier_, numero);
+  return NommerAppareil(lien.empty() ? PortListe(numero) : lien);
 }
 
 void PortSerieQt::Ouvrir() {

@@ -56,6 +56,7 @@ class PortSerieQt : public PortSerie {
   std::string Settings() const override { return reglages_; }
   void PortOpen(bool ouvrir) override;
   bool PortOpen() const override { return ouvert_; }
+  std::string Appareil(Entier numero) const override;
   std::string RaisonRefus() const override { return refus_; }
   void Output(const std::string &octets) override;
   bool Retenu() const override { return ouvert_ && (absent_ || !emission_.Vide()); }
