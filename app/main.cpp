@@ -4,9 +4,12 @@
 #include <filesystem>
 
 #include "app/Montage.h"
+#include "base/PageGuide.h"
 #include "platform/qt/machine/InstanceUnique.h"
 #include "platform/qt/machine/Rapport.h"
+#include "platform/qt/machine/ToucheAide.h"
 #include "platform/qt/natifs/StyleChamps.h"
+#include "session/ModuleTissage.h"
 
 namespace {
 // Wayland lets no window place or shape itself; X11 does, and is there beside it as a rule.
@@ -25,7 +28,7 @@ void Preparer() {
   QApplication::setApplicationName(QStringLiteral("Brandis"));
   QApplication::setQuitOnLastWindowClosed(false);  // the window also hides behind its notification icon
   InstallerStyle();
-  QGuiApplication::setDesktopFileName(QStringLiteral("brandis"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.brandis.brandis"));
 }
 
 int Lancer(int nombre, char **mots) {
@@ -38,6 +41,10 @@ int Lancer(int nombre, char **mots) {
     return 0;
   }
   PlateformeQt machine(dossiers);
+  const ToucheAide aide([&] {
+    const std::string page = PageGuide(DossierExecutable(), session.LangueFrancaise);
+    page.empty() ? machine.Beep() : machine.OuvrirAdresse(page);
+  });
   Monter(machine);
   // Once the window stands: nobody calls before.
   QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });

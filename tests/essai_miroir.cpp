@@ -18,6 +18,7 @@
 #include <random>
 
 #include "platform/qt/machine/PlateformeQt.h"
+#include "platform/qt/machine/ToucheAide.h"
 #include "platform/qt/natifs/Peints.h"
 #include "platform/qt/natifs/StyleChamps.h"
 #include "platform/qt/natifs/TexteNatif.h"
@@ -405,3 +406,20 @@ TEST_F(EssaiMiroir, AModalWindowHoldsItsProcedureButNotTheTimers) {
   EXPECT_TRUE(f.Chargee && f.Visible) << "but not the main window";
 }
 }  // namespace
+
+TEST(Aide, F1AsksForTheGuideOnceAndIsNoKeyOfTheField) {
+  int demandes = 0, touches = 0;
+  const ToucheAide aide([&] { ++demandes; });
+  struct Champ : QLineEdit {
+    int &touches;
+    explicit Champ(int &t) : touches(t) {}
+    void keyPressEvent(QKeyEvent *) override { ++touches; }
+  } champ(touches);
+  QTest::keyClick(&champ, Qt::Key_F1);
+  QKeyEvent tenue(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier, QString(), true);
+  QApplication::sendEvent(&champ, &tenue);
+  EXPECT_EQ(std::pair(demandes, touches), std::pair(1, 0));
+  QTest::keyClick(&champ, Qt::Key_F1, Qt::ShiftModifier);
+  QTest::keyClick(&champ, Qt::Key_F2);
+  EXPECT_EQ(std::pair(demandes, touches), std::pair(1, 3)) << "Shift, F1 with it, F2";
+}

@@ -27,6 +27,7 @@
 #include "app-motifs/fenetre/Fiche.h"
 #include "app-motifs/fenetre/Rangee.h"
 #include "app-motifs/fenetre/VueMotif.h"
+#include "base/PageGuide.h"
 #include "motifs/Fichier.h"
 #include "motifs/LectureMotif.h"
 
@@ -384,4 +385,18 @@ TEST_F(EssaiFenetre, FaultsAreSaidBeforeWriting) {
   QTest::mouseClick(Touche(f, "ramener"), Qt::LeftButton);
   EXPECT_EQ(message, "To be threaded anew:");
   EXPECT_TRUE(Fautes(LireMotif(Dossier() + "/bas.wif")).empty());
+}
+
+TEST_F(EssaiFenetre, F1LooksForTheGuide) {
+  FenetreMotifs f(Dossier(), Langue::Francais);
+  f.show();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&f));
+  QString message;
+  AuMessage(message, QMessageBox::Ok);
+  QTest::keyClick(&f, Qt::Key_F1);
+  EXPECT_EQ(message, QStringLiteral("Le guide n'est pas installé."));
+  std::filesystem::create_directory(Dossier() + "/Guide");
+  EcrireFichier(Dossier() + "/Guide/fr.html", "fr", false);
+  EXPECT_EQ(PageGuide(Dossier(), true), Dossier() + "/Guide/fr.html");
+  EXPECT_EQ(PageGuide(Dossier(), false), "");
 }

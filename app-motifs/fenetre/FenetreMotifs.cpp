@@ -1,6 +1,7 @@
 #include "app-motifs/fenetre/FenetreMotifs.h"
 
 #include <QBoxLayout>
+#include <QDesktopServices>
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -16,6 +17,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
+#include <QUrl>
 
 #include "app-motifs/fenetre/Boiseries.h"
 #include "app-motifs/fenetre/Fiche.h"
@@ -23,6 +25,7 @@
 #include "app-motifs/fenetre/Rangee.h"
 #include "app-motifs/fenetre/Textes.h"
 #include "app-motifs/fenetre/VueMotif.h"
+#include "base/PageGuide.h"
 #include "motifs/Fichier.h"
 #include "motifs/LectureMotif.h"
 
@@ -276,6 +279,8 @@ QWidget *FenetreMotifs::ComposerTouches() {
   raccourci(QKeySequence::Open, "ouvrir");
   raccourci(QKeySequence::Save, "image");
   raccourci(QKeySequence(Qt::CTRL | Qt::Key_Return), "brandis");
+  connect(new QShortcut(QKeySequence(Qt::Key_F1), this), &QShortcut::activated, this,
+          &FenetreMotifs::MontrerGuide);
   connect(new QShortcut(QKeySequence::Quit, this), &QShortcut::activated, this, [this] { close(); });
   return barre;
 }
@@ -317,6 +322,14 @@ void FenetreMotifs::MontrerCourant() {
 }
 
 void FenetreMotifs::Dire(const QString &texte) { dit_->Dire(texte); }
+
+void FenetreMotifs::MontrerGuide() {
+  const std::string page = PageGuide(dossierExecutable_, langue_ == Langue::Francais);
+  if (page.empty())
+    Refuser(Selon("Le guide n'est pas installé.", "The guide is not installed."));
+  else
+    QDesktopServices::openUrl(QUrl::fromLocalFile(QFile::decodeName(page.c_str())));
+}
 
 void FenetreMotifs::Refuser(const QString &texte) {
   QMessageBox boite(QMessageBox::Warning, windowTitle(), texte, QMessageBox::Ok, this);

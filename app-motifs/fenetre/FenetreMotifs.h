@@ -77,6 +77,7 @@ class FenetreMotifs : public QMainWindow {
   void MontrerCouleurs();
   void RamenerLames();
   void FaireProjet();
+  void MontrerGuide();
   void Fermer();
   void ChoisirVue();
   void Tourner();
