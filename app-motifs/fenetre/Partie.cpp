@@ -16,8 +16,8 @@ BRANDIS_PARTIE int brandis_motifs_fenetre(const std::string &dossierExecutable, 
   char nom[] = "brandis-motifs";
   char *mots[] = {nom, nullptr};
   QApplication application(nombre, mots);
-  QApplication::setDesktopFileName(QStringLiteral("brandis-motifs"));
-  QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("brandis")));
+  QApplication::setDesktopFileName(QStringLiteral("org.brandis.motifs"));
+  QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.brandis.brandis")));
   QTranslator traducteur;  // the toolkit's own words
   if (langue == Langue::Francais &&
       traducteur.load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
