@@ -1,9 +1,12 @@
-// Draws the cloth of the guide's examples, from the plans that the commands make. Argument: the folder of the
-// drawings; with --verifier it writes nothing and tells whether they are still what the commands make.
+// Draws the cloth of the guide's examples, from the plans that the commands make, and writes its sample lines
+// of the journal and of the simulated loom, from a weaving of a sample pattern. Argument: the guide's folder;
+// with --verifier it writes nothing and tells whether all of it is still what the program makes.
 #include <cstdio>
 #include <cstring>
 #include <iostream>
+#include <sstream>
 
+#include "simulator/Releve.h"
 #include "tests/Banc.h"
 
 namespace {
@@ -30,6 +33,9 @@ class Atelier : public Banc {
     Ouvrir(Motif({"1=1,2,3,6", "2=2,3,4,7", "3=3,4,5,8", "4=1,4,5,6", "5=2,5,6,7", "6=3,6,7,8", "7=1,4,7,8",
                   "8=1,2,5,8"}));
   }
+  void OuvrirFigure() { Ouvrir(EcrireFichier("Figure24.Wif", Lire(BRANDIS_FIGURE))); }
+  using Banc::Ecrits;
+  using Banc::LireFichier;
   void Choisir(const std::string &option, int duite) {
     Configurer({{5, option}, {7, std::to_string(duite)}});
   }
@@ -137,6 +143,45 @@ std::map<std::string, std::string> Dessiner() {
   return dessins;
 }
 
+// The journal's line of the 28th pick, on a day that stays.
+std::string LigneJournal(bool francais) {
+  Atelier a;
+  session.LangueFrancaise = francais;
+  a.OuvrirFigure();
+  a.Tisser(28);
+  std::string journal = a.LireFichier("Journal.txt");
+  journal.pop_back();  // the last line's own end
+  return "2026-11-23 08:31:07" + journal.substr(journal.rfind('\n') + 1).substr(19);
+}
+
+// What the simulated loom prints of the first shed, without the time and the bytes.
+std::string LigneMetier() {
+  Atelier a;
+  a.OuvrirFigure();
+  a.Ecrits();
+  a.Tisser(1);
+  std::ostringstream dit;
+  Releve releve(dit, 24, false);
+  LecteurTrames lecteur(24);
+  for (const std::string &ecrit : a.Ecrits())
+    for (const char c : ecrit)
+      for (const Trame &trame : lecteur.Lire(static_cast<std::uint8_t>(c))) releve.Noter(trame);
+  const std::string ligne = dit.str().substr(dit.str().find("shed"));
+  return ligne.substr(0, ligne.find("  ")) + "  …";
+}
+
+// The page with its samples, each between the marks of its place.
+std::string AvecExemples(std::string page, const std::map<std::string, std::string> &exemples) {
+  for (const auto &[place, texte] : exemples) {
+    const std::string debut = "<pre id=\"" + place + "\"><code>";
+    const std::size_t p = page.find(debut);
+    if (p == std::string::npos) continue;
+    const std::size_t d = p + debut.size();
+    page.replace(d, page.find("</code>", d) - d, texte);
+  }
+  return page;
+}
+
 std::string Lire(const std::string &chemin) {
   std::ifstream f(chemin, std::ios::binary);
   return {std::istreambuf_iterator<char>(f), {}};
@@ -147,13 +192,20 @@ int main(int nombre, char **mots) {
   if (nombre < 2) return 2;
   const std::string dossier = mots[1];
   const bool verifier = nombre > 2 && std::strcmp(mots[2], "--verifier") == 0;
+  std::map<std::string, std::string> fichiers;
+  for (const auto &[nom, svg] : Dessiner()) fichiers[dossier + "/dessins/" + nom + ".svg"] = svg;
+  for (const bool francais : {false, true}) {
+    const std::string page = dossier + (francais ? "/fr.html" : "/en.html");
+    fichiers[page] = AvecExemples(
+        Lire(page), {{"exemple-journal", LigneJournal(francais)}, {"exemple-metier", LigneMetier()}});
+  }
   int ecarts = 0;
-  for (const auto &[nom, svg] : Dessiner()) {
-    const std::string chemin = dossier + "/" + nom + ".svg";
+  for (const auto &[chemin, contenu] : fichiers) {
+    if (Lire(chemin) == contenu) continue;
     if (!verifier) {
-      std::ofstream(chemin, std::ios::binary) << svg;
-    } else if (Lire(chemin) != svg) {
-      std::cout << chemin << " is not what the commands make; run the target dessins-guide\n";
+      std::ofstream(chemin, std::ios::binary) << contenu;
+    } else {
+      std::cout << chemin << " is not what the program makes; run the target dessins-guide\n";
       ecarts = 1;
     }
   }
