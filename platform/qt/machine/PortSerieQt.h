@@ -1,19 +1,16 @@
 // The serial port over Qt. A device that goes away is for the program what a pulled cable is on a plain
 // serial line: silence. The port stays open, and the device is waited for.
 //
-//   the device goes     Nothing fails. What was written before is forgotten; what had come in is still read.
-//   while it is away    `PortOpen` is True, nothing arrives. The writes of the last event that wrote wait, in
-//   the
-//                       place of those before; `OutBufferCount` = 0 empties them. Closing waits for nothing.
-//   it comes back       Once a second the name under which it was opened is looked at. What opens there as a
-//   serial
-//                       line is the device: settings in force, exclusive as before. `Revenue` is told, then
-//                       what still waits goes out, once.
-//   opening             A port whose device went away and was not found again since opens all the same, and
-//   waits. it takes nothing    When bytes wait and none has moved for a second, the line hangs. The device
-//   stays open and is
-//                       read. A write that has begun to leave goes on to its end; of those behind it the last
-//                       event's wait. Nothing is dropped by force or repeated; a byte that moves ends it.
+// - The device goes: nothing fails. What was written before is forgotten; what had come in is still read.
+// - While it is away: `PortOpen` is True, nothing arrives. The writes of the last event that wrote wait, in
+//   the place of those before; `OutBufferCount` = 0 empties them. Closing waits for nothing.
+// - It comes back: once a second the name under which it was opened is looked at. What opens there as a
+//   serial line is the device: settings in force, exclusive as before. `Revenue` is told, then what still
+//   waits goes out, once.
+// - Opening: a port whose device went away and was not found again since opens all the same, and waits.
+// - It takes nothing: when bytes wait and none has moved for a second, the line hangs. The device stays open
+//   and is read. A write that has begun to leave goes on to its end; of those behind it the last event's
+//   wait. Nothing is dropped by force or repeated; a byte that moves ends it.
 #pragma once
 
 #include <QSerialPort>

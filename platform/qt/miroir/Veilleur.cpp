@@ -119,6 +119,9 @@ bool Veilleur::Cadre(QEvent &e) {
     case QEvent::Move:
       if (!presse_) fenetre_.Deplacee();
       return false;
+    case QEvent::WindowActivate:
+      fenetre_.LeverAutres();
+      return false;
     case QEvent::WindowStateChange:
       fenetre_.EtatChange();
       return false;

@@ -102,6 +102,10 @@ void NatifCadre::MettreDevant(bool activer) {
     (modale ? modale : cadre_)->activateWindow();
   }
   cadre_->raise();
+  LeverAutres();
+}
+
+void NatifCadre::LeverAutres() {
   for (QObject *autre : cadre_->children())
     if (auto *w = qobject_cast<QWidget *>(autre); w && w->isWindow() && w->isVisible()) w->raise();
 }

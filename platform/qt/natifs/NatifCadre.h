@@ -15,6 +15,9 @@ class NatifCadre : public Natif {
   // Over the windows of other programs, with those of its own above it; the keyboard goes to it, or to the
   // modal window.
   void MettreDevant(bool activer = true);
+  // Raises the windows that belong above this one: a window manager that has activated it may have raised it
+  // over them.
+  void LeverAutres();
   // The window manager moved the window, or changed its state.
   void Deplacee();
   void EtatChange();
