@@ -82,7 +82,13 @@ void Prendre(Demande &d, int option, const std::string &nom, const std::string &
       d.groupe = Nombre(nom, valeur, 1, 8);
       break;
     case Option::Port:
-      d.port = Nombre(nom, valeur, 1, 4);
+      d.projet.port = Nombre(nom, valeur, 1, 4);
+      break;
+    case Option::Tissage:
+      d.projet.option = Nombre(nom, valeur, 1, 3);
+      break;
+    case Option::Duite:
+      d.projet.duite = Nombre(nom, valeur, 1, kDuitesMetier);
       break;
     case Option::LamesDuMetier:
       d.lames = Nombre(nom, valeur, kLamesPetitMetier, kLamesMetier);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app-motifs/ReglagesDessin.h"
+#include "motifs/Projet16.h"
 
 struct MotVerbe;
 
@@ -33,8 +34,8 @@ struct Demande {
   int flotte;                // threads, the longest float that is no finding
   int lames = 24;            // harnesses of the loom whose sheds are judged
   int groupe = 1;            // ends that the threading list tells in one row
-  int port = 0;              // COM number, 0 for the one of the settings
-  Etendue duites;            // picks of every file that names none of its own
+  ReglagesProjet projet;
+  Etendue duites;  // picks of every file that names none of its own
   ReglagesDessin dessin;
   std::optional<bool> structure;  // the view asked for; else the one that shows more
   bool remplacer = false, json = false, separer = false, lieux = false;

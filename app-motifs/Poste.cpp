@@ -4,7 +4,6 @@
 
 #include "motifs/Fichier.h"
 #include "motifs/FormeTissable.h"
-#include "motifs/Projet16.h"
 
 namespace fs = std::filesystem;
 
@@ -28,14 +27,14 @@ std::string Convertir(const Motif &motif, const std::string &dossier, bool rempl
   return cible;
 }
 
-std::pair<std::string, std::string> FaireProjet16(const Motif &motif, const std::string &data, int port,
-                                                  bool remplacer) {
+std::pair<std::string, std::string> FaireProjet16(const Motif &motif, const std::string &data,
+                                                  const ReglagesProjet &reglages, bool remplacer) {
   const fs::path dossier = fs::absolute(data), cible = Cible(motif, dossier),
-                 reglages = dossier / "Configuration.Con";
+                 configuration = dossier / "Configuration.Con";
   const std::string forme = FormeTissable(motif);
-  Projet16 projet =
-      ComposerProjet16(motif, cible, Aujourdhui(), fs::exists(reglages) ? LireBrut(reglages) : "");
-  if (port > 0) projet.entete.replace(265, 2, {static_cast<char>(port), '\0'});
+  const Projet16 projet = ComposerProjet16(
+      motif, cible, Aujourdhui(), fs::exists(configuration) ? LireBrut(configuration) : "", reglages);
+  const VerrouBrandis verrou(dossier);
   const bool pareil = fs::is_regular_file(cible) && LireBrut(cible) == forme;
   if (!pareil) ExigerAutreFichier(motif.chemin, cible);
   if (!pareil) EcrireFichier(cible, forme, remplacer);

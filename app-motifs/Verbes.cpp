@@ -181,8 +181,15 @@ class Travail {
 
   int Projet16(const std::string &fichier) {
     const Motif lu = LirePartie(fichier);
-    const int etat = DireFautes(fichier, Fautes(lu, kLamesPetitMetier));
-    const auto [motif, ancien] = FaireProjet16(lu, DossierVers(), d_.port, d_.remplacer);
+    std::vector<Constat> fautes = Fautes(lu, kLamesPetitMetier);
+    if (d_.projet.option != 1)
+      fautes.push_back(
+          {Constat::ToileAReprendre,
+           true,
+           {"à la reprise les duites de toile sont vides ; « Toile + » (ou « Toile ») les remplit.",
+            "after Resume the tabby picks are empty; Tabby + (or Tabby) fills them."}});
+    const int etat = DireFautes(fichier, fautes);
+    const auto [motif, ancien] = FaireProjet16(lu, DossierVers(), d_.projet, d_.remplacer);
     DireChemin(motif);
     if (!ancien.empty())
       sortie_ << Selon("l'ancien projet est gardé : ", "the earlier project is kept: ") << EnUtf8(ancien)

@@ -24,6 +24,8 @@ enum Code {
   Groupe,
   Port,
   LamesDuMetier,
+  Tissage,
+  Duite,
   Duites,
   Fils,
   Vue,

@@ -225,14 +225,16 @@ bool ContientFaute(const std::vector<Constat> &constats) {
 }
 
 const char *NomGenre(Constat::Genre genre) {
-  constexpr const char *noms[] = {
-      "sans-entete",        "cle-double",           "sans-egal",         "valeur-omise",
-      "formes-differentes", "comptes-differents",   "au-dela-du-compte", "pedale-sans-attache",
-      "tel-quel-autrement", "leve-autrement-16",    "leve-autrement-24", "lames-16",
-      "lames-24",           "trop-de-duites",       "trop-pour-liaison", "duite-absente",
-      "duite-vide",         "duite-repetee",        "fil-sans-lame",     "lame-jamais-levee",
-      "flotte-sans-fin",    "flotte-chaine",        "flotte-trame",      "sans-enfilage",
-      "toile-reunie",       "enfilages-differents", "non-juge"};
+  constexpr const char *noms[] = {"sans-entete",       "cle-double",          "sans-egal",
+                                  "valeur-omise",      "formes-differentes",  "comptes-differents",
+                                  "au-dela-du-compte", "pedale-sans-attache", "tel-quel-autrement",
+                                  "leve-autrement-16", "leve-autrement-24",   "lames-16",
+                                  "lames-24",          "trop-de-duites",      "trop-pour-liaison",
+                                  "duite-absente",     "duite-vide",          "duite-repetee",
+                                  "fil-sans-lame",     "lame-jamais-levee",   "flotte-sans-fin",
+                                  "flotte-chaine",     "flotte-trame",        "sans-enfilage",
+                                  "toile-reunie",      "toile-a-reprendre",   "enfilages-differents",
+                                  "non-juge"};
   static_assert(std::size(noms) == Constat::NonJuge + 1);
   return noms[genre];
 }

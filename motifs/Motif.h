@@ -91,6 +91,7 @@ struct Constat : Lieu {
     FlotteTrame,
     SansEnfilage,
     ToileReunie,
+    ToileAReprendre,
     EnfilagesDifferents,
     NonJuge
   };

@@ -1,9 +1,17 @@
 #include "motifs/Projet16.h"
 
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <bit>
+#include <cerrno>
 #include <cstdint>
+#include <cstdio>
 #include <ctime>
 #include <filesystem>
+#include <optional>
+#include <sstream>
 #include <system_error>
 
 #include "motifs/Fichier.h"
@@ -13,7 +21,10 @@ namespace fs = std::filesystem;
 
 namespace {
 constexpr int kRangeeRouge = 11;                                        // the row of the current pick
+constexpr int kDuitesToile = 40;                                        // of the plain tabby plan
 constexpr std::size_t kChemin = 255, kLigne = 70, kConfiguration = 20;  // bytes
+constexpr const char *kNomEntete = "Resume.Trm", *kNomLignes = "Resume2.Trm", *kNomCopie = "Reprise.Avant",
+                     *kNomEcartee = "Reprise.Ecartee", *kNomVerrou = "Brandis.verrou";
 
 std::tm Jour() {
   const std::time_t maintenant = std::time(nullptr);
@@ -43,6 +54,68 @@ std::string Reglage(const std::string &configuration, std::size_t place, int sin
   return configuration.size() < kConfiguration ? Mot(sinon) : configuration.substr(place, 2);
 }
 
+using Contenu = std::optional<std::string>;
+
+Contenu Octets(const fs::path &fichier) {
+  return fs::exists(fichier) ? Contenu(LireBrut(fichier.string())) : std::nullopt;
+}
+
+// The copy of both files that a save lays beside them: a line with this word, the length of each (-1 for
+// none) and a sum over both; then the bytes of both.
+std::string CopieDeCote(const Contenu &entete, const Contenu &lignes) {
+  const std::string octets = entete.value_or("") + lignes.value_or("");
+  std::uint64_t somme = 14695981039346656037u;  // FNV-1a
+  for (unsigned char o : octets) somme = (somme ^ o) * 1099511628211u;
+  const auto longueur = [](const Contenu &c) { return c ? std::to_string(c->size()) : std::string("-1"); };
+  return "brandis-reprise-1 " + longueur(entete) + " " + longueur(lignes) + " " + std::to_string(somme) +
+         "\n" + octets;
+}
+
+// Whether a copy is one that the next start would put back.
+bool CopieEntiere(const Contenu &copie) {
+  if (!copie) return false;
+  const auto fin = copie->find('\n');
+  if (fin == std::string::npos) return false;
+  std::istringstream tete(copie->substr(0, fin));
+  std::string marque;
+  long long longueurs[2] = {};
+  if (!(tete >> marque >> longueurs[0] >> longueurs[1])) return false;
+  Contenu parts[2];
+  std::size_t place = fin + 1;
+  for (int i = 0; i < 2; ++i) {
+    if (longueurs[i] < 0) continue;
+    if (static_cast<std::size_t>(longueurs[i]) > copie->size() - place) return false;
+    parts[i] = copie->substr(place, static_cast<std::size_t>(longueurs[i]));
+    place += parts[i]->size();
+  }
+  return CopieDeCote(parts[0], parts[1]) == *copie;
+}
+
+// The new project counts from here on. What fails behind the rename changes nothing.
+void Achever(const fs::path &copie) {
+  const fs::path ecartee = copie.parent_path() / kNomEcartee;
+  if (rename(copie.c_str(), ecartee.c_str()) != 0) {
+    const Phrase raison = RaisonSysteme(errno);
+    throw Refus(
+        copie.string(), 0,
+        {"l'ancien projet demeure : " + raison.fr + ".", "the earlier project stands: " + raison.en + "."});
+  }
+  const int dossier = open(copie.parent_path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (dossier >= 0) {
+    fsync(dossier);
+    close(dossier);
+  }
+  unlink(ecartee.c_str());
+}
+
+// The pick that stands, so that the first Start goes on to the wanted one. With tabby the plan begins at the
+// pick that stands, and the first Start weaves that one of the pattern.
+int DuiteDebout(const Motif &motif, const ReglagesProjet &r) {
+  if (r.option == 2) return kDuitesToile;
+  if (r.option == 3) return r.duite;
+  return r.duite > 1 ? r.duite - 1 : motif.Duites();
+}
+
 // Keeps a file under a name with the date, the first that is free. Empty where there is nothing to keep.
 std::string GarderDeCote(const fs::path &fichier) {
   if (!fs::exists(fichier) || fs::file_size(fichier) == 0) return "";
@@ -70,7 +143,7 @@ double Aujourdhui() {
 }
 
 Projet16 ComposerProjet16(const Motif &motif, const std::string &cheminWif, double jour,
-                          const std::string &configuration) {
+                          const std::string &configuration, const ReglagesProjet &reglages) {
   ExigerTissable(motif, motif.foules);
   Lames levees = 0;
   for (Lames l : motif.foules) levees |= l;
@@ -85,26 +158,55 @@ Projet16 ComposerProjet16(const Motif &motif, const std::string &cheminWif, doub
         cheminWif, 0,
         {"un projet ne garde que 255 octets de ce nom.", "a project keeps only 255 bytes of this name."});
 
-  const std::string port = Reglage(configuration, 0, 1);
+  if (reglages.duite > motif.Duites()) {
+    const std::string d = std::to_string(reglages.duite), n = std::to_string(motif.Duites());
+    throw Refus(motif.chemin, 0,
+                {"la duite " + d + " n'est pas là : " + n + " duites en tout.",
+                 "pick " + d + " is not there: " + n + " picks in all."});
+  }
+  const int debout = DuiteDebout(motif, reglages);
+  if (const int plan = 2 * motif.Duites() - debout + 2; reglages.option == 3 && plan > kDuitesMetier) {
+    const std::string n = std::to_string(plan);
+    throw Refus(motif.chemin, 0,
+                {n + " duites avec la toile, et Brandis en prend 2500.",
+                 n + " picks with tabby, and Brandis takes 2500."});
+  }
+
+  std::string port = reglages.port > 0 ? Mot(reglages.port) : Reglage(configuration, 0, 1);
   Projet16 projet;
   projet.entete = Date(jour) + Complete(cheminWif, kChemin) + Mot(motif.Duites()) +
                   (port == Mot(0) ? Mot(1) : port) + Mot(kLamesPetitMetier) +
-                  Reglage(configuration, 4, kRangeeRouge) + Mot(1) + Mot(0) + Reglage(configuration, 6, -1) +
-                  Mot(motif.Duites()) + Reglage(configuration, 14, -1);
+                  Reglage(configuration, 4, kRangeeRouge) + Mot(reglages.option) + Mot(0) +
+                  Reglage(configuration, 6, 0) + Mot(debout) + Reglage(configuration, 14, -1);
   for (int i = 0; i < motif.Duites(); ++i)
     projet.lignes += Complete(LignePlan(i + 1, motif.foules[static_cast<std::size_t>(i)]), kLigne);
   return projet;
 }
 
 std::string InstallerProjet16(const Projet16 &projet, const std::string &data) {
-  const fs::path dossier(data), entete = dossier / "Resume.Trm", lignes = dossier / "Resume2.Trm";
-  // What a save that was cut off has left would be put back over the new project.
-  const fs::path coupee = dossier / "Reprise.Avant";
+  const fs::path dossier(data), entete = dossier / kNomEntete, lignes = dossier / kNomLignes,
+                                copie = dossier / kNomCopie;
   const std::string anciennes = GarderDeCote(lignes);
   const std::string ancien = GarderDeCote(entete);
-  GarderDeCote(coupee);
+  GarderDeCote(copie);
+  // A copy that stands whole is that of a save that was cut off: the project that counts.
+  if (!CopieEntiere(Octets(copie)))
+    EcrireFichier(copie.string(), CopieDeCote(Octets(entete), Octets(lignes)), true);
   EcrireFichier(lignes.string(), projet.lignes, true);
   EcrireFichier(entete.string(), projet.entete, true);
-  fs::remove(coupee);
+  Achever(copie);
   return ancien.empty() ? anciennes : ancien;
+}
+
+VerrouBrandis::VerrouBrandis(const std::string &data)
+    : descripteur_(open((fs::path(data) / kNomVerrou).c_str(),
+                        O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600)) {
+  if (descripteur_ < 0 || flock(descripteur_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return;
+  close(descripteur_);
+  throw Refus(data, 0,
+              {"Brandis y est ouvert ; le quitter d'abord.", "Brandis is open there; quit it first."});
+}
+
+VerrouBrandis::~VerrouBrandis() {
+  if (descripteur_ >= 0) close(descripteur_);
 }

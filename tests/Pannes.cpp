@@ -13,6 +13,7 @@ bool arme = false;
 std::string vus;
 std::size_t voulu = 0;
 Pannes::Panne panne;
+bool moitieEcrite = false;  // the next call is the one that fails
 
 using Pannes::Panne;
 
@@ -30,6 +31,7 @@ bool Tombe(char lettre = '.') {
 
 void Pannes::Armer(long n, Panne g) {
   arme = true;
+  moitieEcrite = false;
   vus.clear();
   voulu = static_cast<std::size_t>(n);
   panne = g;
@@ -56,6 +58,11 @@ APPEL(chmod, (const char *chemin, mode_t droits), (chemin, droits))
 // Nothing here outlives the machine, so nothing need reach the disk, which may be busy.
 int __wrap_fsync(int) { return Tombe() ? -1 : 0; }
 
+APPEL(fchmod, (int d, mode_t droits), (d, droits))
+APPEL(mkostemp, (char *modele, int mode), (modele, mode))
+APPEL(renameat2, (int a, const char *ancien, int b, const char *nouveau, unsigned drapeaux),
+      (a, ancien, b, nouveau, drapeaux))
+
 int __real_open(const char *chemin, int mode, ...);
 int __wrap_open(const char *chemin, int mode, ...) {
   va_list reste;
@@ -78,16 +85,28 @@ ssize_t __wrap_pread(int d, void *octets, std::size_t taille, off_t place) {
   return Tombe() ? -1 : __real_pread(d, octets, taille, place);
 }
 
+// Whether this write is the one that is cut in half, and the half of it.
+bool CoupeIci() {
+  const bool coupe = panne == Panne::Partielle || panne == Panne::Coupee || panne == Panne::Courte;
+  return arme && coupe && !moitieEcrite && vus.size() + 1 == voulu;
+}
+ssize_t Moitie(ssize_t ecrits) {
+  if (panne == Panne::Coupee) raise(SIGKILL);
+  moitieEcrite = true;
+  vus += 'w';
+  voulu = panne == Panne::Courte ? 0 : voulu + 1;
+  return ecrits;
+}
+
 ssize_t __real_pwrite(int d, const void *octets, std::size_t taille, off_t place);
 ssize_t __wrap_pwrite(int d, const void *octets, std::size_t taille, off_t place) {
-  const bool coupe = panne == Panne::Partielle || panne == Panne::Coupee || panne == Panne::Courte;
-  if (arme && coupe && vus.size() + 1 == voulu) {
-    const ssize_t moitie = __real_pwrite(d, octets, (taille + 1) / 2, place);
-    if (panne == Panne::Coupee) raise(SIGKILL);
-    vus += 'w';
-    voulu = panne == Panne::Courte ? 0 : voulu + 1;
-    return moitie;
-  }
+  if (CoupeIci()) return Moitie(__real_pwrite(d, octets, (taille + 1) / 2, place));
   return Tombe('w') ? -1 : __real_pwrite(d, octets, taille, place);
+}
+
+ssize_t __real_write(int d, const void *octets, std::size_t taille);
+ssize_t __wrap_write(int d, const void *octets, std::size_t taille) {
+  if (CoupeIci()) return Moitie(__real_write(d, octets, (taille + 1) / 2));
+  return Tombe() ? -1 : __real_write(d, octets, taille);
 }
 }

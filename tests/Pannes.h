@@ -15,6 +15,6 @@ enum class Panne {
 };
 // Counts calls from 1; n 0 fails none.
 void Armer(long n, Panne panne = Panne::Erreur);
-// The calls seen since, a letter for each: "w" for a write.
+// The calls seen since, a letter for each: "w" for a write to a place in a file.
 std::string Desarmer();
 }  // namespace Pannes

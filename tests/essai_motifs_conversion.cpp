@@ -1,5 +1,9 @@
 // Files of other makers, made weavable by brandis-motifs and opened by the loom's program: every shed as the
 // file says.
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 #include <cstdlib>
 #include <random>
 
@@ -236,6 +240,33 @@ TEST_F(Conversion, ProjectOfSixteenHarnesses) {
   Commander(Commande::Demarrer);
   EXPECT_EQ(session.DuiteCourante, 1);
   EXPECT_EQ(Ecrits().back(), "RELEASE\nSET PATTERN 0x0303\nPUSH PATTERN\n");
+
+  // Begun at another pick, and with tabby: as Brandis then does it.
+  fs::remove(Data("Configuration.Con"));
+  ASSERT_EQ(Lancer("project16 --pick 5 --port 2 --replace " + serge + dossier), 0) << dit;
+  EXPECT_EQ(LireFichier("Resume.Trm").substr(265), Mots({2, 16, 11, 1, 0, 0, 4, -1}));
+  Demarrer();
+  Commander(Commande::Reprendre);
+  Commander(Commande::Demarrer);
+  EXPECT_EQ(session.DuiteCourante, 5);
+  ASSERT_EQ(Lancer("project16 --option 3 --pick 3 " + serge + dossier), 1) << dit;
+  EXPECT_NE(dit.find("after Resume the tabby picks are empty"), std::string::npos) << dit;
+  Demarrer();
+  Commander(Commande::Reprendre);
+  Commander(Commande::Demarrer);
+  EXPECT_EQ(session.LignesTravail[session.DuiteCourante], session.LignesWif[3]);
+  EXPECT_EQ(session.LignesTravail[3], "");  // the tabby beside it, which Resume leaves empty
+  EXPECT_EQ(Lancer("project16 --pick 9 " + serge + dossier), 2);
+  EXPECT_NE(dit.find("pick 9 is not there: 8 picks in all"), std::string::npos) << dit;
+
+  // Brandis is at work in the folder.
+  const std::string avant = LireFichier("Resume.Trm");
+  const int verrou = open(Data("Brandis.verrou").c_str(), O_RDWR);
+  ASSERT_EQ(flock(verrou, LOCK_EX | LOCK_NB), 0);
+  EXPECT_EQ(Lancer("projet16 " + serge + dossier), 2);
+  EXPECT_NE(dit.find("Data: Brandis is open there; quit it first."), std::string::npos) << dit;
+  EXPECT_EQ(LireFichier("Resume.Trm"), avant);
+  close(verrou);
 
   EXPECT_EQ(Lancer("projet16 " + fichiers + "/tables-derriere.wif" + dossier), 2);
   EXPECT_NE(dit.find("harness 24 is raised, and this loom has 16"), std::string::npos) << dit;

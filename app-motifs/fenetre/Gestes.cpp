@@ -305,7 +305,7 @@ void FenetreMotifs::FaireProjet() {
   const MotifOuvert motif = Courant();
   if (motif && Malgre(Fautes(*motif, kLamesPetitMetier)))
     Ecrire([&](bool remplacer) {
-      const auto [chemin, ancien] = FaireProjet16(*motif, DossierData(dossierExecutable_), 0, remplacer);
+      const auto [chemin, ancien] = FaireProjet16(*motif, DossierData(dossierExecutable_), {}, remplacer);
       QString dit = Selon("Projet à 16 lames prêt : Reprendre dans Brandis.",
                           "16-harness project ready: Resume in Brandis.");
       if (!ancien.empty())
