@@ -25,8 +25,8 @@ choisir 440 220 1
 choisir 440 287 1
 image 2-configuration
 clic 455 179
-echo "Open Figure24.Wif"
-ouvrir_patron Figure24.Wif
+echo "Open Sapins24.Wif"
+ouvrir_patron Sapins24.Wif
 image 3-patron-ouvert
 echo "Start, twelve picks"
 clic 65 545

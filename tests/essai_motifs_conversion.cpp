@@ -299,6 +299,7 @@ TEST_F(Conversion, CommandLine) {
       {"check --harnesses 17 " + serge, 2, "--harnesses: 16 or 24"},
       {"check " + chevron, 0,
        chevron + ": remark: on 16 harnesses 64 of 64 picks are raised otherwise, first pick 1"},
+      {"convert --to " + pf.dossier + " " + fichiers + "/../../Data/Sapins24.Wif", 0, "/Sapins24.wif"},
       {"check --harnesses 16 " + chevron, 1,
        chevron + ": fault: on 16 harnesses 64 of 64 picks are raised otherwise"},
       {"convert" + ici + figure, 1,
