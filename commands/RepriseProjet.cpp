@@ -27,8 +27,8 @@ std::string CheminReprise(const char *nom) {
   return CheminData(nom);
 }
 
-std::vector<Champ> LigneResume(Entier n) {
-  return {ChampTexte(0, kLongueurRepriseLigne, "LigneResume", session.LignesTravail[n])};
+std::vector<Rubrique> LigneResume(Entier n) {
+  return {RubriqueTexte(0, kLongueurRepriseLigne, session.LignesTravail[n])};
 }
 
 // Says what the project slot holds, behind a word about the save. The last failure stands below. A message
@@ -114,18 +114,10 @@ void MontrerProjetRepris() {
 }
 }  // namespace
 
-std::vector<Champ> ProjetResume() {
-  return {ChampDate(0, "DateProjet", session.DateProjet),
-          ChampTexte(8, 255, "CheminWif", session.CheminWif, true),
-          ChampEntier(263, "NombreDuitesPatron", session.NombreDuitesPatron),
-          ChampEntier(265, "PortMetier", session.PortMetier),
-          ChampEntier(267, "NombreLames", session.NombreLames),
-          ChampEntier(269, "DuitesActives", session.DuitesActives),
-          ChampEntier(271, "OptionTissage", session.OptionTissage),
-          ChampDrapeau(273, "DirectionTissage", session.DirectionTissage),
-          ChampDrapeau(275, "DirectionDeroulement", session.DirectionDeroulement),
-          ChampEntier(277, "DuiteCourante", session.DuiteCourante),
-          ChampDrapeau(279, "ToileDepart", session.ToileDepart)};
+std::vector<Rubrique> ProjetResume() {
+  return AvecLesChamps({RubriqueDate(0, session.DateProjet), RubriqueTexte(8, 255, session.CheminWif, true),
+                        RubriqueEntier(263, session.NombreDuitesPatron)},
+                       &FicheChamp::dansReprise);
 }
 
 void EcrireReprise(Entier n) {

@@ -9,7 +9,7 @@
 #include "saved/FichierEnregistrements.h"
 
 // The header record, ProjetResume, over the session's variables.
-std::vector<Champ> ProjetResume();
+std::vector<Rubrique> ProjetResume();
 
 // Each does one record, n from 1; 0 does nothing. Etat 1, or 0 after a failure that it has shown.
 // The header is written only over one that was there: the old file is deleted first, and where that fails

@@ -31,7 +31,7 @@ void LierBoutons() {
 }
 
 void LierChamps() {
-  for (int i = 1; i <= 8; ++i) {
+  for (int i = 1; i <= Champ::Nombre; ++i) {
     fenetre.ComConfiguration[i].Click = [i] { ComConfiguration_Click(i); };
     fenetre.ComConfiguration[i].GotFocus = [i] { ComConfiguration_GotFocus(i); };
   }

@@ -1,9 +1,12 @@
 #include "loom/Protocoles.h"
 
+#include <algorithm>
+#include <span>
+
 #include "base/TexteNumerique.h"
 #include "pattern/ConversionsBases.h"
 #include "platform/Plateforme.h"
-#include "session/ModuleTissage.h"
+#include "session/ChampsConfiguration.h"
 
 namespace {
 constexpr char kExecuter24[] =
@@ -70,6 +73,7 @@ void Relacher16() { EnvoyerMot16("RELEASE\r"); }
 
 constexpr Protocole kProtocoles[] = {
     {.lames = 16,
+     .largeurBande = 4250,
      .reglages = "9600,N,8,1",
      .rapport = "[CC]",
      .rapportParLecture = true,
@@ -81,6 +85,7 @@ constexpr Protocole kProtocoles[] = {
      .EnvoyerEssai = EnvoyerEssai16,
      .Relacher = Relacher16},
     {.lames = 24,
+     .largeurBande = 6205,
      .reglages = "1200,N,8,1",
      .rapport = "C",
      .rapportParLecture = false,
@@ -93,6 +98,7 @@ constexpr Protocole kProtocoles[] = {
      .Relacher = Relacher24},
     // Listened to all the same.
     {.lames = 0,
+     .largeurBande = 0,
      .reglages = nullptr,
      .rapport = "C",
      .rapportParLecture = false,
@@ -104,6 +110,8 @@ constexpr Protocole kProtocoles[] = {
      .EnvoyerEssai = nullptr,
      .Relacher = nullptr},
 };
+static_assert(std::ranges::equal(kChoixLames, std::span(kProtocoles).first<std::size(kProtocoles) - 1>(), {},
+                                 &ElementListe::valeur, &Protocole::lames));
 }  // namespace
 
 const Protocole &LeProtocole() {

@@ -18,6 +18,7 @@ enum class Essai { Aucun, Marche, DuMetier };
 // Every procedure writes to the port as it stands and fails as it does; null where nothing goes out.
 struct Protocole {
   int lames;               // 0 stands for every other count
+  double largeurBande;     // twips, of the strip with a box for each solenoid
   const char *reglages;    // of the line; null leaves them as they are
   const char *rapport;     // what the loom says when its cycle is complete
   bool rapportParLecture;  // one advance for a read, however often the report stands in it; else one for each

@@ -33,7 +33,7 @@ void InitialiserSession() {
   EffacerRemarque();
   fenetre.LblTabbyA.Caption.clear();
   fenetre.LblTabbyB.Caption.clear();
-  session.NombreLames = 24;
+  session.NombreLames = kLamesDepart;
   LireConfiguration();
 }
 
@@ -145,8 +145,6 @@ void NommerCommandes() {
   fenetre.Text1.NomAccessible = Selon("Réponses du métier", "Answers of the loom");
   fenetre.txtTerm.NomAccessible = "Terminal";
   fenetre.TxtDuite.NomAccessible = "Duite #: ";
-  for (int i = 1; i <= 8; ++i)
-    fenetre.ComConfiguration[i].NomAccessible = fenetre.LblConfiguration[i].Caption;
   for (int i = 1; i <= 24; ++i)
     fenetre.CheckSelenoide[i].NomAccessible = Selon("Lame ", "Harness ") + std::to_string(i);
 }

@@ -1,6 +1,6 @@
 #include "mainwindow/PanneauConfiguration.h"
 
-#include <array>
+#include <algorithm>
 #include <filesystem>
 
 #include "base/TexteDate.h"
@@ -12,98 +12,46 @@
 #include "pattern/LecteurLiftplan.h"
 #include "pattern/LignesFichier.h"
 #include "pattern/MatriceLames.h"
+#include "session/ChampsConfiguration.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "session/Journal.h"
 #include "weaving/PlansTissage.h"
 #include "weaving/SequenceurDuites.h"
 
 namespace {
-constexpr Paire kEtiquettes[9] = {{"", ""},
-                                  {"Métier Port:", "Loom Port:"},
-                                  {"Nombre Lames:", "Number of Harnesses:"},
-                                  {"Duites Active (Rouge):", "Lookahead Picks:"},
-                                  {"Début Déroulement:", "Scrolling Direction:"},
-                                  {"Option Toile Patron:", "Weave Option:"},
-                                  {"Direction Patron:", "Weave Direction:"},
-                                  {"Départ Patron:", "Starting Bar:"},
-                                  {"Départ Toile:", "Starting Tabby:"}};
-constexpr Paire kDeroulement[2] = {{"Haut", "Up"}, {"Bas", "Down"}};
-constexpr Paire kDirections[2] = {{"Suivant", "Forward"}, {"Précédent", "Reverse"}};
-constexpr Paire kToiles[2] = {{"Liaison A", "Tabby A"}, {"Liaison B", "Tabby B"}};
-constexpr int kDuitesActives = 11;
+constexpr int kLamesDessinees[] = {8, 12, 16, 24, 32};  // harness counts that have pictures
 
-ListeChoix &Champ(int i) { return fenetre.ComConfiguration[i]; }
-std::string TexteChamp(int i) { return Trim(Champ(i).Text); }
+ListeChoix &Liste(const FicheChamp &champ) { return fenetre.ComConfiguration[champ.numero]; }
 
-bool Est(const std::string &texte, const Paire &paire) {
-  return texte == paire.francais || texte == paire.anglais;
+void RemplirListe(const FicheChamp &champ) {
+  std::vector<std::string> &liste = Liste(champ).Liste;
+  liste.clear();
+  for (const ElementListe &e : champ.elements) liste.push_back(e.texte.EnVigueur());
+  if (champ.elements.empty())
+    for (int i = 1; i <= session.NombreDuites; ++i) liste.push_back(std::to_string(i));
 }
 
-std::vector<std::string> Textes(std::initializer_list<Paire> paires) {
-  std::vector<std::string> liste;
-  for (const Paire &p : paires) liste.push_back(p.EnVigueur());
-  return liste;
-}
-
-void RemplirListes() {
-  Champ(1).Liste = {"COM 1", "COM 2", "COM 3", "COM 4"};
-  Champ(2).Liste = {"16", "24"};
-  Champ(3).Liste = {std::to_string(kDuitesActives)};
-  Champ(4).Liste = Textes({kDeroulement[0], kDeroulement[1]});
-  Champ(5).Liste = Textes({kNomsOption[0], kNomsOption[1], kNomsOption[2]});
-  Champ(6).Liste = Textes({kDirections[0], kDirections[1]});
-  Champ(7).Liste.clear();
-  for (int i = 1; i <= session.NombreDuites; ++i) Champ(7).Liste.push_back(std::to_string(i));
-  Champ(8).Liste = Textes({kToiles[0], kToiles[1]});
+void RelireChamps(Tour tour) {
+  for (const FicheChamp &champ : LesChamps())
+    if (champ.tour == tour) Relire(champ, Liste(champ).Text);
 }
 
 // A value that has no item sets no text: the field keeps what stood in it.
-void EcrireValeurs() {
-  if (session.PortMetier >= 1 && session.PortMetier <= 4)
-    Champ(1).Text = "COM " + std::to_string(session.PortMetier);
-  if (session.NombreLames == 16 || session.NombreLames == 24)
-    Champ(2).Text = std::to_string(session.NombreLames);
-  // The list has one item and shows it whatever the variable was.
-  Champ(3).Text = std::to_string(kDuitesActives);
-  Champ(4).Text = kDeroulement[session.DirectionDeroulement ? 0 : 1].EnVigueur();
-  if (session.LangueFrancaise) Champ(5).Text = kNomsOption[0].francais;
-  if (session.OptionTissage >= 1 && session.OptionTissage <= 3)
-    Champ(5).Text = kNomsOption[session.OptionTissage - 1].EnVigueur();
-  Champ(6).Text = kDirections[session.DirectionTissage ? 1 : 0].EnVigueur();
-  Champ(7).Text = std::to_string(session.DuiteCourante);
-  Champ(8).Text = kToiles[session.ToileDepart ? 0 : 1].EnVigueur();
-}
-
-void LireDirections() {
-  const std::string deroulement = TexteChamp(4), direction = TexteChamp(6), toile = TexteChamp(8);
-  session.DirectionDeroulement = Est(deroulement, kDeroulement[0]);
-  // No list offers "Inverse": in French the panel always gives forward.
-  session.DirectionTissage = direction == "Reverse" || direction == "Inverse";
-  session.ToileDepart = Est(toile, kToiles[0]);
-}
-
-void LirePort() {
-  for (int i = 1; i <= 4; ++i)
-    if (TexteChamp(1) == "COM " + std::to_string(i)) session.PortMetier = i;
+void EcrireValeur(const FicheChamp &champ) {
+  std::string &texte = Liste(champ).Text;
+  const Entier valeur = ValeurDe(champ);
+  if (const char *dAbord = champ.aPart.dAbord.EnVigueur()) texte = dAbord;
+  if (champ.elements.empty()) texte = std::to_string(valeur);
+  for (const ElementListe &e : champ.elements)  // a list of one item shows it whatever the variable was
+    if (e.valeur == valeur || champ.elements.size() == 1) texte = e.texte.EnVigueur();
 }
 
 void AdapterImages() {
-  switch (session.NombreLames) {
-    case 16:
-    case 24:
-      AdapterNombreLames();
-      [[fallthrough]];
-    case 8:
-    case 12:
-    case 32: {
-      const std::string nombre = std::to_string(session.NombreLames);
-      ChargerPicture(fenetre.PicPourTissage, "Fond" + nombre);
-      ChargerIndicateur(fenetre.FondInscritDuite, session.NombreLames);
-      break;
-    }
-    default:
-      break;
-  }
+  const int lames = session.NombreLames;
+  AdapterNombreLames();
+  if (std::ranges::find(kLamesDessinees, lames) == std::end(kLamesDessinees)) return;
+  ChargerPicture(fenetre.PicPourTissage, "Fond" + std::to_string(lames));
+  ChargerIndicateur(fenetre.FondInscritDuite, lames);
 }
 
 void PlacerTrame() {
@@ -127,11 +75,6 @@ void PlacerTrame() {
   f.LblNombreLigne.Top = f.LblDate.Top;
   f.LblNombreLigne.Left = f.LblDate.Left + f.LblDate.Width + 10;
   f.LblNombreLigne.Alignment = Alignement::Gauche;
-}
-
-void LireOption() {
-  for (int i = 0; i < 3; ++i)
-    if (Est(TexteChamp(5), kNomsOption[i])) session.OptionTissage = i + 1;
 }
 
 void ConstruirePlan() {
@@ -175,9 +118,12 @@ bool RelirePlan() {
 }  // namespace
 
 void DessinerConfiguration() {
-  for (int i = 1; i <= 8; ++i) fenetre.LblConfiguration[i].Caption = kEtiquettes[i].EnVigueur();
-  RemplirListes();
-  EcrireValeurs();
+  for (const FicheChamp &champ : LesChamps()) {
+    const char *etiquette = champ.etiquette.EnVigueur();
+    fenetre.LblConfiguration[champ.numero].Caption = Liste(champ).NomAccessible = etiquette;
+    RemplirListe(champ);
+    EcrireValeur(champ);
+  }
   PreparerSurface(fenetre.FenetreConfiguration);
   PeindreFondPanneauOnglet(fenetre.FenetreConfiguration.Dessin, Selon("Configuration", "Configure"),
                            fenetre.FenetreConfiguration.BackColor);
@@ -185,28 +131,27 @@ void DessinerConfiguration() {
 }
 
 void AppliquerConfiguration() {
-  session.DuiteCourante = Arrondir(Val(TexteChamp(7)));
-  session.DuitesActives = Arrondir(Val(TexteChamp(3)));
-  LireDirections();
+  RelireChamps(Tour::AvantSens);
   BasculerInversion();
-  LirePort();
-  session.NombreLames = Arrondir(Val(Champ(2).Text));
+  RelireChamps(Tour::AvantTrame);
   session.NombreLamesGrille = session.NombreLames;
   PreparerGrille();
   AdapterImages();
   PlacerTrame();
   fenetre.LblDate.Caption = TexteDate(plateforme().Aujourdhui());
   EcrireNombreLigne();
-  LireOption();
+  RelireChamps(Tour::AvantPlan);
   ConstruirePlan();
 }
 
 void AfficherConfiguration() {
-  EcrireValeurs();
-  Champ(2).Text = std::to_string(session.NombreLames);
-  Champ(3).Text = std::to_string(session.DuitesActives);
+  for (const FicheChamp &champ : LesChamps()) {
+    EcrireValeur(champ);
+    if (champ.aPart.parNombre) Liste(champ).Text = std::to_string(ValeurDe(champ));
+  }
   // "Liaison" is no item, and the way back does not know it.
-  if (session.LangueFrancaise && session.OptionTissage == Option::Toile) Champ(5).Text = "Liaison";
+  if (session.LangueFrancaise && session.OptionTissage == Option::Toile)
+    fenetre.ComConfiguration[Champ::Option].Text = "Liaison";
   fenetre.LblDate.Caption = TexteDate(session.DateProjet);
   fenetre.LblCheminWif.Caption = session.CheminWif;
   if (!RelirePlan()) return;
@@ -215,7 +160,7 @@ void AfficherConfiguration() {
 }
 
 void ComConfiguration_Click(Entier index) {
-  if (index == 8) LireLiaisons();
+  if (index == Champ::Toile) LireLiaisons();
 }
 
 void ComConfiguration_GotFocus(Entier) {}

@@ -2,22 +2,10 @@
 
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
+#include "loom/Protocoles.h"
 #include "mainwindow/FacesCommandes.h"
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
-
-namespace {
-void AdapterBande(bool boites17a24, int largeur) {
-  for (int i = 17; i <= 24; ++i) fenetre.CheckSelenoide[i].Visible = boites17a24;
-  BoitePicture &bande = fenetre.PicPourControle2;
-  bande.Width = largeur;
-  ChargerIndicateur(fenetre.Indicateur24, session.NombreLames);
-  bande.BackColor = Gris(192);
-  PreparerSurface(bande);
-  PeindreFondPanneau(bande.Dessin, bande.BackColor);
-  CentrerHorizontalement(bande, fenetre.PicNor);
-}
-}  // namespace
 
 void DessinerDiagnostic() {
   for (int i = Commande::Diagnostiquer; i <= Commande::FinirTest; ++i) DessinerBouton(i);
@@ -32,6 +20,14 @@ void DessinerDiagnostic() {
 }
 
 void AdapterNombreLames() {
-  if (session.NombreLames == 16) AdapterBande(false, 4250);
-  if (session.NombreLames == 24) AdapterBande(true, 6205);
+  const Protocole &p = LeProtocole();
+  if (p.lames == 0) return;
+  for (int i = 17; i <= 24; ++i) fenetre.CheckSelenoide[i].Visible = i <= p.lames;
+  BoitePicture &bande = fenetre.PicPourControle2;
+  bande.Width = p.largeurBande;
+  ChargerIndicateur(fenetre.Indicateur24, p.lames);
+  bande.BackColor = Gris(192);
+  PreparerSurface(bande);
+  PeindreFondPanneau(bande.Dessin, bande.BackColor);
+  CentrerHorizontalement(bande, fenetre.PicNor);
 }

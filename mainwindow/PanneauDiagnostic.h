@@ -5,5 +5,5 @@
 // missing picture.
 void DessinerDiagnostic();
 
-// Fits the strip to 16 or 24 harnesses; any other count leaves it as it is.
+// Fits the strip to a loom that has a protocol of its own; any other harness count leaves it as it is.
 void AdapterNombreLames();

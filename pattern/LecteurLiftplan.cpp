@@ -79,7 +79,7 @@ void ConclureOuverture() {
 }
 
 void ConclureRelecture() {
-  if (session.NombreLames != 24) {
+  if (session.NombreLames != kLamesDepart) {
     session.MessageErreur = Selon("  Erreur 16 lames seulement", "  Error 16 Harnesses only");
     AfficherMessageCourt(TitreErreur(), session.MessageErreur);
     session.Etat = EtatEtape::Echec;

@@ -17,17 +17,10 @@ void Poursuivre(Entier &resultat, F &&etape) {
 }
 }  // namespace
 
-std::vector<Champ> ConfigurationMetier() {
-  return {ChampEntier(0, "PortMetier", session.PortMetier),
-          ChampEntier(2, "NombreLames", session.NombreLames),
-          ChampEntier(4, "DuitesActives", session.DuitesActives),
-          ChampDrapeau(6, "DirectionDeroulement", session.DirectionDeroulement),
-          ChampEntier(8, "OptionTissage", session.OptionTissage),
-          ChampDrapeau(10, "DirectionTissage", session.DirectionTissage),
-          ChampEntier(12, "DuiteCourante", session.DuiteCourante),
-          ChampDrapeau(14, "ToileDepart", session.ToileDepart),
-          ChampDrapeau(16, "BullesActives", session.BullesActives),
-          ChampDrapeau(18, "LangueFrancaise", session.LangueFrancaise)};
+std::vector<Rubrique> ConfigurationMetier() {
+  return AvecLesChamps(
+      {RubriqueDrapeau(16, session.BullesActives), RubriqueDrapeau(18, session.LangueFrancaise)},
+      &FicheChamp::dansConfiguration);
 }
 
 void LireConfiguration() {
@@ -37,7 +30,7 @@ void LireConfiguration() {
     session.Etat = EtatEtape::Echec;
     FichierEnregistrements fichier(chemin, kLongueurConfiguration);
     RepartirEnregistrement(ConfigurationMetier(), fichier.Lire(1));
-    session.NombreLames = 24;
+    session.NombreLames = kLamesDepart;
     session.Etat = EtatEtape::Reussi;
   } catch (const ErreurExecution &e) {
     SignalerErreurFichier(e);
@@ -49,7 +42,7 @@ void EcrireConfiguration() {
     const std::string chemin = CheminData(kNomFichier);
     LeverLectureSeule(chemin, session.Etat);
     session.Etat = EtatEtape::Echec;
-    session.NombreLames = 24;
+    session.NombreLames = kLamesDepart;
     FichierEnregistrements(chemin, kLongueurConfiguration).Fermer();
     std::string contenu = LireContenu(chemin).value_or("");
     if (contenu.size() < kLongueurConfiguration) contenu.resize(kLongueurConfiguration);

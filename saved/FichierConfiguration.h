@@ -10,7 +10,7 @@
 constexpr int kLongueurConfiguration = 20;  // bytes
 
 // The record, ConfigurationMetier, over the session's variables.
-std::vector<Champ> ConfigurationMetier();
+std::vector<Rubrique> ConfigurationMetier();
 
 // Reads the record into the session; a missing file is made empty and gives zeros. NombreLames is 24
 // afterwards whatever the file says. Etat 1, or 0 after a failure that it has shown.

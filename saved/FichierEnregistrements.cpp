@@ -26,23 +26,23 @@ Entier EntierDeOctets(const std::string &o) {
 }
 }  // namespace
 
-Champ ChampEntier(int position, const char *nom, Entier &variable) {
-  return {position, 2, nom, [&variable] { return EntierEnOctets(variable); },
+Rubrique RubriqueEntier(int position, Entier &variable) {
+  return {position, 2, [&variable] { return EntierEnOctets(variable); },
           [&variable](const std::string &o) { variable = EntierDeOctets(o); }};
 }
 
-Champ ChampDrapeau(int position, const char *nom, Drapeau &variable) {
-  return {position, 2, nom, [&variable] { return EntierEnOctets(variable.Valeur()); },
+Rubrique RubriqueDrapeau(int position, Drapeau &variable) {
+  return {position, 2, [&variable] { return EntierEnOctets(variable.Valeur()); },
           [&variable](const std::string &o) { variable = Drapeau::DeValeur(EntierDeOctets(o)); }};
 }
 
-Champ ChampDate(int position, const char *nom, double &variable) {
-  return {position, 8, nom, [&variable] { return EnOctets(std::bit_cast<std::uint64_t>(variable), 8); },
+Rubrique RubriqueDate(int position, double &variable) {
+  return {position, 8, [&variable] { return EnOctets(std::bit_cast<std::uint64_t>(variable), 8); },
           [&variable](const std::string &o) { variable = std::bit_cast<double>(DeOctets(o)); }};
 }
 
-Champ ChampTexte(int position, int taille, const char *nom, std::string &variable, bool rogne) {
-  return {position, taille, nom,
+Rubrique RubriqueTexte(int position, int taille, std::string &variable, bool rogne) {
+  return {position, taille,
           [&variable, taille, rogne] {
             std::string texte = rogne ? Trim(variable) : variable;
             texte.resize(static_cast<std::size_t>(taille), ' ');
@@ -51,18 +51,25 @@ Champ ChampTexte(int position, int taille, const char *nom, std::string &variabl
           [&variable](const std::string &o) { variable = Trim(o); }};
 }
 
-std::string ComposerEnregistrement(std::span<const Champ> champs, int longueur) {
+std::vector<Rubrique> AvecLesChamps(std::vector<Rubrique> rubriques, int FicheChamp::*position) {
+  for (const FicheChamp &champ : LesChamps())
+    rubriques.push_back({champ.*position, 2, [&champ] { return EntierEnOctets(ValeurDe(champ)); },
+                         [&champ](const std::string &o) { PoserValeur(champ, EntierDeOctets(o)); }});
+  return rubriques;
+}
+
+std::string ComposerEnregistrement(std::span<const Rubrique> rubriques, int longueur) {
   std::string enregistrement(static_cast<std::size_t>(longueur), '\0');
-  for (const Champ &c : champs)
-    enregistrement.replace(static_cast<std::size_t>(c.position), static_cast<std::size_t>(c.taille),
-                           c.donner());
+  for (const Rubrique &r : rubriques)
+    enregistrement.replace(static_cast<std::size_t>(r.position), static_cast<std::size_t>(r.taille),
+                           r.donner());
   return enregistrement;
 }
 
-void RepartirEnregistrement(std::span<const Champ> champs, const std::string &enregistrement) {
-  for (const Champ &c : champs)
-    c.prendre(
-        enregistrement.substr(static_cast<std::size_t>(c.position), static_cast<std::size_t>(c.taille)));
+void RepartirEnregistrement(std::span<const Rubrique> rubriques, const std::string &enregistrement) {
+  for (const Rubrique &r : rubriques)
+    r.prendre(
+        enregistrement.substr(static_cast<std::size_t>(r.position), static_cast<std::size_t>(r.taille)));
 }
 
 FichierEnregistrements::FichierEnregistrements(const std::string &chemin, int longueur)

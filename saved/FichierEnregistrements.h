@@ -5,29 +5,32 @@
 #include <functional>
 #include <span>
 #include <string>
+#include <vector>
 
-#include "base/Entier.h"
 #include "saved/FichierOuvert.h"
+#include "session/ChampsConfiguration.h"
 
 // One field: where it stands, how long it is, and how the session gives and takes it.
-struct Champ {
+struct Rubrique {
   int position;  // bytes from the start of the record
   int taille;    // bytes
-  const char *nom;
   std::function<std::string()> donner;
   std::function<void(const std::string &)> prendre;  // exactly `taille` bytes
 };
 
 // Fields over a variable of the session. A text is written as it stands or trimmed, cut or padded, and
 // trimmed when read.
-Champ ChampEntier(int position, const char *nom, Entier &variable);
-Champ ChampDrapeau(int position, const char *nom, Drapeau &variable);
-Champ ChampDate(int position, const char *nom, double &variable);
-Champ ChampTexte(int position, int taille, const char *nom, std::string &variable, bool rogne = false);
+Rubrique RubriqueEntier(int position, Entier &variable);
+Rubrique RubriqueDrapeau(int position, Drapeau &variable);
+Rubrique RubriqueDate(int position, double &variable);
+Rubrique RubriqueTexte(int position, int taille, std::string &variable, bool rogne = false);
+
+// These and the fields of the panel, at the places that their rows name for this file.
+std::vector<Rubrique> AvecLesChamps(std::vector<Rubrique> rubriques, int FicheChamp::*position);
 
 // The record that the fields make, and the fields taken from a record in their order.
-std::string ComposerEnregistrement(std::span<const Champ> champs, int longueur);
-void RepartirEnregistrement(std::span<const Champ> champs, const std::string &enregistrement);
+std::string ComposerEnregistrement(std::span<const Rubrique> rubriques, int longueur);
+void RepartirEnregistrement(std::span<const Rubrique> rubriques, const std::string &enregistrement);
 
 // Open for reading and writing; a file that is not there is made empty. All fail with 53, 57, 61, 70, 75
 // or 76.

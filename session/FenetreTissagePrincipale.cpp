@@ -54,16 +54,15 @@ void PlacerTrame(FenetreTissagePrincipale &f) {
 
 void PlacerPanneaux(FenetreTissagePrincipale &f) {
   Placer(f.FenetreConfiguration, 0, 0, 4725, 5190);
-  int haut = 960;
-  for (int i = 1; i <= 8; ++i) {
-    Placer(f.LblConfiguration[i], 495, haut + 45, 2150, 240);
-    Placer(f.ComConfiguration[i], 2685, haut, 1530, 315);
-    f.LblConfiguration[i].Font = kGras;
-    if (i != 2 && i != 3) haut += 510;
+  for (const FicheChamp &c : LesChamps()) {
+    Etiquette &etiquette = f.LblConfiguration[c.numero];
+    ListeChoix &liste = f.ComConfiguration[c.numero];
+    Placer(etiquette, 495, c.haut + 45, 2150, 240);
+    Placer(liste, 2685, c.haut, 1530, 315);
+    etiquette.Font = kGras;
+    etiquette.Visible = liste.Visible = c.aPart.visible;
+    liste.Saisie = c.aPart.saisie;
   }
-  f.LblConfiguration[2].Visible = f.LblConfiguration[3].Visible = false;
-  f.ComConfiguration[2].Visible = f.ComConfiguration[3].Visible = false;
-  f.ComConfiguration[7].Saisie = true;
   Placer(f.LblTabbyA, 495, 4080, 3900, 420);
   Placer(f.LblTabbyB, 495, 4530, 3900, 420);
 

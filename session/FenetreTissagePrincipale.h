@@ -8,7 +8,7 @@
 #include "base/Table.h"
 #include "controls/Controles.h"
 #include "platform/Plateforme.h"
-#include "session/ModuleTissage.h"
+#include "session/ChampsConfiguration.h"
 
 // Pictures of a draft cell.
 enum class ImageCase { Blanc, Noir, Rouge };
@@ -58,8 +58,8 @@ struct FenetreTissagePrincipale : Fenetre {
 
   // The configuration panel.
   BoitePicture FenetreConfiguration;
-  Table<ListeChoix, 8> ComConfiguration;
-  Table<Etiquette, 8> LblConfiguration;
+  Table<ListeChoix, Champ::Nombre> ComConfiguration;  // session/ChampsConfiguration.h
+  Table<Etiquette, Champ::Nombre> LblConfiguration;
   Etiquette LblTabbyA, LblTabbyB;
 
   // The diagnostic panel.

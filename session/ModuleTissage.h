@@ -26,6 +26,8 @@ constexpr int PatronEtToile = 3;
 constexpr int kLignesWif = 2500;
 constexpr int kLignesTravail = 7000;
 constexpr int kLames = 32;
+// What every start and every settings file comes back to, and what alone a project is resumed with.
+constexpr int kLamesDepart = 24;
 
 struct Session {
   Drapeau BullesActives;                 // help bubbles wanted

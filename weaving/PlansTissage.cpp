@@ -1,7 +1,7 @@
 #include "weaving/PlansTissage.h"
 
-#include "base/TexteNumerique.h"
 #include "pattern/MatriceLames.h"
+#include "session/ChampsConfiguration.h"
 #include "session/FenetreTissagePrincipale.h"
 
 namespace {
@@ -22,8 +22,7 @@ void ViderPlan() {
 
 void LireLiaisons() {
   if (session.NombreDuites < 1) return;
-  const std::string choix = Trim(fenetre.ComConfiguration[8].Text);
-  session.ToileDepart = choix == "Liaison A" || choix == "Tabby A";
+  Relire(LeChamp(Champ::Toile), fenetre.ComConfiguration[Champ::Toile].Text);
   session.ToileA = LigneToile("TabbyA", 1);
   session.ToileB = LigneToile("TabbyB", 2);
   fenetre.LblTabbyA.Caption = session.ToileA;
