@@ -115,9 +115,10 @@ void MontrerProjetRepris() {
 }  // namespace
 
 std::vector<Rubrique> ProjetResume() {
-  return AvecLesChamps({RubriqueDate(0, session.DateProjet), RubriqueTexte(8, 255, session.CheminWif, true),
-                        RubriqueEntier(263, session.NombreDuitesPatron)},
-                       &FicheChamp::dansReprise);
+  return AvecLesChamps(
+      {RubriqueDate(0, session.DateProjet), RubriqueTexte(8, kLongueurCheminWif, session.CheminWif, true),
+       RubriqueEntier(263, session.NombreDuitesPatron)},
+      &FicheChamp::dansReprise);
 }
 
 void EcrireReprise(Entier n) {

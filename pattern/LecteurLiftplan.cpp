@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "base/FichiersBrandis.h"
 #include "base/TexteNumerique.h"
 #include "display/GrilleDuites.h"
 #include "kit/FenetreMessage.h"
@@ -56,7 +57,7 @@ void ChoisirFichier() {
   DialogueFichier &dialogue = fenetre.CommonDialog1;
   dialogue.CancelError = true;
   CalculerCheminApplication();
-  dialogue.FileName = session.CheminApplication + "Data/*.Wif";
+  dialogue.FileName = session.CheminApplication + kData + "/*.Wif";
   dialogue.Filter = "Fichier Wif (*.WIF)|*.wif";
   dialogue.Flags = 0;
   plateforme().ShowOpen(dialogue);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/ErreurExecution.h"
+#include "base/FichiersBrandis.h"
 #include "saved/FichierConfiguration.h"
 #include "saved/FichierOuvert.h"
 
@@ -14,8 +15,8 @@ namespace {
 // of both. A rename alone keeps a copy from being cut short; the sum is for a disk that is not sound.
 constexpr const char *kMarque = "brandis-reprise-1";
 
-std::string Copie() { return CheminData("Reprise.Avant"); }
-std::string Ecartee() { return CheminData("Reprise.Ecartee"); }
+std::string Copie() { return CheminData(kNomCopie); }
+std::string Ecartee() { return CheminData(kNomEcartee); }
 
 struct Projet {
   std::optional<std::string> entete, lignes;

@@ -3,10 +3,6 @@
 // leaves the old project or the new one. All fail with the numbers of the file.
 #pragma once
 
-constexpr const char *kNomEntete = "Resume.Trm", *kNomLignes = "Resume2.Trm";
-constexpr int kLongueurReprise = 281;      // bytes
-constexpr int kLongueurRepriseLigne = 70;  // bytes
-
 // Copies both files, present or not, down to the disk. A copy that stands already is that of a save that was
 // cut off, and stays.
 void MettreDeCote();

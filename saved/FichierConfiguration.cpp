@@ -4,8 +4,6 @@
 #include "session/ModuleTissage.h"
 
 namespace {
-constexpr const char *kNomFichier = "Configuration.Con";
-
 template <class F>
 void Poursuivre(Entier &resultat, F &&etape) {
   try {
@@ -25,7 +23,7 @@ std::vector<Rubrique> ConfigurationMetier() {
 
 void LireConfiguration() {
   try {
-    const std::string chemin = CheminData(kNomFichier);
+    const std::string chemin = CheminData(kNomConfiguration);
     LeverLectureSeule(chemin, session.Etat);
     session.Etat = EtatEtape::Echec;
     FichierEnregistrements fichier(chemin, kLongueurConfiguration);
@@ -39,7 +37,7 @@ void LireConfiguration() {
 
 void EcrireConfiguration() {
   try {
-    const std::string chemin = CheminData(kNomFichier);
+    const std::string chemin = CheminData(kNomConfiguration);
     LeverLectureSeule(chemin, session.Etat);
     session.Etat = EtatEtape::Echec;
     session.NombreLames = kLamesDepart;
@@ -77,5 +75,5 @@ void SignalerErreurFichier(const ErreurExecution &e) {
 
 std::string CheminData(const std::string &nom) {
   CalculerCheminApplication();
-  return session.CheminApplication + "Data/" + nom;
+  return session.CheminApplication + kData + "/" + nom;
 }

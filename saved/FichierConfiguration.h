@@ -7,8 +7,6 @@
 #include "base/ErreurExecution.h"
 #include "saved/FichierEnregistrements.h"
 
-constexpr int kLongueurConfiguration = 20;  // bytes
-
 // The record, ConfigurationMetier, over the session's variables.
 std::vector<Rubrique> ConfigurationMetier();
 

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "base/FichiersBrandis.h"
 #include "saved/FichierOuvert.h"
 #include "session/ChampsConfiguration.h"
 

@@ -80,7 +80,7 @@ void LigneSimulee::Ouvrir() {
 void LigneSimulee::Lier() {
   const fs::path lien(lien_);
   std::error_code erreur;
-  fs::create_directory(lien.parent_path(), erreur);
+  fs::create_directories(lien.parent_path(), erreur);
   if (erreur) throw EchecLigne("cannot make " + lien.parent_path().string() + ": " + erreur.message());
   if (fs::is_symlink(fs::symlink_status(lien, erreur))) {
     // A link left behind may name the very terminal that was made just now: the system gives freed numbers

@@ -8,15 +8,11 @@
 #include <cerrno>
 #include <iostream>
 
-namespace {
-std::string CheminLien(const Reglages &reglages) {
-  return reglages.dossier + "/Ports/com" + std::to_string(reglages.port);
-}
-}  // namespace
+#include "base/FichiersBrandis.h"
 
 MetierSimule::MetierSimule(const Reglages &reglages)
     : reglages_(reglages),
-      ligne_(CheminLien(reglages), reglages.baud),
+      ligne_(LienCom(reglages.dossier, reglages.port), reglages.baud),
       lecteur_(reglages.lames),
       cycle_(reglages.lames, reglages.cadence, reglages.entree, reglages.fautes),
       releve_(std::cout, reglages.lames, reglages.journal) {}

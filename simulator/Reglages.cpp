@@ -11,7 +11,7 @@ Stands in for a dobby loom: makes a pseudo-terminal, points the link Ports/comN 
 the program's folder at it, prints each shed, and reports cycle complete.
 
   --dossier DIR   the program's folder (default: the folder of this executable, or
-                  the user's where that holds no Data)
+                  the user's where that holds no Data or cannot be written)
   --port N        number of the port, comN (default 1)
   --lames 16|24   harnesses, and with them the protocol (default 24)
   --baud N        pace of the line both ways, 10 bits a byte; 0 is at once

@@ -3,11 +3,11 @@
 #include <unistd.h>
 
 #include <array>
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 #include <system_error>
 
+#include "base/FichiersBrandis.h"
 #include "simulator/MetierSimule.h"
 
 namespace {
@@ -31,15 +31,12 @@ bool PoserSignaux() {
   return true;
 }
 
-// The program's folder: the one of this executable, or the user's where the programs are installed.
 std::string DossierProgramme(const char *nom) {
   std::error_code erreur;
   const std::filesystem::path soi = std::filesystem::read_symlink("/proc/self/exe", erreur);
-  const std::filesystem::path dossier = (erreur ? std::filesystem::absolute(nom) : soi).parent_path();
-  const char *xdg = std::getenv("XDG_DATA_HOME"), *maison = std::getenv("HOME");
-  if (std::filesystem::is_directory(dossier / "Data", erreur)) return dossier.string();
-  if (xdg && *xdg == '/') return std::string(xdg) + "/brandis";
-  return maison ? std::string(maison) + "/.local/share/brandis" : dossier.string();
+  const std::string ici = (erreur ? std::filesystem::absolute(nom) : soi).parent_path();
+  const std::string dossier = DossierBrandis(ici);
+  return dossier.empty() ? ici : dossier;
 }
 }  // namespace
 

@@ -232,6 +232,14 @@ TEST_F(EssaiDossiers, AnUpgradeLeavesASavedProjectAsItIs) {
   EXPECT_TRUE(fs::is_symlink(data / "Resume2.Trm"));
 }
 
+TEST_F(EssaiDossiers, ASimulatedLoomMakesItsWayOnANewAccountAndFillsNothing) {
+  fs::copy_file(BRANDIS_PROGRAMME "/metier-simule", bin / "metier-simule");
+  const auto [texte, etat] = Lancer("echo quitter | bin/metier-simule");
+  EXPECT_EQ(etat, 0) << texte;
+  EXPECT_TRUE(fs::is_directory(Data().parent_path().parent_path() / "Ports"));
+  EXPECT_FALSE(fs::exists(Data()));
+}
+
 TEST_F(EssaiDossiers, ASimulatedLoomTakesOnlyWhatASimulatedLoomHasLeft) {
   fs::create_directory(base / "Ports");
   const fs::path com1 = base / "Ports/com1";

@@ -1,32 +1,17 @@
 #include "platform/qt/machine/DossierProgramme.h"
 
-#include <unistd.h>
-
 #include <QLocale>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <initializer_list>
 #include <system_error>
 
+#include "base/FichiersBrandis.h"
+
 namespace fs = std::filesystem;
 
 namespace {
-bool Portable(const fs::path &dossier) {
-  const fs::path data = dossier / "Data";
-  return fs::is_directory(data) && access(dossier.c_str(), W_OK) == 0 && access(data.c_str(), W_OK) == 0;
-}
-
-// A folder that the environment names in full; empty for none.
-fs::path DeEnvironnement(const char *variable) {
-  const char *valeur = std::getenv(variable);
-  return valeur && fs::path(valeur).is_absolute() ? fs::path(valeur) : fs::path();
-}
-
-fs::path DossierUtilisateur() {
-  const fs::path donnees = DeEnvironnement("XDG_DATA_HOME"), maison = DeEnvironnement("HOME");
-  if (!donnees.empty()) return donnees / "brandis";
-  if (!maison.empty()) return maison / ".local/share/brandis";
+[[noreturn]] void RefuserSansDossier() {
   const bool francais = QLocale::system().language() == QLocale::French;
   throw SansDossier(
       francais
@@ -72,7 +57,7 @@ void CopierMotifs(const fs::path &source, const fs::path &data) {
 
 // Beside a project that is there nothing comes in. The header comes last: it alone makes a project.
 void CopierProjet(const fs::path &source, const fs::path &data) {
-  const char *const noms[] = {"Reprise.Avant", "Resume2.Trm", "Resume.Trm"};
+  const char *const noms[] = {kNomCopie, kNomLignes, kNomEntete};
   for (const char *nom : noms)
     if (Present(data / nom)) return;
   for (const char *nom : noms) Copier(source / nom, data / nom);
@@ -81,22 +66,23 @@ void CopierProjet(const fs::path &source, const fs::path &data) {
 // What fails here shows later, where the file is wanted, with its own message.
 void Completer(const fs::path &dossier, std::initializer_list<fs::path> sources) {
   std::error_code ignoree;
-  const fs::path data = dossier / "Data";
-  for (const char *nom : {"Data", "Ports"}) fs::create_directories(dossier / nom, ignoree);
+  const fs::path data = dossier / kData;
+  for (const char *nom : {kData, kPorts}) fs::create_directories(dossier / nom, ignoree);
   for (const fs::path &source : sources) {
-    CopierMotifs(source / "Data", data);
-    CopierProjet(source / "Data", data);
+    CopierMotifs(source / kData, data);
+    CopierProjet(source / kData, data);
   }
   // Without a header to replace, the first save would write none.
-  for (const char *nom : {"Resume2.Trm", "Resume.Trm"})
+  for (const char *nom : {kNomLignes, kNomEntete})
     if (!Present(data / nom)) std::ofstream(data / nom);
 }
 }  // namespace
 
 DossiersProgramme TrouverDossiers(const std::string &dossierExecutable) {
   const fs::path partage = (fs::path(dossierExecutable) / BRANDIS_PARTAGE).lexically_normal();
-  if (Portable(dossierExecutable)) return {dossierExecutable, {dossierExecutable, partage}};
-  const fs::path dossier = DossierUtilisateur();
+  if (EstPortable(dossierExecutable)) return {dossierExecutable, {dossierExecutable, partage}};
+  const std::string dossier = DossierUtilisateur();
+  if (dossier.empty()) RefuserSansDossier();
   Completer(dossier, {dossierExecutable, partage});
   return {dossier, {dossier, dossierExecutable, partage}};
 }

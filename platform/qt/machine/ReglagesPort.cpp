@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "base/ErreurExecution.h"
+#include "base/FichiersBrandis.h"
 
 namespace fs = std::filesystem;
 
@@ -78,8 +79,8 @@ long ReglagesPort::DureeOctet() const {
 
 std::string LienDuPort(const std::string &dossier, int numero) {
   std::error_code erreur;
-  const fs::path lien = fs::path(dossier) / "Ports" / ("com" + std::to_string(numero));
-  return fs::exists(fs::symlink_status(lien, erreur)) ? lien.string() : "";
+  const std::string lien = LienCom(dossier, numero);
+  return fs::exists(fs::symlink_status(lien, erreur)) ? lien : "";
 }
 
 std::string PortListe(int numero) {

@@ -1,0 +1,25 @@
+// What the files of a weaver are called, how long their records are, and in which folder they lie: one word
+// for the loom's program, for its companion and for the simulated loom.
+#pragma once
+
+#include <string>
+
+constexpr const char *kData = "Data", *kPorts = "Ports";  // in the folder
+
+// In `Data`. The copy of a project stands while a save is under way, and goes under the last name when it
+// ends.
+constexpr const char *kNomConfiguration = "Configuration.Con";
+constexpr const char *kNomEntete = "Resume.Trm", *kNomLignes = "Resume2.Trm";
+constexpr const char *kNomCopie = "Reprise.Avant", *kNomEcartee = "Reprise.Ecartee";
+constexpr int kLongueurConfiguration = 20, kLongueurReprise = 281, kLongueurRepriseLigne = 70;  // bytes
+constexpr int kLongueurCheminWif = 255;  // bytes, inside the header
+
+// Whether a folder holds `Data` and can be written, and so is a program's own.
+bool EstPortable(const std::string &dossier);
+// The user's folder, there or not; empty where the environment names neither XDG_DATA_HOME nor HOME in full.
+std::string DossierUtilisateur();
+// The folder with the executable where that is portable, else the user's.
+std::string DossierBrandis(const std::string &dossierExecutable);
+
+// Where the link of serial port "COM n" stands in a folder.
+std::string LienCom(const std::string &dossier, int numero);
