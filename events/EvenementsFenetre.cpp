@@ -16,7 +16,6 @@
 
 namespace {
 constexpr int kMinimisee = 1, kMaximisee = 2;
-constexpr double kBoutonGaucheIcone = 513;
 
 void VoirTrame(bool visible) {
   for (Controle *c : std::initializer_list<Controle *>{
@@ -99,7 +98,7 @@ void Form_Resize() {
 }
 
 void Form_MouseMove(double x) {
-  if (IconeActive != 1 || x / kTwipsParPixel != kBoutonGaucheIcone) return;
+  if (IconeActive != 1 || x / kTwipsParPixel != kIconeBoutonGauche) return;
   fenetre.Visible = true;
   BasculerIconeNotification(fenetre, fenetre.Caption, 0);
 }

@@ -15,6 +15,9 @@ struct DialogueFichier {
   long Flags = 0;
 };
 
+// The message of the notification icon that brings the window back: the left button went down on it.
+constexpr int kIconeBoutonGauche = 513;
+
 // Available area of the screen on which the window opens, in twips.
 struct Ecran {
   double Left, Top, Width, Height;

@@ -7,7 +7,7 @@ namespace {
 constexpr Police kGras{"Arial", 8.25, true, false};
 
 void PlacerSurface(FenetreTissagePrincipale &f) {
-  Placer(f.Picture2, 0, 0, 12120, 9570);
+  Placer(f.Picture2, 0, 0, kLargeurFenetre, kHauteurFenetre);
   Placer(f.BarreDeplacement, 705, 90, 2730, 390);
   Placer(f.LogoNor, 0, 0, 765, 480);
   Placer(f.BoutonAide, 8865, 45, 675, 480);
@@ -30,7 +30,7 @@ void PlacerSurface(FenetreTissagePrincipale &f) {
   }
 }
 
-void PlacerTrame(FenetreTissagePrincipale &f) {
+void PlacerGrille(FenetreTissagePrincipale &f) {
   Placer(f.PicPourTissage, 0, 0, 7725, 4800);
   Placer(f.PicLblIndiqueLigneRendu, 0, 0, 1005, 4890);
   Placer(f.PicPourControle, 300, 0, 8805, 855);
@@ -98,11 +98,11 @@ void Vetir(FenetreTissagePrincipale &f) {
 }  // namespace
 
 FenetreTissagePrincipale::FenetreTissagePrincipale() {
-  Width = 12120;
-  Height = 9570;
+  Width = kLargeurFenetre;
+  Height = kHauteurFenetre;
   Fenetre::Caption = "Brandis";
   PlacerSurface(*this);
-  PlacerTrame(*this);
+  PlacerGrille(*this);
   PlacerPanneaux(*this);
   Vetir(*this);
 }

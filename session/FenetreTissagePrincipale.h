@@ -31,6 +31,8 @@ struct PanneauGrille : BoitePicture {
   Table<Table<CaseDuite, kLames>, 20> PicPourImage;  // 1 to 20, each 1 to 32: [row 1..20][harness 1..32]
 };
 
+constexpr double kLargeurFenetre = 12120, kHauteurFenetre = 9570;  // twips
+
 struct FenetreTissagePrincipale : Fenetre {
   FenetreTissagePrincipale();
   void Visiter(Visiteur &v) override;

@@ -7,7 +7,7 @@
 #include "weaving/SequenceurDuites.h"
 
 namespace {
-void Avancer() {
+void SuivreRapport() {
   session.Etat = EtatEtape::CycleComplet;
   NoterRapport();
   Poursuivre(DuiteSuivante);
@@ -29,14 +29,14 @@ void Timer3_Timer() {
   const Protocole &p = LeProtocole();
   if (p.rapportParLecture) {
     if (recu.find(p.rapport) != std::string::npos)
-      Avancer();
+      SuivreRapport();
     else
       LaisserPasser();
     return;
   }
   for (char c : recu) {
     if (c == *p.rapport)
-      Avancer();
+      SuivreRapport();
     else
       LaisserPasser();
   }

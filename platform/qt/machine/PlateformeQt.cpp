@@ -20,7 +20,6 @@
 
 namespace {
 constexpr int kAjouter = 0;
-constexpr int kBoutonGaucheEnfonce = 513;
 constexpr int kRonde = 1000;  // milliseconds between two looks for the notification area
 
 // "Label|*.ext|Label|*.ext": each label with its pattern in parentheses, which the dialog matches in any
@@ -125,21 +124,21 @@ void PlateformeQt::MontrerModal(Fenetre &fenetre) {
   fenetre.Visible = true;
   miroir_.Refleter();
   QEventLoop boucle;
-  attentes_.push_back({&fenetre, &boucle});
+  modales_.push_back({&fenetre, &boucle});
   if (fenetre.Visible && fenetre.Chargee) boucle.exec();
-  attentes_.pop_back();
+  modales_.pop_back();
   miroir_.Refleter();
   miroir_.Modale(fenetre, false);
   if (QWidget *principale = miroir_.Principale()) principale->activateWindow();
 }
 
 void PlateformeQt::FinirAttentes() {
-  for (const Attente &a : attentes_)
+  for (const Modale &a : modales_)
     if (finDehors_ || !a.fenetre->Visible || !a.fenetre->Chargee) a.boucle->quit();
 }
 
 void PlateformeQt::CliquerIcone() {
-  if (MessageIcone) miroir_.Passer([this] { MessageIcone(kBoutonGaucheEnfonce); });
+  if (MessageIcone) miroir_.Passer([this] { MessageIcone(kIconeBoutonGauche); });
 }
 
 void PlateformeQt::Ramener() {

@@ -64,7 +64,7 @@ class PlateformeQt : public Plateforme {
   void Terminer() override;
 
  private:
-  struct Attente {
+  struct Modale {
     Fenetre *fenetre;
     QEventLoop *boucle;
   };
@@ -78,7 +78,7 @@ class PlateformeQt : public Plateforme {
   DossiersProgramme dossiers_;
   MagasinImages images_;
   PortSerieQt port_;
-  std::vector<Attente> attentes_;  // the modal windows, the innermost last
+  std::vector<Modale> modales_;  // the modal windows, the innermost last
   std::unique_ptr<QSystemTrayIcon> icone_;
   QTimer zoneLa_;            // while the window is hidden there: one that goes away gives it back
   QPointer<QScreen> ecran_;  // on which the window opened; its kept place is there

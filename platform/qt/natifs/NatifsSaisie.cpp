@@ -113,9 +113,9 @@ class NatifLigne : public NatifTexte {
 };
 
 // A slip of ruled paper that lies on the loom. Its scroll bar stands within its edge.
-class Fiche : public QPlainTextEdit {
+class SaisieLongue : public QPlainTextEdit {
  public:
-  explicit Fiche(QWidget *parent) : QPlainTextEdit(parent) {
+  explicit SaisieLongue(QWidget *parent) : QPlainTextEdit(parent) {
     setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
     setLineWidth(kBord);
     document()->setDocumentMargin(0);
@@ -351,7 +351,7 @@ class NatifCase : public Natif {
 
 // The same light field under every desktop theme.
 template <class W>
-W *Champ(QWidget *parent) {
+W *Vetu(QWidget *parent) {
   W *champ = new W(parent);
   champ->setFont(Fonte(Police{}));
   champ->setFocusPolicy(Qt::StrongFocus);  // not by the wheel
@@ -367,17 +367,17 @@ W *Champ(QWidget *parent) {
 
 std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Guichet &guichet) {
   if (donnee.genre() == Genre::Liste)
-    return std::make_unique<NatifListe>(Champ<ListeNative>(parent), static_cast<ListeChoix &>(donnee),
+    return std::make_unique<NatifListe>(Vetu<ListeNative>(parent), static_cast<ListeChoix &>(donnee),
                                         guichet);
   if (donnee.genre() == Genre::Case)
-    return std::make_unique<NatifCase>(Champ<CaseNative>(parent), static_cast<CaseCochee &>(donnee), guichet);
+    return std::make_unique<NatifCase>(Vetu<CaseNative>(parent), static_cast<CaseCochee &>(donnee), guichet);
   auto &zone = static_cast<ZoneTexte &>(donnee);
   if (zone.Multiligne) {
-    auto *fiche = Champ<Fiche>(parent);
-    QPalette palette = fiche->palette();
+    auto *longue = Vetu<SaisieLongue>(parent);
+    QPalette palette = longue->palette();
     palette.setColor(QPalette::Base, Teinte(Palette::Papier));
-    fiche->setPalette(palette);
-    return std::make_unique<NatifBloc>(fiche, zone, guichet);
+    longue->setPalette(palette);
+    return std::make_unique<NatifBloc>(longue, zone, guichet);
   }
-  return std::make_unique<NatifLigne>(Champ<QLineEdit>(parent), zone, guichet);
+  return std::make_unique<NatifLigne>(Vetu<QLineEdit>(parent), zone, guichet);
 }
