@@ -2,28 +2,28 @@
 
 #include <cerrno>
 
-#include "base/ErreurExecution.h"
+void LeverErreurSysteme(int errnoValeur) { throw ErreurSysteme(errnoValeur); }
 
-void LeverErreurSysteme(int errnoValeur) {
+ErreurExecution ErreurSysteme(int errnoValeur) {
   switch (errnoValeur) {
     case ENOENT:
-      throw ErreurExecution(Erreur::FichierIntrouvable);
+      return ErreurExecution(Erreur::FichierIntrouvable);
     case ENOTDIR:
-      throw ErreurExecution(Erreur::CheminIntrouvable);
+      return ErreurExecution(Erreur::CheminIntrouvable);
     case ENOSPC:
     case EDQUOT:
-      throw ErreurExecution(Erreur::DisquePlein);
+      return ErreurExecution(Erreur::DisquePlein);
     case EACCES:
     case EPERM:
     case EROFS:
-      throw ErreurExecution(Erreur::PermissionRefusee);
+      return ErreurExecution(Erreur::PermissionRefusee);
     case EEXIST:
     case EISDIR:
     case ELOOP:
     case EMFILE:
     case ENFILE:
-      throw ErreurExecution(Erreur::AccesChemin);
+      return ErreurExecution(Erreur::AccesChemin);
     default:
-      throw ErreurExecution(Erreur::Peripherique);
+      return ErreurExecution(Erreur::Peripherique);
   }
 }

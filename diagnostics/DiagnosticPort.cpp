@@ -81,7 +81,6 @@ void SuivreEvenement(int code) {
 }
 
 void Selectionner(ZoneTexte &boite, long debut, long longueur) {
-  if (debut < 0) throw ErreurExecution(380, "Invalid property value");
   boite.SelStart = static_cast<int>(debut);
   boite.SelLength = static_cast<int>(longueur);
 }
@@ -98,7 +97,10 @@ void RemplacerSelection(ZoneTexte &boite, const std::string &texte) {
 void AppliquerRetours(ZoneTexte &boite, std::string &texte) {
   for (std::size_t p; (p = texte.find('\b')) != std::string::npos;) {
     if (p == 0) {
-      Poursuivre([&] { Selectionner(boite, fenetre.LongueurTerminal - 1, 1); });
+      if (fenetre.LongueurTerminal > 0)
+        Selectionner(boite, fenetre.LongueurTerminal - 1, 1);
+      else
+        AfficherDescription(ErreurExecution(380, "Invalid property value"));
       texte.erase(0, 1);
     } else {
       const auto avant = PlaceCaractere(texte, NombreCaracteres(std::string_view(texte).substr(0, p)) - 1);
@@ -113,19 +115,11 @@ void NormaliserFins(std::string &texte) {
     texte.insert(p + 1, 1, '\n');
 }
 
-std::string TexteErreurSysteme() {
-  try {
-    LeverErreurSysteme(errno);
-  } catch (const ErreurExecution &e) {
-    return e.Description();
-  }
-}
-
 void EcrireJournal(const std::string &texte) {
   while (fenetre.FichierJournal) {
     const bool ecrit = std::fwrite(texte.data(), 1, texte.size(), fenetre.FichierJournal) == texte.size() &&
                        std::fflush(fenetre.FichierJournal) == 0;
-    if (ecrit || !plateforme().DemanderReprise(TexteErreurSysteme())) return;
+    if (ecrit || !plateforme().DemanderReprise(ErreurSysteme(errno).Description())) return;
     std::clearerr(fenetre.FichierJournal);
   }
 }
