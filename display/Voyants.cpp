@@ -2,6 +2,7 @@
 
 #include "base/TexteNumerique.h"
 #include "controls/Palette.h"
+#include "kit/FondFenetre.h"
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 
@@ -26,13 +27,11 @@ void PeindreDouille(Surface &face, int l, int h, bool allume) {
 
 // From the bottom right corner of an inner size of l x h pixels.
 void PeindreVoyant(Surface &face, int l, int h, Couleur couleur) {
-  const Echelle gardee = face.ScaleMode;
-  face.ScaleMode = Echelle::Pixels;
+  const EnPixels echelle(face);
   PeindreDouille(face, l, h, couleur == Palette::VoyantVert);
   face.Boite(l - 9, h - 12, l - 6, h - 12, Palette::EtainBord);
   face.Boite(l - 10, h - 12, l - 10, h - 8, Palette::EtainBord);
   face.Boite(l - 9, h - 11, l - 6, h - 8, couleur);
-  face.ScaleMode = gardee;
 }
 }  // namespace
 

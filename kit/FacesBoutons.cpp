@@ -59,11 +59,9 @@ void PeindrePixels(Surface &cible, const Face &face) {
 }
 
 void PeindreFace(Surface &cible, const Face &face) {
-  const Echelle gardee = reglages.EchelleSauvegardee = cible.ScaleMode;
-  cible.ScaleMode = Echelle::Pixels;
+  const EnPixels echelle(cible);
   cible.Effacer(Gris(face.fond));
   PeindrePixels(cible, face);
-  cible.ScaleMode = gardee;
 }
 
 constexpr Face kFaceClaire{kCoinClair, 192}, kFaceFoncee{kCoinFonce, 133};

@@ -13,21 +13,6 @@
 ReglagesPeinture reglages;
 
 namespace {
-// Keeps the scale mode, paints in pixels, and puts it back.
-class EnPixels {
- public:
-  explicit EnPixels(Surface &cible) : cible_(cible) {
-    reglages.EchelleSauvegardee = cible.ScaleMode;
-    cible.ScaleMode = Echelle::Pixels;
-  }
-  ~EnPixels() { cible_.ScaleMode = reglages.EchelleSauvegardee; }
-  EnPixels(const EnPixels &) = delete;
-  EnPixels &operator=(const EnPixels &) = delete;
-
- private:
-  Surface &cible_;
-};
-
 void ChargerRampe(std::initializer_list<const char *> entrees) {
   int i = 0;
   for (const char *e : entrees) reglages.RampeCouleurs[i++] = e;
@@ -86,6 +71,17 @@ void ChargerPicture(BoitePicture &boite, const std::string &nom) {
   boite.Dessin = plateforme().Picture(nom);
   boite.Width = boite.Dessin.Largeur() * kTwipsParPixel;
   boite.Height = boite.Dessin.Hauteur() * kTwipsParPixel;
+}
+
+void PeindreDessin(BoitePicture &bouton, const std::string &nom, Entier x, Entier y) {
+  ConvertirEnPixels(x, y);
+  const std::string chemin = session.CheminApplication + "Dessins Boutons/" + nom + ".BMP";
+  bouton.Dessin.PaintPicture(plateforme().LoadPicture(chemin), x, y);
+}
+
+void EncadrerBande(BoitePicture &bande) {
+  PreparerSurface(bande);
+  PeindreFondPanneau(bande.Dessin, bande.BackColor);
 }
 
 void ChargerIndicateur(BoitePicture &boite, int lames) {

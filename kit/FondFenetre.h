@@ -24,6 +24,22 @@ struct ReglagesPeinture {
 };
 extern ReglagesPeinture reglages;
 
+// Paints in pixels for as long as it lives, and gives the surface's scale mode back.
+class EnPixels {
+ public:
+  explicit EnPixels(Surface &cible) : cible_(cible), gardee_(cible.ScaleMode) {
+    reglages.EchelleSauvegardee = gardee_;
+    cible.ScaleMode = Echelle::Pixels;
+  }
+  ~EnPixels() { cible_.ScaleMode = gardee_; }
+  EnPixels(const EnPixels &) = delete;
+  EnPixels &operator=(const EnPixels &) = delete;
+
+ private:
+  Surface &cible_;
+  Echelle gardee_;
+};
+
 // "15/13\61" becomes "&H003D0D0F&"; an empty entry leaves `sortie`.
 void DecoderCouleur(const std::string &texte, std::string &sortie);
 // The colour that such a text stands for; the text is one that DecoderCouleur wrote.
@@ -38,6 +54,10 @@ void PreparerSurface(BoitePicture &boite);
 void ChargerPicture(BoitePicture &boite, const std::string &nom);
 // The same with the slip of the harness numbers 1 to `lames`, which are printed so that they stay sharp.
 void ChargerIndicateur(BoitePicture &boite, int lames);
+// Puts a picture of Dessins Boutons, named without its ending, on a face; its place in twips.
+void PeindreDessin(BoitePicture &bouton, const std::string &nom, Entier x, Entier y);
+// The frame of a strip or a panel on the background colour of its box.
+void EncadrerBande(BoitePicture &bande);
 
 // The whole surface out of 30-pixel tiles.
 void PeindreCadreTuiles(Surface &cible);

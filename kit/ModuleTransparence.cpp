@@ -46,13 +46,11 @@ Region CreerRegionImage(const Surface &image) {
 }
 
 void FaconnerFenetre(Fenetre &fenetre, BoitePicture &boite) {
-  const Echelle gardee = boite.Dessin.ScaleMode;
-  boite.Dessin.ScaleMode = Echelle::Pixels;
+  const EnPixels echelle(boite.Dessin);
   boite.Left = boite.Top = 0;
   boite.Width = boite.Dessin.Largeur() * kTwipsParPixel;
   boite.Height = boite.Dessin.Hauteur() * kTwipsParPixel;
   fenetre.Contour = CreerRegionImage(boite.Dessin);
-  boite.Dessin.ScaleMode = gardee;
 }
 
 // The progress window has an outline too; its load steps stand here, above the window that outlines report

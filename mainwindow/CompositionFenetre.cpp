@@ -23,8 +23,6 @@
 #include "weaving/SequenceurDuites.h"
 
 namespace {
-constexpr double kLargeurFenetre = 12120, kHauteurFenetre = 9570;
-
 double Droite(const Controle &c) { return c.Left + c.Width; }
 
 void InitialiserSession() {
@@ -58,11 +56,6 @@ void DimensionnerFenetre() {
   ChargerImages();
   fenetre.Picture2.Width = fenetre.Width;
   fenetre.Picture2.Height = fenetre.Height;
-}
-
-void EncadrerBande(BoitePicture &bande) {
-  PreparerSurface(bande);
-  PeindreFondPanneau(bande.Dessin, bande.BackColor);
 }
 
 void PlacerTrame() {

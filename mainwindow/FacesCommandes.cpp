@@ -7,12 +7,6 @@
 #include "session/FenetreTissagePrincipale.h"
 
 namespace {
-void PeindreDessin(Surface &face, const FicheCommande &c) {
-  if (!*c.dessin) return;
-  const std::string chemin = session.CheminApplication + "Dessins Boutons/" + c.dessin + ".BMP";
-  face.PaintPicture(plateforme().LoadPicture(chemin), c.x / kTwipsParPixel, c.y / kTwipsParPixel);
-}
-
 bool EstAllume(const FicheCommande &c) {
   switch (c.voyant) {
     case RegleVoyant::Option:
@@ -46,5 +40,5 @@ void DessinerBouton(int index) {
   reglages.BoutonTexteDecale2 = c.decalage2;
   EcrireTexteBouton(b, c.legende.EnVigueur(), reglages.BoutonAvecImage, c.legende2.EnVigueur(), 0,
                     Palette::EncreNoire, Gris(255));
-  PeindreDessin(b.Dessin, c);
+  if (*c.dessin) PeindreDessin(b, c.dessin, c.x, c.y);
 }

@@ -54,13 +54,12 @@ void AdapterImages() {
   ChargerIndicateur(fenetre.FondInscritDuite, lames);
 }
 
-void PlacerTrame() {
+void AjusterTrame() {
   constexpr double kHautGrille = 2160;
   FenetreTissagePrincipale &f = fenetre;
   f.PicPourControle.Width = f.FondInscritDuite.Width + 300;
   f.PicPourControle.BackColor = Gris(192);
-  PreparerSurface(f.PicPourControle);
-  PeindreFondPanneau(f.PicPourControle.Dessin, f.PicPourControle.BackColor);
+  EncadrerBande(f.PicPourControle);
   CentrerHorizontalement(f.PicPourTissage, f.Picture2);
   f.PicPourTissage.Left -= 900;
   f.PicPourTissage.Top = kHautGrille;
@@ -137,7 +136,7 @@ void AppliquerConfiguration() {
   session.NombreLamesGrille = session.NombreLames;
   PreparerGrille();
   AdapterImages();
-  PlacerTrame();
+  AjusterTrame();
   fenetre.LblDate.Caption = TexteDate(plateforme().Aujourdhui());
   EcrireNombreLigne();
   RelireChamps(Tour::AvantPlan);

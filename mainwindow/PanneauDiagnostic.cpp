@@ -27,7 +27,6 @@ void AdapterNombreLames() {
   bande.Width = p.largeurBande;
   ChargerIndicateur(fenetre.Indicateur24, p.lames);
   bande.BackColor = Gris(192);
-  PreparerSurface(bande);
-  PeindreFondPanneau(bande.Dessin, bande.BackColor);
+  EncadrerBande(bande);
   CentrerHorizontalement(bande, fenetre.PicNor);
 }

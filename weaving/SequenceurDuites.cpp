@@ -3,21 +3,10 @@
 #include "base/TexteNumerique.h"
 #include "display/GrilleDuites.h"
 #include "display/Voyants.h"
+#include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
-
-namespace {
-// Twips to the nearest pixel, for a place inside a face.
-int EnPixels(int twips) { return (2 * twips + kTwipsParPixel) / (2 * kTwipsParPixel); }
-
-// Place in twips.
-void PeindreDessin(int bouton, const std::string &fichier, int x, int y) {
-  const std::string chemin = session.CheminApplication + "Dessins Boutons/" + fichier;
-  fenetre.BoutonProgramme[bouton].Dessin.PaintPicture(plateforme().LoadPicture(chemin), EnPixels(x),
-                                                      EnPixels(y));
-}
-}  // namespace
 
 void DuiteSuivante() {
   if (session.DirectionTissage) {
@@ -40,8 +29,8 @@ void DuitePrecedente() {
 
 void BasculerInversion() {
   const bool inverse = session.DirectionTissage;
-  PeindreDessin(Commande::Inverser, inverse ? "IMG568.BMP" : "IMG567.BMP", 30, 95);
-  PeindreDessin(Commande::Avancer, inverse ? "IMG052.BMP" : "IMG051.BMP", 70, 70);
+  PeindreDessin(fenetre.BoutonProgramme[Commande::Inverser], inverse ? "IMG568" : "IMG567", 30, 95);
+  PeindreDessin(fenetre.BoutonProgramme[Commande::Avancer], inverse ? "IMG052" : "IMG051", 70, 70);
 }
 
 void TxtDuite_KeyDown(int touche) {
