@@ -23,7 +23,6 @@
 #include "weaving/SequenceurDuites.h"
 
 namespace {
-
 void Voir(int bouton, bool visible) { fenetre.BoutonProgramme[bouton].Visible = visible; }
 
 void MontrerUnInstant() {
@@ -150,8 +149,7 @@ void Arreter() {
   CacherBitsEnvoi();
   ArreterEcouteMetier();
   session.Etat = EtatEtape::Rien;
-  ChangerVoyant(Commande::Arreter, true);
-  ChangerVoyant(Commande::Demarrer, false);
+  VoyantsArretA();
   if (ferme) CacherBoutonsTissage();
   Voir(Commande::Configurer, true);
   Voir(Commande::Diagnostiquer, true);
@@ -162,8 +160,7 @@ void Demarrer() {
   fenetre.TissageEnCours = true;
   Voir(Commande::Enregistrer, false);
   if (!fenetre.PatronCharge) return;
-  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer, Commande::Diagnostiquer})
-    Voir(i, false);
+  VoirEntrees(false);
   OuvrirPort();
   if (session.Etat == EtatEtape::Reussi) {
     session.Etat = EtatEtape::Rien;
@@ -227,8 +224,7 @@ void RecommencerSansPatron() {
   InitialiserPatron();
   fenetre.LblCheminWif.Caption.clear();
   fenetre.LblNombreLigne.Caption.clear();
-  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer, Commande::Diagnostiquer})
-    Voir(i, true);
+  VoirEntrees(true);
   CacherDepartArret();
 }
 

@@ -2,9 +2,6 @@
 
 #include <unistd.h>
 
-#include <cerrno>
-
-#include "base/ErreurSysteme.h"
 #include "base/TexteDate.h"
 #include "base/TexteNumerique.h"
 #include "display/GrilleDuites.h"
@@ -79,8 +76,7 @@ Sauvegarde EcrireProjet() {
 void ConclureSauvegarde() {
   ConfirmerSauvegarde();
   session.Etat = EtatEtape::Rien;
-  for (int i : {Commande::OuvrirMotif, Commande::Reprendre, Commande::Configurer, Commande::Diagnostiquer})
-    fenetre.BoutonProgramme[i].Visible = true;
+  VoirEntrees(true);
   fenetre.BoutonProgramme[Commande::Enregistrer].Visible = false;
   FermerPort();
   if (session.Etat != EtatEtape::Reussi) return;
@@ -104,8 +100,7 @@ void MontrerProjetRepris() {
   session.Etat = EtatEtape::Rien;
   fenetre.PatronCharge = true;
   NoterReprise(session.NombreDuitesWif, session.DuiteCourante);
-  ChangerVoyant(Commande::Arreter, true);
-  ChangerVoyant(Commande::Demarrer, false);
+  VoyantsArretA();
   MontrerDepartArret();
   AfficherDuites(session.DuiteCourante);
   CacherBitsEnvoi();
@@ -196,14 +191,10 @@ void SupprimerFichier(const std::string &nom) {
 }
 
 void DetruireFichier(const std::string &chemin, std::string &message, Entier &resultat) {
-  try {
-    if (unlink(chemin.c_str()) != 0) LeverErreurSysteme(errno);
-    resultat = EtatEtape::Reussi;
-  } catch (const ErreurExecution &) {
-    resultat = EtatEtape::Echec;
-    message.clear();
-    AfficherMessageCourt(TitreErreur(), message);
-  }
+  resultat = unlink(chemin.c_str()) == 0 ? EtatEtape::Reussi : EtatEtape::Echec;
+  if (resultat == EtatEtape::Reussi) return;
+  message.clear();
+  AfficherMessageCourt(TitreErreur(), message);
 }
 
 void EnregistrerProjet() {

@@ -27,16 +27,19 @@ void MontrerBoutonsTissage() {
 }
 
 void MontrerDepartArret() { Voir(JeuBoutons::DepartArret, true); }
+void VoirEntrees(bool visibles) { Voir(JeuBoutons::Entree, visibles); }
 void CacherDepartArret() { Voir(JeuBoutons::DepartArret, false); }
 
 void CacherCommandesPrincipales() {
-  for (JeuBoutons jeu : {JeuBoutons::Principal, JeuBoutons::Projet, JeuBoutons::DepartArret})
+  for (JeuBoutons jeu :
+       {JeuBoutons::Principal, JeuBoutons::Entree, JeuBoutons::Projet, JeuBoutons::DepartArret})
     Voir(jeu, false);
   VoirDrapeaux(false);
 }
 
 void MontrerCommandesPrincipales() {
   Voir(JeuBoutons::Principal, true);
+  VoirEntrees(true);
   VoirDrapeaux(true);
   if (fenetre.PatronCharge) MontrerDepartArret();
 }

@@ -66,34 +66,31 @@ void ChoisirFichier() {
   fenetre.LblCheminWif.Caption.clear();
 }
 
-void ConclureOuverture() {
+// False when there is no plan, which it has told.
+bool ConclureCompte() {
   session.NombreDuitesWif = session.NombreDuites;
-  if (session.NombreDuites < 1) {
+  session.Etat = session.NombreDuites < 1 ? EtatEtape::Echec : EtatEtape::Reussi;
+  if (session.Etat == EtatEtape::Echec)
     AfficherSansLiftplan();
-    session.Etat = EtatEtape::Echec;
-    return;
-  }
-  EcrireNombreLigne();
+  else
+    EcrireNombreLigne();
+  return session.Etat == EtatEtape::Reussi;
+}
+
+void ConclureOuverture() {
+  if (!ConclureCompte()) return;
   session.DuiteCourante = session.NombreDuites;
   AfficherDuites(session.DuiteCourante);
-  session.Etat = EtatEtape::Reussi;
 }
 
 void ConclureRelecture() {
-  if (session.NombreLames != kLamesDepart) {
-    session.MessageErreur = Selon("  Erreur 16 lames seulement", "  Error 16 Harnesses only");
-    AfficherMessageCourt(TitreErreur(), session.MessageErreur);
-    session.Etat = EtatEtape::Echec;
+  if (session.NombreLames == kLamesDepart) {
+    ConclureCompte();
     return;
   }
-  session.NombreDuitesWif = session.NombreDuites;
-  if (session.NombreDuites < 1) {
-    AfficherSansLiftplan();
-    session.Etat = EtatEtape::Echec;
-    return;
-  }
-  EcrireNombreLigne();
-  session.Etat = EtatEtape::Reussi;
+  session.MessageErreur = Selon("  Erreur 16 lames seulement", "  Error 16 Harnesses only");
+  AfficherMessageCourt(TitreErreur(), session.MessageErreur);
+  session.Etat = EtatEtape::Echec;
 }
 
 void SignalerEchec(const ErreurExecution &e) {

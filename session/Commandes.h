@@ -45,6 +45,7 @@ enum class Face { Claire, Foncee };
 enum class JeuBoutons {
   Permanent,
   Principal,      // given way to the panels, and back
+  Entree,         // the same, and given way to weaving: the ways to a pattern and into the panels
   Projet,         // Save: given way with them, and brought back only by what has something to save
   DepartArret,    // once a pattern was loaded
   Tissage,        // while weaving
