@@ -157,7 +157,9 @@ struct Visiteur {
 
 struct Fenetre : Controle {
   Genre genre() const override { return Genre::Fenetre; }
-  // Gives every control to the visitor.
+  // What the window takes over from others, as long as it stands; run before each mirroring.
+  virtual void Suivre() {}
+  // Gives every control to the visitor, and changes nothing.
   virtual void Visiter(Visiteur &v) = 0;
   // The load steps, run by Charger, and what follows once Decharger has taken the window away.
   virtual void Load() {}

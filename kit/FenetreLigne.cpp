@@ -40,13 +40,16 @@ FenetreLigne::FenetreLigne() {
   LblTitre.Alignment = LblRemarque.Alignment = Alignement::Centre;
 }
 
-void FenetreLigne::Visiter(Visiteur &v) {
+void FenetreLigne::Suivre() {
   Left = fenetre.Left + kGauche;
   Top = fenetre.Top + kHaut;
   DecalageX = fenetre.DecalageX;
   DecalageY = fenetre.DecalageY;
   EcrireTextes(*this);
   NomAccessible = LblTitre.Caption + " " + LblRemarque.Caption;
+}
+
+void FenetreLigne::Visiter(Visiteur &v) {
   v.Voir("LblTitre", LblTitre, *this);
   v.Voir("LblRemarque", LblRemarque, *this);
 }

@@ -7,8 +7,8 @@
 
 struct FenetreLigne : Fenetre {
   FenetreLigne();
-  // Reads the language in force, whether weaving goes on, and the place of the main window first, so that the
-  // note follows them.
+  // The language in force, whether weaving goes on, and the place of the main window.
+  void Suivre() override;
   void Visiter(Visiteur &v) override;
   void Load() override;
 

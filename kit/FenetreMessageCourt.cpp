@@ -31,13 +31,7 @@ FenetreMessageCourt::FenetreMessageCourt() {
   Width = 8835;
   Height = 3720;
   Fenetre::Caption = "Note";
-  BackColor = Rgb(255, 192, 128);
-  Placer(LblTitre, 2115, 795, 4680, 210);
-  LblTitre.Caption = "Titre";
-  LblTitre.Font = {"MS Sans Serif", 8.25, true, false};
-  LblTitre.Alignment = Alignement::Centre;
-  Placer(DessinMessage, 1500, 660, 480, 510);  // level with the title
-  DessinMessage.Picture = "BITMAP281";
+  PoserTitreMessage(*this, LblTitre, DessinMessage, 795);
   for (int i = 1; i <= 5; ++i) {
     Placer(Ligne[i], 825, 1305 + 285 * (i - 1), 7740, 225);
     Ligne[i].Caption = "Ligne(" + std::to_string(i) + ")";
@@ -80,6 +74,16 @@ bool FermerMessageCourt() {
 void ApresLeMessage(std::function<void()> procedure) {
   suite = std::move(procedure);
   if (!fenetreMessageCourt.Visible) fenetreMessageCourt.Unload();
+}
+
+void PoserTitreMessage(Fenetre &message, Etiquette &titre, Image &dessin, double haut) {
+  message.BackColor = Rgb(255, 192, 128);
+  Placer(titre, 2115, haut, 4680, 210);
+  titre.Caption = "Titre";
+  titre.Font = {"MS Sans Serif", 8.25, true, false};
+  titre.Alignment = Alignement::Centre;
+  Placer(dessin, 1500, haut - 135, 480, 510);  // level with the title
+  dessin.Picture = "BITMAP281";
 }
 
 void AppliquerGenreMessage(Image &dessin, Etiquette &titre) {

@@ -53,5 +53,7 @@ void Poursuivre(F &&etape) {
   }
 }
 
+// The ground of a message, its title `haut` twips from the top, and the picture beside it.
+void PoserTitreMessage(Fenetre &message, Etiquette &titre, Image &dessin, double haut);
 // Picture and title of a message kind; any other `Etat` leaves both, and 0 hides the picture.
 void AppliquerGenreMessage(Image &dessin, Etiquette &titre);

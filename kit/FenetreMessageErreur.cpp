@@ -31,13 +31,7 @@ FenetreMessageErreur::FenetreMessageErreur() {
   Width = 8865;
   Height = 3720;
   Fenetre::Caption = "Brandis";
-  BackColor = Rgb(255, 192, 128);
-  Placer(LblTitre, 2115, 780, 4680, 210);
-  LblTitre.Caption = "Titre";
-  LblTitre.Font = {"MS Sans Serif", 8.25, true, false};
-  LblTitre.Alignment = Alignement::Centre;
-  Placer(DessinMessage, 1500, 645, 480, 510);  // level with the title
-  DessinMessage.Picture = "BITMAP281";
+  PoserTitreMessage(*this, LblTitre, DessinMessage, 780);
   constexpr int kHauts[5] = {0, 1350, 1650, 1935, 2220};
   for (int i = 1; i <= 4; ++i) {
     Placer(Ligne[i], 825, kHauts[i], 7575, 270);

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 
+#include "kit/FenetreMessageCourt.h"
 #include "kit/FondFenetre.h"
 #include "kit/ProcedureConnexe.h"
 #include "platform/Plateforme.h"
@@ -74,11 +75,7 @@ FenetreRappel::FenetreRappel() {
   Width = 8835;
   Height = 4320;
   Fenetre::Caption = "Brandis";
-  BackColor = Rgb(255, 192, 128);
-  Placer(LblTitre, 2115, 795, 4680, 210);
-  LblTitre.Font = {"MS Sans Serif", 8.25, true, false};
-  LblTitre.Alignment = Alignement::Centre;
-  Placer(DessinMessage, 1500, 660, 480, 510);  // level with the title
+  PoserTitreMessage(*this, LblTitre, DessinMessage, 795);
   DessinMessage.Picture = "BITMAP280";
   for (int i = 1; i <= 5; ++i) {
     Placer(Ligne[i], 825, 1410 + 315 * (i - 1), 7185, i == 5 ? 480 : 240);

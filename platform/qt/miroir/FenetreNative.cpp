@@ -39,6 +39,7 @@ void FenetreNative::Refleter() {
   adresses_.clear();
   enrichis_.clear();
   adresses_.emplace(&donnee_, cadre_.get());
+  donnee_.Suivre();
   donnee_.Visiter(*this);
   CacherAbsents();
   cadre_->Refleter();  // last, so that the window appears complete

@@ -9,6 +9,10 @@
 
 #include "platform/qt/natifs/TexteNatif.h"
 
+namespace {
+constexpr int kRangee = 12;  // pixels within which controls stand in one row
+}
+
 void Veilleur::Surveiller(Natif &natif) {
   ordre_.push_back(&natif);
   for (QWidget *w : natif.Sources()) {
@@ -28,7 +32,7 @@ bool Veilleur::eventFilter(QObject *source, QEvent *e) {
     case QEvent::MouseMove:
       return Souris(*natif, static_cast<QMouseEvent &>(*e));
     case QEvent::Leave:
-      Quitter(*natif);
+      PointeurParti(*natif);
       return false;
     case QEvent::KeyPress:
       return Enfoncer(*natif, static_cast<QWidget &>(*source), static_cast<QKeyEvent &>(*e));
@@ -70,7 +74,7 @@ bool Veilleur::Souris(Natif &natif, QMouseEvent &e) {
 
 // A pointer that jumps from a control to something far has passed over what lies around it, even where the
 // screen never saw it there: a hover must not outlive it.
-void Veilleur::Quitter(const Natif &natif) {
+void Veilleur::PointeurParti(const Natif &natif) {
   if (presse_ || &natif == &fenetre_ || !natif.Donnee().MouseMove) return;
   const Natif *autour = natifs_.value(natif.Widget()->parentWidget());
   if (!autour || autour == &fenetre_) return;
@@ -135,7 +139,6 @@ QPoint Veilleur::Centre(const Natif &natif) const {
 }
 
 std::vector<Natif *> Veilleur::OrdreLecture() const {
-  constexpr int kRangee = 12;  // pixels within which controls stand in one row
   std::vector<std::pair<QPoint, Natif *>> places;
   for (Natif *n : ordre_)
     if (n != &fenetre_ && n->Atteignable()) places.emplace_back(Centre(*n), n);
@@ -167,7 +170,7 @@ void Veilleur::Parcourir(int pas) {
     const QPoint place = Centre(*dernier_);
     const auto suivant = std::find_if(ordre.begin(), ordre.end(), [&](Natif *n) {
       const QPoint p = Centre(*n);
-      return p.y() > place.y() + 12 || (p.y() > place.y() - 12 && p.x() > place.x());
+      return p.y() > place.y() + kRangee || (p.y() > place.y() - kRangee && p.x() > place.x());
     });
     rang = suivant - ordre.begin() - (pas > 0 ? 1 : 0);
   }

@@ -24,7 +24,7 @@ class Veilleur : public QObject {
  private:
   // Mouse. True: the toolkit does not see the event.
   bool Souris(Natif &natif, QMouseEvent &e);
-  void Quitter(const Natif &natif);
+  void PointeurParti(const Natif &natif);
   // False: a double click's second press, which presses nothing here.
   bool Presser(Natif &natif, const QMouseEvent &e);
   void Relacher(Natif &natif, const QMouseEvent &e);
