@@ -6,6 +6,7 @@ void PortSerieQt::Perdre() {
   if (!Presente()) return;
   absent_ = true;
   bloquee_ = false;
+  essaisVains_ = 0;
   partis_[numero_] = nom_;
   Oublier();
   reprise_.stop();
