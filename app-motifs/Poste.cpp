@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "base/FichiersBrandis.h"
 #include "motifs/Fichier.h"
 #include "motifs/FormeTissable.h"
 
@@ -30,7 +31,7 @@ std::string Convertir(const Motif &motif, const std::string &dossier, bool rempl
 std::pair<std::string, std::string> FaireProjet16(const Motif &motif, const std::string &data,
                                                   const ReglagesProjet &reglages, bool remplacer) {
   const fs::path dossier = fs::absolute(data), cible = Cible(motif, dossier),
-                 configuration = dossier / "Configuration.Con";
+                 configuration = dossier / kNomConfiguration;
   const std::string forme = FormeTissable(motif);
   const Projet16 projet = ComposerProjet16(
       motif, cible, Aujourdhui(), fs::exists(configuration) ? LireBrut(configuration) : "", reglages);

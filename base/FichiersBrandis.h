@@ -2,6 +2,7 @@
 // for the loom's program, for its companion and for the simulated loom.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 constexpr const char *kData = "Data", *kPorts = "Ports";  // in the folder
@@ -11,8 +12,11 @@ constexpr const char *kData = "Data", *kPorts = "Ports";  // in the folder
 constexpr const char *kNomConfiguration = "Configuration.Con";
 constexpr const char *kNomEntete = "Resume.Trm", *kNomLignes = "Resume2.Trm";
 constexpr const char *kNomCopie = "Reprise.Avant", *kNomEcartee = "Reprise.Ecartee";
-constexpr int kLongueurConfiguration = 20, kLongueurReprise = 281, kLongueurRepriseLigne = 70;  // bytes
-constexpr int kLongueurCheminWif = 255;  // bytes, inside the header
+constexpr const char *kNomVerrou = "Brandis.verrou";  // held by whoever writes there
+constexpr const char *kNomJournal = "Journal.txt", *kNomAncienJournal = "Journal.1.txt";
+// Bytes; the path stands inside the header.
+constexpr std::size_t kLongueurConfiguration = 20, kLongueurReprise = 281, kLongueurRepriseLigne = 70;
+constexpr std::size_t kLongueurCheminWif = 255;
 
 // Whether a folder holds `Data` and can be written, and so is a program's own.
 bool EstPortable(const std::string &dossier);

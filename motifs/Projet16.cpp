@@ -11,20 +11,18 @@
 #include <ctime>
 #include <filesystem>
 #include <optional>
-#include <sstream>
 #include <system_error>
 
+#include "base/CopieProjet.h"
+#include "base/FichiersBrandis.h"
 #include "motifs/Fichier.h"
 #include "motifs/FormeTissable.h"
 
 namespace fs = std::filesystem;
 
 namespace {
-constexpr int kRangeeRouge = 11;                                        // the row of the current pick
-constexpr int kDuitesToile = 40;                                        // of the plain tabby plan
-constexpr std::size_t kChemin = 255, kLigne = 70, kConfiguration = 20;  // bytes
-constexpr const char *kNomEntete = "Resume.Trm", *kNomLignes = "Resume2.Trm", *kNomCopie = "Reprise.Avant",
-                     *kNomEcartee = "Reprise.Ecartee", *kNomVerrou = "Brandis.verrou";
+constexpr int kRangeeRouge = 11;  // the row of the current pick
+constexpr int kDuitesToile = 40;  // of the plain tabby plan
 
 std::tm Jour() {
   const std::time_t maintenant = std::time(nullptr);
@@ -51,44 +49,11 @@ std::string Complete(std::string texte, std::size_t longueur) {
 
 // The two bytes at a place of the configuration, or those of a first start.
 std::string Reglage(const std::string &configuration, std::size_t place, int sinon) {
-  return configuration.size() < kConfiguration ? Mot(sinon) : configuration.substr(place, 2);
+  return configuration.size() < kLongueurConfiguration ? Mot(sinon) : configuration.substr(place, 2);
 }
 
-using Contenu = std::optional<std::string>;
-
-Contenu Octets(const fs::path &fichier) {
-  return fs::exists(fichier) ? Contenu(LireBrut(fichier.string())) : std::nullopt;
-}
-
-// The copy of both files that a save lays beside them: a line with this word, the length of each (-1 for
-// none) and a sum over both; then the bytes of both.
-std::string CopieDeCote(const Contenu &entete, const Contenu &lignes) {
-  const std::string octets = entete.value_or("") + lignes.value_or("");
-  std::uint64_t somme = 14695981039346656037u;  // FNV-1a
-  for (unsigned char o : octets) somme = (somme ^ o) * 1099511628211u;
-  const auto longueur = [](const Contenu &c) { return c ? std::to_string(c->size()) : std::string("-1"); };
-  return "brandis-reprise-1 " + longueur(entete) + " " + longueur(lignes) + " " + std::to_string(somme) +
-         "\n" + octets;
-}
-
-// Whether a copy is one that the next start would put back.
-bool CopieEntiere(const Contenu &copie) {
-  if (!copie) return false;
-  const auto fin = copie->find('\n');
-  if (fin == std::string::npos) return false;
-  std::istringstream tete(copie->substr(0, fin));
-  std::string marque;
-  long long longueurs[2] = {};
-  if (!(tete >> marque >> longueurs[0] >> longueurs[1])) return false;
-  Contenu parts[2];
-  std::size_t place = fin + 1;
-  for (int i = 0; i < 2; ++i) {
-    if (longueurs[i] < 0) continue;
-    if (static_cast<std::size_t>(longueurs[i]) > copie->size() - place) return false;
-    parts[i] = copie->substr(place, static_cast<std::size_t>(longueurs[i]));
-    place += parts[i]->size();
-  }
-  return CopieDeCote(parts[0], parts[1]) == *copie;
+std::optional<std::string> Octets(const fs::path &fichier) {
+  return fs::exists(fichier) ? std::optional(LireBrut(fichier.string())) : std::nullopt;
 }
 
 // The new project counts from here on. What fails behind the rename changes nothing.
@@ -153,7 +118,7 @@ Projet16 ComposerProjet16(const Motif &motif, const std::string &cheminWif, doub
                 {"la lame " + n + " est levée, et ce métier en a 16.",
                  "harness " + n + " is raised, and this loom has 16."});
   }
-  if (cheminWif.size() > kChemin)
+  if (cheminWif.size() > kLongueurCheminWif)
     throw Refus(
         cheminWif, 0,
         {"un projet ne garde que 255 octets de ce nom.", "a project keeps only 255 bytes of this name."});
@@ -174,12 +139,13 @@ Projet16 ComposerProjet16(const Motif &motif, const std::string &cheminWif, doub
 
   std::string port = reglages.port > 0 ? Mot(reglages.port) : Reglage(configuration, 0, 1);
   Projet16 projet;
-  projet.entete = Date(jour) + Complete(cheminWif, kChemin) + Mot(motif.Duites()) +
+  projet.entete = Date(jour) + Complete(cheminWif, kLongueurCheminWif) + Mot(motif.Duites()) +
                   (port == Mot(0) ? Mot(1) : port) + Mot(kLamesPetitMetier) +
                   Reglage(configuration, 4, kRangeeRouge) + Mot(reglages.option) + Mot(0) +
                   Reglage(configuration, 6, 0) + Mot(debout) + Reglage(configuration, 14, -1);
   for (int i = 0; i < motif.Duites(); ++i)
-    projet.lignes += Complete(LignePlan(i + 1, motif.foules[static_cast<std::size_t>(i)]), kLigne);
+    projet.lignes +=
+        Complete(LignePlan(i + 1, motif.foules[static_cast<std::size_t>(i)]), kLongueurRepriseLigne);
   return projet;
 }
 
@@ -190,8 +156,8 @@ std::string InstallerProjet16(const Projet16 &projet, const std::string &data) {
   const std::string ancien = GarderDeCote(entete);
   GarderDeCote(copie);
   // A copy that stands whole is that of a save that was cut off: the project that counts.
-  if (!CopieEntiere(Octets(copie)))
-    EcrireFichier(copie.string(), CopieDeCote(Octets(entete), Octets(lignes)), true);
+  if (!DeTexte(Octets(copie).value_or("")))
+    EcrireFichier(copie.string(), EnTexte({Octets(entete), Octets(lignes)}), true);
   EcrireFichier(lignes.string(), projet.lignes, true);
   EcrireFichier(entete.string(), projet.entete, true);
   Achever(copie);

@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "base/FichiersBrandis.h"
 #include "platform/Plateforme.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "session/FormatJournal.h"
@@ -26,7 +27,7 @@ struct Retenue {
 };
 std::optional<Retenue> retenue;
 
-std::string Chemin(const char *nom) { return plateforme().DossierProgramme() + "/Data/" + nom; }
+std::string Chemin(const char *nom) { return plateforme().DossierProgramme() + "/" + kData + "/" + nom; }
 
 std::string Maintenant() {
   const std::time_t instant = std::time(nullptr);
@@ -89,8 +90,8 @@ void NoterEnvoi(Entier duite, const std::string &suite) {
 }
 }  // namespace
 
-std::string CheminJournal() { return Chemin("Journal.txt"); }
-std::string CheminAncienJournal() { return Chemin("Journal.1.txt"); }
+std::string CheminJournal() { return Chemin(kNomJournal); }
+std::string CheminAncienJournal() { return Chemin(kNomAncienJournal); }
 
 void Noter(const std::string &fait) { Ajouter(Ligne(fait)); }
 

@@ -215,7 +215,7 @@ TEST_F(Journal, TheFolderOfTheReleaseBefore) {
   };
   const std::string date("\0\0\0\0\xe0\x73\xe6\x40", 8);  // 45983
   std::string entete = date + champ(motif, 255) + Mots({6, 3, 24, 11, 1, 0, 0, 4, -1}), lignes70;
-  ASSERT_EQ(entete.size(), static_cast<std::size_t>(kLongueurReprise));
+  ASSERT_EQ(entete.size(), kLongueurReprise);
   for (const std::string &ligne : l) lignes70 += champ(ligne, kLongueurRepriseLigne);
   EcrireFichier("Resume.Trm", entete);
   EcrireFichier("Resume2.Trm", lignes70);

@@ -14,6 +14,8 @@
 #include <QThread>
 #include <cerrno>
 
+#include "base/FichiersBrandis.h"
+
 namespace {
 constexpr int kPatience = 2000;  // milliseconds
 constexpr auto kInterface = "org.brandis.Tissage";
@@ -43,7 +45,7 @@ class InstanceUnique::Sonnette : public QDBusVirtualObject {
 };
 
 InstanceUnique::InstanceUnique(const std::string &dossier) {
-  const std::string chemin = dossier + "/Data/Brandis.verrou";
+  const std::string chemin = dossier + "/" + kData + "/" + kNomVerrou;
   descripteur_ = open(chemin.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0600);
   struct stat fichier {};
   if (descripteur_ < 0 || fstat(descripteur_, &fichier) != 0) return;
