@@ -21,7 +21,7 @@
 #include "weaving/RetourLigne.h"
 
 namespace {
-void Demarrer() {
+void LancerProgramme() {
   const DerniereSeance seance = LireDerniereSeance();
   NoterDepart();
   fenetre.Chargee = true;
@@ -99,5 +99,5 @@ void Monter(PlateformeQt &machine) {
   machine.FinDemandee = [] { BoutonProgramme_Click(Commande::Quitter); };
   machine.CompleterRapport = CompleterRapport;
   machine.LeMiroir().MessageRepond(FermerMessageCourt);
-  machine.LeMiroir().Passer(Demarrer);
+  machine.LeMiroir().Passer(LancerProgramme);
 }

@@ -39,11 +39,11 @@ constexpr Entier operator-(int a, Entier b) { return Entier(static_cast<long lon
 constexpr Entier operator*(int a, Entier b) { return b * a; }
 
 // True = -1 and False = 0, in memory as in files; any other stored value reads as True.
-class Drapeau {
+class Booleen {
  public:
-  constexpr Drapeau() = default;
-  constexpr Drapeau(bool valeur) : valeur_(valeur) {}
-  static constexpr Drapeau DeValeur(Entier valeur) { return Drapeau(valeur != 0); }
+  constexpr Booleen() = default;
+  constexpr Booleen(bool valeur) : valeur_(valeur) {}
+  static constexpr Booleen DeValeur(Entier valeur) { return Booleen(valeur != 0); }
   constexpr operator bool() const { return valeur_; }
   constexpr Entier Valeur() const { return Entier(valeur_ ? -1 : 0); }
 

@@ -13,7 +13,7 @@ class Lecture {
  public:
   explicit Lecture(std::string_view texte) : texte_(texte) { SauterEspaces(); }
   char Courant() const { return place_ < texte_.size() ? texte_[place_] : '\0'; }
-  void Avancer() {
+  void Suivant() {
     ++place_;
     SauterEspaces();
   }
@@ -28,17 +28,17 @@ class Lecture {
 
 bool Prendre(Lecture &lecture, std::string &nombre) {
   bool trouve = false;
-  for (; EstChiffre(lecture.Courant()); lecture.Avancer(), trouve = true) nombre += lecture.Courant();
+  for (; EstChiffre(lecture.Courant()); lecture.Suivant(), trouve = true) nombre += lecture.Courant();
   return trouve;
 }
 
 void PrendreExposant(Lecture lecture, std::string &nombre) {
   if (lecture.Courant() != 'E' && lecture.Courant() != 'e') return;
-  lecture.Avancer();
+  lecture.Suivant();
   std::string exposant = "e";
   if (lecture.Courant() == '-' || lecture.Courant() == '+') {
     if (lecture.Courant() == '-') exposant += '-';
-    lecture.Avancer();
+    lecture.Suivant();
   }
   if (Prendre(lecture, exposant)) nombre += exposant;
 }
@@ -68,13 +68,13 @@ double Val(std::string_view texte) {
   std::string nombre;
   if (lecture.Courant() == '-' || lecture.Courant() == '+') {
     if (lecture.Courant() == '-') nombre += '-';
-    lecture.Avancer();
+    lecture.Suivant();
   }
   bool chiffres = Prendre(lecture, nombre);
   if (lecture.Courant() == '.') {
     if (!chiffres) nombre += '0';
     nombre += '.';
-    lecture.Avancer();
+    lecture.Suivant();
     if (Prendre(lecture, nombre)) chiffres = true;
   }
   if (!chiffres) return 0;

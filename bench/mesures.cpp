@@ -19,7 +19,7 @@ class Atelier : public Banc {
  public:
   Atelier() {
     SetUp();
-    Demarrer();
+    LancerProgramme();
     std::vector<std::string> lignes;
     for (int i = 1; i <= kDuites; ++i) {
       std::string ligne = std::to_string(i) + "=";

@@ -41,7 +41,7 @@ void Surface::Refaire(int largeur, int hauteur, Couleur fond) {
 void Surface::Redimensionner(int largeur, int hauteur, Couleur fond) {
   Surface neuve(largeur, hauteur, fond);
   neuve.PaintPicture(*this, 0, 0);
-  neuve.ecrits_ = ecrits_;
+  neuve.textes_ = textes_;
   neuve.ScaleMode = ScaleMode;
   *this = std::move(neuve);
 }
@@ -50,7 +50,7 @@ void Surface::Effacer(Couleur fond) {
   const std::size_t n = Place(0, hauteur_);
   if (pixels_.use_count() != 1) pixels_ = std::make_shared_for_overwrite<std::uint32_t[]>(n);
   std::fill_n(pixels_.get(), n, kOpaque | fond);
-  ecrits_.clear();
+  textes_.clear();
   Changer();
 }
 
@@ -104,6 +104,6 @@ void Surface::PaintPicture(const Surface &image, int x, int y, int largeur, int 
 }
 
 void Surface::Print(int x, int y, const std::string &texte, const Police &police, Couleur c) {
-  ecrits_.push_back({x, y, texte, police, c});
+  textes_.push_back({x, y, texte, police, c});
   Changer();
 }

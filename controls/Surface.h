@@ -27,12 +27,12 @@ struct Police {
 
 // A text printed on a surface. It is kept beside the pixels, so that it stays sharp at every screen scale.
 // Place in twips, of the text's top left corner.
-struct Ecrit {
+struct TexteImprime {
   int x, y;
   std::string texte;
   Police police;
   Couleur couleur;
-  bool operator==(const Ecrit &) const = default;
+  bool operator==(const TexteImprime &) const = default;
 };
 
 enum class Echelle { Twips = 1, Pixels = 3 };
@@ -54,7 +54,7 @@ class Surface {
   std::uint64_t Version() const { return version_; }
   // What they are now; drawing goes on in a copy for as long as somebody holds them.
   std::shared_ptr<const std::uint32_t[]> Pixels() const { return pixels_; }
-  const std::vector<Ecrit> &Ecrits() const { return ecrits_; }
+  const std::vector<TexteImprime> &Textes() const { return textes_; }
 
   // New size and ground; what was drawn and printed is gone.
   void Refaire(int largeur, int hauteur, Couleur fond);
@@ -85,6 +85,6 @@ class Surface {
   std::size_t Place(int x, int y) const;
   int largeur_ = 0, hauteur_ = 0;
   Trame pixels_;
-  std::vector<Ecrit> ecrits_;
+  std::vector<TexteImprime> textes_;
   std::uint64_t version_ = 0;
 };

@@ -11,6 +11,7 @@
 #include "loom/TramesDuite.h"
 #include "mainwindow/CompositionFenetre.h"
 #include "mainwindow/PanneauConfiguration.h"
+#include "session/ChampsConfiguration.h"
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 #include "weaving/EcouteMetier.h"
@@ -36,9 +37,13 @@ void LierChamps() {
     fenetre.ComConfiguration[i].GotFocus = [i] { ComConfiguration_GotFocus(i); };
   }
   // The number alone does not tell which socket it is.
-  fenetre.ComConfiguration[1].Click = [] { ComConfiguration_Click(1), RemarquerAppareil(); };
-  fenetre.ComConfiguration[1].GotFocus = [] { ComConfiguration_GotFocus(1), RemarquerAppareil(); };
-  fenetre.ComConfiguration[1].MouseMove = [](int, double, double) { RemarquerAppareil(); };
+  fenetre.ComConfiguration[Champ::Port].Click = [] {
+    ComConfiguration_Click(Champ::Port), RemarquerAppareil();
+  };
+  fenetre.ComConfiguration[Champ::Port].GotFocus = [] {
+    ComConfiguration_GotFocus(Champ::Port), RemarquerAppareil();
+  };
+  fenetre.ComConfiguration[Champ::Port].MouseMove = [](int, double, double) { RemarquerAppareil(); };
   for (int i = 1; i <= 24; ++i) fenetre.CheckSelenoide[i].Click = CheckSelenoide_Click;
   fenetre.TxtDuite.KeyDown = [](int touche, int) { TxtDuite_KeyDown(touche); };
   fenetre.TxtDuite.KeyPress = TxtDuite_KeyPress;

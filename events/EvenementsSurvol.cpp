@@ -6,6 +6,7 @@
 #include "kit/BullesInfo.h"
 #include "kit/FondFenetre.h"
 #include "mainwindow/CompositionFenetre.h"
+#include "session/ChampsConfiguration.h"
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 
@@ -60,7 +61,7 @@ void TxtVitessePortSerie_MouseMove() { EcrireRemarque(fenetre.TxtVitessePortSeri
 
 void RemarquerAppareil() {
   static std::string texte;  // the status line keeps the address
-  const ListeChoix &champ = fenetre.ComConfiguration[1];
+  const ListeChoix &champ = fenetre.ComConfiguration[Champ::Port];
   if (champ.Text.size() < 5) return;  // no number chosen yet
   const std::string appareil = MSComm1().Appareil(Arrondir(Val(champ.Text.substr(4))));
   texte =

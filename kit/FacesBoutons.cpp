@@ -116,7 +116,7 @@ void RendreTailleBouton(BoitePicture &bouton) {
   bouton.Dessin = std::move(face);
 }
 
-void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage,
+void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Booleen avecImage,
                        const std::string &ligne2, Entier style, Couleur couleurTexte, Couleur couleurOmbre) {
   if (EstVide(ligne1) || (style != 0 && style != 1)) return;
   const Entier w = Arrondir(bouton.Width), h = Arrondir(bouton.Height);

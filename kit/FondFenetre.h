@@ -14,11 +14,11 @@ struct ReglagesPeinture {
   Echelle EchelleSauvegardee = Echelle::Twips;
   Table<std::string, 100> RampeCouleurs;         // "red/green\blue", decimal
   Entier StyleCadreRemarque;                     // 1 sets the corner pictures into the remark frame
-  Drapeau BoutonAvecImage;                       // the button bears a picture at its left
+  Booleen BoutonAvecImage;                       // the button bears a picture at its left
   Entier BoutonTexteDecale, BoutonTexteDecale2;  // twips, sideways, first and second line
   Entier DegradeRougeDebut, DegradeRougeFin, DegradeVertDebut, DegradeVertFin, DegradeBleuDebut,
       DegradeBleuFin;
-  Drapeau DegradeVertical;
+  Booleen DegradeVertical;
   Surface *SurfaceDegrade = nullptr;  // target of PeindreDegrade
   Surface FaceGardee;                 // face of the hovered button as it was
 };
@@ -98,7 +98,7 @@ void RendreTailleBouton(BoitePicture &bouton);
 
 // Caption of a button in one or two lines; style 0 plain, 1 with shadow. Its centring counts characters, 53
 // twips each half. W and H are the button's, in twips.
-void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Drapeau avecImage,
+void EcrireTexteBouton(BoitePicture &bouton, const std::string &ligne1, Booleen avecImage,
                        const std::string &ligne2, Entier style, Couleur couleurTexte, Couleur couleurOmbre);
 // Titles, printed as a shadow and a face; a blank text prints nothing. The two red ones are held in
 // reserve, for a panel that warns.

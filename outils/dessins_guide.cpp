@@ -21,7 +21,7 @@ class Atelier : public Banc {
  public:
   Atelier() {
     SetUp();
-    Demarrer();
+    LancerProgramme();
     Configurer({{1, "COM 1"}, {5, "Pattern"}});
   }
   ~Atelier() override { TearDown(); }

@@ -17,7 +17,7 @@ void Poursuivre(Entier &resultat, F &&etape) {
 
 std::vector<Rubrique> ConfigurationMetier() {
   return AvecLesChamps(
-      {RubriqueDrapeau(16, session.BullesActives), RubriqueDrapeau(18, session.LangueFrancaise)},
+      {RubriqueBooleen(16, session.BullesActives), RubriqueBooleen(18, session.LangueFrancaise)},
       &FicheChamp::dansConfiguration);
 }
 

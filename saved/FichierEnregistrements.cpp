@@ -31,9 +31,9 @@ Rubrique RubriqueEntier(int position, Entier &variable) {
           [&variable](const std::string &o) { variable = EntierDeOctets(o); }};
 }
 
-Rubrique RubriqueDrapeau(int position, Drapeau &variable) {
+Rubrique RubriqueBooleen(int position, Booleen &variable) {
   return {position, 2, [&variable] { return EntierEnOctets(variable.Valeur()); },
-          [&variable](const std::string &o) { variable = Drapeau::DeValeur(EntierDeOctets(o)); }};
+          [&variable](const std::string &o) { variable = Booleen::DeValeur(EntierDeOctets(o)); }};
 }
 
 Rubrique RubriqueDate(int position, double &variable) {

@@ -22,7 +22,7 @@ struct Rubrique {
 // Fields over a variable of the session. A text is written as it stands or trimmed, cut or padded, and
 // trimmed when read.
 Rubrique RubriqueEntier(int position, Entier &variable);
-Rubrique RubriqueDrapeau(int position, Drapeau &variable);
+Rubrique RubriqueBooleen(int position, Booleen &variable);
 Rubrique RubriqueDate(int position, double &variable);
 Rubrique RubriqueTexte(int position, int taille, std::string &variable, bool rogne = false);
 

@@ -57,19 +57,19 @@ const FicheChamp &LeChamp(Champ::Numero numero) {
 
 Entier ValeurDe(const FicheChamp &champ) {
   if (const auto *entier = std::get_if<Entier Session::*>(&champ.variable)) return session.**entier;
-  return (session.*std::get<Drapeau Session::*>(champ.variable)).Valeur();
+  return (session.*std::get<Booleen Session::*>(champ.variable)).Valeur();
 }
 
 void PoserValeur(const FicheChamp &champ, Entier valeur) {
   if (const auto *entier = std::get_if<Entier Session::*>(&champ.variable))
     session.**entier = valeur;
   else
-    session.*std::get<Drapeau Session::*>(champ.variable) = Drapeau::DeValeur(valeur);
+    session.*std::get<Booleen Session::*>(champ.variable) = Booleen::DeValeur(valeur);
 }
 
 void Relire(const FicheChamp &champ, const std::string &texte) {
   if (champ.aPart.parNombre) return PoserValeur(champ, Arrondir(Val(texte)));
-  if (std::holds_alternative<Drapeau Session::*>(champ.variable)) PoserValeur(champ, 0);
+  if (std::holds_alternative<Booleen Session::*>(champ.variable)) PoserValeur(champ, 0);
   for (const ElementListe &e : champ.elements)
     if (const std::string lu = Trim(texte); lu == e.relu.francais || lu == e.relu.anglais)
       PoserValeur(champ, e.valeur);

@@ -41,7 +41,7 @@ struct FicheChamp {
   Paire etiquette;
   std::span<const ElementListe> elements;  // empty: the picks of the plan
   int haut;                                // twips, inside the panel
-  std::variant<Entier Session::*, Drapeau Session::*> variable;
+  std::variant<Entier Session::*, Booleen Session::*> variable;
   Tour tour;
   int dansConfiguration, dansReprise;  // bytes from the start of the record; two bytes each
   struct {

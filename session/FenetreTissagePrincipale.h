@@ -74,20 +74,20 @@ struct FenetreTissagePrincipale : Fenetre {
 
   // Fields.
   Table<std::string, kLignesWif> BitsDuite;  // one "0" or "1" per harness, harness 1 at the right-hand end
-  Table<::Drapeau, 21> Voyants;              // lamp of each command: True green, False red
+  Table<Booleen, 21> Voyants;                // lamp of each command: True green, False red
   Entier DuiteAvantToile;                    // pick at which the weaver left the pattern for tabby
   Entier IntervalleEcoute;                   // milliseconds
-  ::Drapeau VoyantAllume;
+  Booleen VoyantAllume;
   Entier LameTest;  // solenoid under test, 1..24
-  ::Drapeau TestInterrompu;
-  ::Drapeau FormeAppliquee;
-  ::Drapeau TissageEnCours;  // a shown pick is also sent
-  ::Drapeau PatronCharge;
-  ::Drapeau PortOuvert;
-  ::Drapeau DansLiftplan;  // outlives a reading
+  Booleen TestInterrompu;
+  Booleen FormeAppliquee;
+  Booleen TissageEnCours;  // a shown pick is also sent
+  Booleen PatronCharge;
+  Booleen PortOuvert;
+  Booleen DansLiftplan;  // outlives a reading
   SourceRemarque Statut;
   double HautInitial = 0, GaucheInitial = 0;  // the kept, centred place of the window
-  ::Drapeau EnDeplacement;
+  Booleen EnDeplacement;
   float SourisX0 = 0, SourisY0 = 0, FenetreHaut0 = 0, FenetreGauche0 = 0;
 
   // Port diagnostics, kept from call to call.

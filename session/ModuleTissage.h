@@ -30,15 +30,15 @@ constexpr int kLames = 32;
 constexpr int kLamesDepart = 24;
 
 struct Session {
-  Drapeau BullesActives;                 // help bubbles wanted
+  Booleen BullesActives;                 // help bubbles wanted
   Entier OptionTissage;                  // 1 pattern, 2 tabby, 3 both; 0 before the first configuration
-  Drapeau LangueFrancaise;               // True French, False English, read when a text is shown
-  Drapeau DirectionDeroulement;          // True up, False down
-  Drapeau DirectionTissage;              // False forward, True reverse
+  Booleen LangueFrancaise;               // True French, False English, read when a text is shown
+  Booleen DirectionDeroulement;          // True up, False down
+  Booleen DirectionTissage;              // False forward, True reverse
   Entier DuitesActives;                  // chosen, shown and saved; no weaving step reads it
   Entier DuiteCourante;                  // the pick on the loom, 1..NombreDuites; 0 is reachable
   Entier NombreDuitesPatron;             // lines of the lift plan as read and as saved
-  Drapeau ToileDepart;                   // True tabby A; colours the labels only
+  Booleen ToileDepart;                   // True tabby A; colours the labels only
   std::string ToileA, ToileB;            // "TabbyA=1,3,..." and "TabbyB=2,4,..."
   std::string NomFichierReprise;         // resume file last touched, without folder
   std::string CheminWif;                 // full path of the open pattern, empty for none
@@ -63,9 +63,9 @@ struct Session {
 
   // Hover of the main window's buttons.
   Entier BoutonSurvole;                               // index of the button under the pointer
-  Drapeau SurvolActif;                                // a button is drawn hovered
+  Booleen SurvolActif;                                // a button is drawn hovered
   Entier LargeurBoutonSurvole, HauteurBoutonSurvole;  // its size before, twips
-  Drapeau BoutonEnfonce;                              // some picture button is shown pressed
+  Booleen BoutonEnfonce;                              // some picture button is shown pressed
 };
 
 extern Session session;

@@ -63,7 +63,7 @@ std::optional<Instant> CycleMetier::Echeance() const {
   return echeance;
 }
 
-std::vector<Geste> CycleMetier::Avancer(Instant maintenant, const LigneSimulee &ligne) {
+std::vector<Geste> CycleMetier::GestesEchus(Instant maintenant, const LigneSimulee &ligne) {
   if (rapport_ && *rapport_ <= maintenant) Rapporter(*rapport_, ligne);
   std::vector<Geste> dus;
   while (!gestes_.empty() && gestes_.begin()->first <= maintenant) {

@@ -54,7 +54,7 @@ class CycleMetier {
 
   std::optional<Instant> Echeance() const;
   // What falls due by now, in order. ligne gives the pace of the bytes.
-  std::vector<Geste> Avancer(Instant maintenant, const LigneSimulee &ligne);
+  std::vector<Geste> GestesEchus(Instant maintenant, const LigneSimulee &ligne);
 
  private:
   void Rapporter(Instant quand, const LigneSimulee &ligne);

@@ -17,7 +17,7 @@ MetierSimule::MetierSimule(const Reglages &reglages)
       cycle_(reglages.lames, reglages.cadence, reglages.entree, reglages.fautes),
       releve_(std::cout, reglages.lames, reglages.journal) {}
 
-void MetierSimule::Demarrer() {
+void MetierSimule::Raccorder() {
   ligne_.Brancher();
   releve_.Dire("loom: " + std::to_string(reglages_.lames) + " harnesses on " + ligne_.Esclave() +
                ", linked as " + ligne_.Lien());
@@ -29,7 +29,7 @@ void MetierSimule::Tourner(int arret) {
     const Instant maintenant = Horloge::now();
     Entendre(maintenant);
     if (fini_) break;
-    for (const Geste &geste : cycle_.Avancer(maintenant, ligne_)) Agir(geste);
+    for (const Geste &geste : cycle_.GestesEchus(maintenant, ligne_)) Agir(geste);
   }
 }
 

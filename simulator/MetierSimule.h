@@ -15,7 +15,7 @@ class MetierSimule {
   explicit MetierSimule(const Reglages &reglages);
 
   // Makes the line; throws EchecLigne.
-  void Demarrer();
+  void Raccorder();
   // Runs until an end is asked for. arret: descriptor that becomes readable when a signal wants the end.
   void Tourner(int arret);
   // Hears what is still on the line, prints the counts. Returns the exit status.

@@ -50,7 +50,7 @@ int main(int nombre, char **arguments) {
     }
     if (!PoserSignaux()) throw EchecLigne("cannot make a pipe");
     MetierSimule metier(reglages);
-    metier.Demarrer();
+    metier.Raccorder();
     metier.Tourner(tuyauArret[0]);
     return metier.Finir();
   } catch (const std::exception &echec) {

@@ -144,7 +144,7 @@ class Banc : public ::testing::Test {
   // What a new process starts with.
   void Recommencer();
   // A new process that has come up.
-  void Demarrer() {
+  void LancerProgramme() {
     Recommencer();
     Form_Load();
     fenetre.Visible = true;
@@ -194,7 +194,7 @@ class BancConfigure : public Banc {
  protected:
   void SetUp() override {
     Banc::SetUp();
-    Demarrer();
+    LancerProgramme();
     Configurer({{1, "COM 1"}, {5, "Pattern"}});
   }
   void OuvrirLignes(const V &l) { Ouvrir(Motif(lignes = l)); }

@@ -35,7 +35,9 @@ void Court() { AfficherMessageCourt(TitreErreur(), "un"); }
 void Message() { AfficherMessage("texte"); }
 void Erreurs() { session.Etat = 8, plateforme().MontrerModal(Charger(erreur)); }
 void Note() { AfficherRemarque("titre"); }
-void Rappel() { AfficherRappel({true, "m.wif", "7", "2026-01-02", "03:04:05", "7", false, true, {1, 20, 0, 0}}); }
+void Rappel() {
+  AfficherRappel({true, "m.wif", "7", "2026-01-02", "03:04:05", "7", false, true, {1, 20, 0, 0}});
+}
 void Progres() { attente.Montrer(true); }
 const Cas kCas[] = {
     {bulleInfoHautDroit, Bulle0, {}, fenetre.Remarque.Caption, "Fermer", "End the"},
@@ -65,7 +67,7 @@ class EssaiCadres : public Montee {
       for (int i = 0; drapeau && i < 2; ++i) {  // as raised, both before and after
         EXPECT_TRUE(c.texte.starts_with(drapeau == 2 ? c.francais : c.anglais)) << c.texte;
         Passer([&] { Drapeau_Click(drapeau); });
-        EXPECT_EQ(fenetre.BoutonProgramme[Commande::Quitter].Dessin.Ecrits()[0].texte,
+        EXPECT_EQ(fenetre.BoutonProgramme[Commande::Quitter].Dessin.Textes()[0].texte,
                   drapeau == 2 ? "Quit" : "Fermer");
       }
       c.clic ? QTest::mouseClick(Natif(*c.clic), Qt::LeftButton)

@@ -114,9 +114,9 @@ class EssaiContraste : public testing::Test {
 
     // A text printed twice is a shadow and a face; only the face is read.
     void Ecrits(const Surface &s, QWidget &w, const std::string &nom) {
-      for (std::size_t i = 0; i < s.Ecrits().size(); ++i) {
-        const Ecrit &t = s.Ecrits()[i];
-        if (i + 1 < s.Ecrits().size() && s.Ecrits()[i + 1].texte == t.texte) continue;
+      for (std::size_t i = 0; i < s.Textes().size(); ++i) {
+        const TexteImprime &t = s.Textes()[i];
+        if (i + 1 < s.Textes().size() && s.Textes()[i + 1].texte == t.texte) continue;
         const QRect place(QPoint(t.x / kTwipsParPixel, t.y / kTwipsParPixel),
                           QFontMetrics(Fonte(t.police)).size(0, Texte(t.texte)));
         Noter(nom, w, place, t.texte, t.couleur);

@@ -35,7 +35,7 @@ class Fenetres : public Banc {
  protected:
   void SetUp() override {
     Banc::SetUp();
-    Demarrer();
+    LancerProgramme();
     session.BullesActives = true;
   }
   static void Bouger(Controle &c) { c.MouseMove(0, 30, 30); }
@@ -395,7 +395,7 @@ TEST(Peintres, TexteDeBoutonCompteLesCaracteres) {
        {std::tuple{"Toile +", "Patron", 1}, {"Précédent", " ", 0}, {" ", "Patron", 1}})
     EcrireTexteBouton(b, ligne1, true, ligne2, voyant, Gris(0), Gris(255));
   std::vector<std::pair<int, int>> places;
-  for (const Ecrit &e : b.Dessin.Ecrits()) places.emplace_back(e.x, e.y);
+  for (const TexteImprime &e : b.Dessin.Textes()) places.emplace_back(e.x, e.y);
   EXPECT_EQ(places,
             (std::vector<std::pair<int, int>>{{449, 40}, {462, 48}, {502, 190}, {572, 200}, {423, 108}}));
 }

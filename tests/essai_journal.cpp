@@ -65,7 +65,7 @@ TEST_F(Journal, KnowsWhatWasOnTheLoom) {
 TEST_F(Journal, WhatIsReadBackInBothLanguages) {
   for (const int drapeau : {1, 2}) {
     fs::remove(Data("Journal.txt"));
-    Demarrer();
+    LancerProgramme();
     NoterDepart();
     fenetre.Drapeau[drapeau].Click();
     OuvrirLignes(Lignes(20));
@@ -86,13 +86,13 @@ TEST_F(Journal, WhatIsReadBackInBothLanguages) {
     BoutonProgramme_Click(Commande::Quitter);
     EXPECT_FALSE(LireDerniereSeance().inachevee) << Faits().back();
     // A resumed project tells its pattern too.
-    Demarrer();
+    LancerProgramme();
     OuvrirLignes(Lignes(20));
     Commander(Commande::Demarrer);
     EcrireFichier("Resume.Trm", "");
     Commander(Commande::Enregistrer);
     fs::remove(Data("Journal.txt"));
-    Demarrer();
+    LancerProgramme();
     NoterDepart();
     Commander(Commande::Reprendre);
     EXPECT_EQ(LireDerniereSeance().motif, Data("motif.wif"));

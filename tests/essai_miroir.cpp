@@ -410,9 +410,9 @@ TEST_F(EssaiMiroir, AModalWindowHoldsItsProcedureButNotTheTimers) {
 TEST(Aide, F1AsksForTheGuideOnceAndIsNoKeyOfTheField) {
   int demandes = 0, touches = 0;
   const ToucheAide aide([&] { ++demandes; });
-  struct Champ : QLineEdit {
+  struct Saisie : QLineEdit {
     int &touches;
-    explicit Champ(int &t) : touches(t) {}
+    explicit Saisie(int &t) : touches(t) {}
     void keyPressEvent(QKeyEvent *) override { ++touches; }
   } champ(touches);
   QTest::keyClick(&champ, Qt::Key_F1);

@@ -74,10 +74,10 @@ class Conversion : public BancConfigure {
     if (lames == 16) {  // only a project holds 16 for longer than a plan
       const ::Motif motif = LireMotif(chemin);
       InstallerProjet16(ComposerProjet16(motif, chemin, 45983, ""), pf.dossier + "/Data");
-      Demarrer();
+      LancerProgramme();
       Commander(Commande::Reprendre);
     } else {
-      Demarrer();
+      LancerProgramme();
       Configurer({{1, "COM 1"}, {5, "Pattern"}});
       Ouvrir(chemin);
     }
@@ -177,7 +177,7 @@ TEST_F(Conversion, ReadAsTheyStand) {
       motif = ComprendreMotif("[WIF]\n[LIFTPLAN]\n1=1,2\n2=9\n", chemin);
       motif.octets = std::make_shared<const std::string>(Lire(chemin));
     }
-    Demarrer();
+    LancerProgramme();
     Configurer({{1, "COM 1"}, {5, "Pattern"}});
     Ouvrir(chemin);
     int autrement = std::max(0, motif.Duites() - int{session.NombreDuites});
@@ -229,7 +229,7 @@ TEST_F(Conversion, ProjectOfSixteenHarnesses) {
   }
   EXPECT_EQ(gardes, 3);
 
-  Demarrer();
+  LancerProgramme();
   Commander(Commande::Reprendre);
   EXPECT_EQ(Messages(), V{"Error|  Error 16 Harnesses only"});  // told to every project of 16, which goes on
   EXPECT_EQ(session.NombreLames, 16);
@@ -245,13 +245,13 @@ TEST_F(Conversion, ProjectOfSixteenHarnesses) {
   fs::remove(Data("Configuration.Con"));
   ASSERT_EQ(Lancer("project16 --pick 5 --port 2 --replace " + serge + dossier), 0) << dit;
   EXPECT_EQ(LireFichier("Resume.Trm").substr(265), Mots({2, 16, 11, 1, 0, 0, 4, -1}));
-  Demarrer();
+  LancerProgramme();
   Commander(Commande::Reprendre);
   Commander(Commande::Demarrer);
   EXPECT_EQ(session.DuiteCourante, 5);
   ASSERT_EQ(Lancer("project16 --option 3 --pick 3 " + serge + dossier), 1) << dit;
   EXPECT_NE(dit.find("after Resume the tabby picks are empty"), std::string::npos) << dit;
-  Demarrer();
+  LancerProgramme();
   Commander(Commande::Reprendre);
   Commander(Commande::Demarrer);
   EXPECT_EQ(session.LignesTravail[session.DuiteCourante], session.LignesWif[3]);

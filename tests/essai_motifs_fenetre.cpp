@@ -24,8 +24,8 @@
 
 #include "app-motifs/fenetre/Boiseries.h"
 #include "app-motifs/fenetre/FenetreMotifs.h"
-#include "app-motifs/fenetre/Fiche.h"
 #include "app-motifs/fenetre/Rangee.h"
+#include "app-motifs/fenetre/VueConstats.h"
 #include "app-motifs/fenetre/VueMotif.h"
 #include "base/PageGuide.h"
 #include "motifs/Fichier.h"
@@ -94,7 +94,7 @@ TEST_F(EssaiFenetre, DropSeeAndPutIntoBrandis) {
   QApplication::sendEvent(&f, &lache);
   EXPECT_EQ(message, "/dev/zero: this is not an ordinary file.");
   QListWidget *motifs = Liste(f, "motifs");
-  auto *constats = f.findChild<Fiche *>();
+  auto *constats = f.findChild<VueConstats *>();
   const auto rangee = [&](int i) { return constats->topLevelItem(i)->text(0); };
   ASSERT_EQ(motifs->count(), 2);
   EXPECT_EQ(motifs->currentRow(), 1);
@@ -112,7 +112,7 @@ TEST_F(EssaiFenetre, DropSeeAndPutIntoBrandis) {
     if (constats->topLevelItem(i)->childCount() > 1) genre = constats->topLevelItem(i);
   ASSERT_TRUE(genre);
   Lieu lieu;
-  QObject::connect(constats, &Fiche::Choisi, [&](const Lieu &l) { lieu = l; });
+  QObject::connect(constats, &VueConstats::Choisi, [&](const Lieu &l) { lieu = l; });
   QTest::mouseClick(constats->viewport(), Qt::LeftButton, Qt::NoModifier,
                     constats->visualItemRect(genre).center());
   EXPECT_TRUE(genre->isExpanded());

@@ -41,7 +41,7 @@ class EssaiPannes : public Banc {
   void Preparer(int anciennes, int nouvelles) {
     for (const auto &[n, nom, fichiers] :
          {std::tuple(anciennes, "ancien.wif", &avant), {nouvelles, "neuf.wif", &apres}}) {
-      Demarrer();
+      LancerProgramme();
       Configurer({{1, "COM 1"}, {5, "Pattern"}});
       for (const char *f : {"Resume.Trm", "Resume2.Trm"}) EcrireFichier(f, "");
       Ouvrir(Motif(Lignes(n), nom));
@@ -195,7 +195,7 @@ TEST_F(EssaiPannes, SettingsAreOldOrNew) {
   const std::string anciens = Mots({1, 24, 11, 0, 1, 0, 1, 0, 0, 0}),
                     neufs = Mots({4, 24, 11, 0, 1, 0, 77, 0, 0, 0});
   EcrireFichier("Configuration.Con", anciens);
-  Demarrer();
+  LancerProgramme();
   session.PortMetier = 4;
   session.DuiteCourante = 77;
   PourChaquePanne(Appels(EcrireConfiguration), [&](long n, Panne panne) {

@@ -104,7 +104,7 @@ TEST_F(Plans, WhatWasWovenBeforeStands) {
 
 TEST_F(Plans, ThePlacesThatEndTheRun) {
   const auto ouvrirEtMeler = [this](int w, int duite) {
-    Demarrer();
+    LancerProgramme();
     Configurer({{1, "COM 1"}, {5, "Pattern"}});
     OuvrirLignes(Lignes(w));
     return Echec([&] { Choisir("Pattern and Tabby", duite); });
@@ -128,7 +128,7 @@ TEST_F(Plans, StartUpPlansWithoutAPattern) {
   for (const auto &[option, duite, plan] :
        {std::array{0, 7, 0}, {1, 7, 0}, {2, 7, 40}, {3, 5, 3}, {3, 2, 0}, {3, 1, 1}, {3, 7000, 6998}}) {
     EcrireFichier("Configuration.Con", Mots({1, 24, 11, 0, option, 0, duite, 0, 0, 0}));
-    Demarrer();
+    LancerProgramme();
     EXPECT_EQ(session.NombreDuites, plan) << option << ", " << duite;
     EXPECT_EQ(session.DuiteCourante, duite);
     EXPECT_EQ(session.LignesTravail[1] + session.ToileA + session.ToileB, "");

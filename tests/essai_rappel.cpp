@@ -82,7 +82,7 @@ class ApresLaPanne : public BancConfigure {
   }
   // A session up to its last pick, in a folder that knows the pattern option.
   void Tisser(const Champs &champs, bool inverse, const std::string &duite, bool francais) {
-    Demarrer();
+    LancerProgramme();
     fenetre.Drapeau[francais ? 1 : 2].Click();
     OuvrirMotif();
     Configurer({{5, francais ? "Patron" : "Pattern"}});
@@ -169,7 +169,7 @@ TEST_F(ApresLaPanne, AfterTabbyAndTabbyPlus) {
 
 TEST_F(ApresLaPanne, NoWayWhereNoneIsRight) {
   // Tabby at a cursor above 40.
-  Demarrer();
+  LancerProgramme();
   OuvrirMotif(50);
   Commander(Commande::Demarrer);
   Entrer("45");
@@ -200,7 +200,7 @@ TEST_F(ApresLaPanne, NoWayWhereNoneIsRight) {
   EcrireFichier("Resume.Trm", "");
   Commander(Commande::Enregistrer);
   for (const auto &[n, chemin] : {std::pair{"8", false}, {"7", true}}) {
-    Demarrer();
+    LancerProgramme();
     Commander(Commande::Reprendre);
     Commander(Commande::Demarrer);
     Entrer(n);
@@ -212,7 +212,7 @@ TEST_F(ApresLaPanne, NoWayWhereNoneIsRight) {
     EXPECT_EQ(Hexa(port.ecrits.back()), Hexa(derniere));
   }
   // A file that ends in its lift plan shifts the next one, in this process only.
-  Demarrer();
+  LancerProgramme();
   Ouvrir(EcrireFichier("ouvert.wif", "[LIFTPLAN]\r\n1=1,2\r\n"));
   OuvrirMotif();
   Configurer({{5, "Pattern"}});

@@ -28,7 +28,7 @@ class Sauvegarde : public Banc {
   void SetUp() override {
     Banc::SetUp();
     EcrireFichier("Configuration.Con", Mots({2, 24, 11, 0, 1, 0, 1, 0, 0, 0}));
-    Demarrer();
+    LancerProgramme();
     lignes = Lignes(30);
     chemin = Motif(lignes);
   }
@@ -46,7 +46,7 @@ class Sauvegarde : public Banc {
   void Reprendre(const std::string &entete, const std::string &restes) {
     EcrireFichier("Resume.Trm", entete);
     EcrireFichier("Resume2.Trm", restes);
-    Demarrer();
+    LancerProgramme();
     Commander(Commande::Reprendre);
   }
   V lignes;
@@ -63,7 +63,7 @@ TEST_F(Sauvegarde, ConfigurationByteForByte) {
   Commander(Commande::Quitter);
   EXPECT_TRUE(pf.termine);
   EXPECT_EQ(Hexa(LireFichier("Configuration.Con")), Hexa(Mots({4, 24, 11, -1, 2, -1, 17, -1, -1, -1})));
-  Demarrer();
+  LancerProgramme();
   EXPECT_TRUE(session.LangueFrancaise && session.BullesActives && session.DirectionDeroulement);
 
   const std::string plein =
@@ -111,7 +111,7 @@ TEST_F(Sauvegarde, ConfigurationOfAnyLengthAndContent) {
     std::string octets = Hasard(hasard, 40);
     if (tour % 2 && octets.size() > 13) octets.replace(8, 2, Mots({1 + tour / 2 % 3}));
     EcrireFichier("Configuration.Con", octets);
-    ASSERT_EQ(Echec([&] { Demarrer(); }), 0) << Hexa(octets);
+    ASSERT_EQ(Echec([&] { LancerProgramme(); }), 0) << Hexa(octets);
     EXPECT_EQ(session.NombreLames, 24);
     Ouvrir(chemin);
     EXPECT_EQ(session.DuiteCourante, 30);
@@ -199,7 +199,7 @@ TEST_F(Sauvegarde, ACopyThatIsFoundCountsWhenItIsWhole) {
     const auto age = std::chrono::hours(contenu.size() % 2 ? 100 : -100);  // whatever its date says
     std::filesystem::last_write_time(nom, std::filesystem::file_time_type::clock::now() + age);
     EXPECT_EQ(chmod(nom.c_str(), 0400), 0);
-    Demarrer();
+    LancerProgramme();
     EXPECT_TRUE(RetablirProjet());
     EXPECT_FALSE(std::filesystem::exists(nom));
     return Messages();
@@ -223,7 +223,7 @@ TEST_F(Sauvegarde, ACopyThatIsFoundCountsWhenItIsWhole) {
     EcrireFichier("Reprise.Avant", copie);
     std::filesystem::remove(Data("Resume2.Trm"));
     if (!possible) std::filesystem::create_directory(Data("Resume2.Trm"));
-    Demarrer();
+    LancerProgramme();
     session.CheminWif = "open";
     Commander(Commande::Reprendre);
     EXPECT_EQ(session.CheminWif, possible ? chemin : "open");
@@ -240,7 +240,7 @@ TEST_F(Sauvegarde, QuitWaitsUntilItsFailureIsRead) {
   std::filesystem::remove(Data("Configuration.Con"));
   std::filesystem::create_symlink(ailleurs, Data("Configuration.Con"));
   for (bool deuxFois : {false, true}) {
-    Demarrer();
+    LancerProgramme();
     pf.termine = false;
     Messages();
     bool lue = false;

@@ -52,7 +52,7 @@ class SessionEntiere : public BancConfigure {
 }  // namespace
 
 TEST_F(SessionEntiere, FromTheFirstStartToTheNext) {
-  Demarrer();
+  LancerProgramme();
   EXPECT_EQ(Visibles(), kSansPatron);
   Pas(Commande::Configurer, kConfiguration);
   EXPECT_TRUE(fenetre.Voyants[Commande::Configurer] && !fenetre.Drapeau[1].Visible);
@@ -104,7 +104,7 @@ TEST_F(SessionEntiere, FromTheFirstStartToTheNext) {
   EXPECT_TRUE(pf.termine);
   EXPECT_EQ(LireFichier("Configuration.Con"), Mots({2, 24, 11, 0, 1, 0, 5, 0, 0, 0}));
 
-  Demarrer();
+  LancerProgramme();
   EXPECT_EQ(Visibles(), kSansPatron);
   EXPECT_EQ(fenetre.ComConfiguration[1].Text + fenetre.ComConfiguration[5].Text, "COM 2Pattern");
   EXPECT_EQ(session.DuiteCourante, 5);

@@ -20,10 +20,10 @@
 #include <QUrl>
 
 #include "app-motifs/fenetre/Boiseries.h"
-#include "app-motifs/fenetre/Fiche.h"
 #include "app-motifs/fenetre/ListeMotifs.h"
 #include "app-motifs/fenetre/Rangee.h"
 #include "app-motifs/fenetre/Textes.h"
+#include "app-motifs/fenetre/VueConstats.h"
 #include "app-motifs/fenetre/VueMotif.h"
 #include "base/PageGuide.h"
 #include "motifs/Fichier.h"
@@ -181,14 +181,14 @@ QWidget *FenetreMotifs::ComposerConstats() {
   colonne->setContentsMargins(0, 0, 0, 0);
   auto *etiquette = new QLabel(Selon("&Constats", "&Findings"));
   etiquette->setObjectName(QStringLiteral("etiquette"));
-  fiche_ = new Fiche(langue_);
-  fiche_->setObjectName(QStringLiteral("constats"));
-  fiche_->setAccessibleName(
+  constats_ = new VueConstats(langue_);
+  constats_->setObjectName(QStringLiteral("constats"));
+  constats_->setAccessibleName(
       Selon("Constats ; la flèche droite ouvre les lieux", "Findings; the right arrow opens the places"));
-  etiquette->setBuddy(fiche_);
+  etiquette->setBuddy(constats_);
   colonne->addWidget(etiquette);
-  colonne->addWidget(fiche_, 1);
-  connect(fiche_, &Fiche::Choisi, vue_, &VueMotif::MontrerLieu);
+  colonne->addWidget(constats_, 1);
+  connect(constats_, &VueConstats::Choisi, vue_, &VueMotif::MontrerLieu);
 
   auto *question = new QLabel(Selon("Flottés de plus &de", "Floats &longer than"));
   flotte_ = new QSpinBox;

@@ -13,7 +13,7 @@
 #include "motifs/Planche.h"
 
 class Elidee;
-class Fiche;
+class VueConstats;
 class QListWidget;
 class QPushButton;
 class QSpinBox;
@@ -108,7 +108,7 @@ class FenetreMotifs : public QMainWindow {
   double cote_ = 4;  // millimetres a thread on paper, as asked last
   QString dossier_;  // that files were last opened from or written to
   QListWidget *liste_ = nullptr;
-  Fiche *fiche_ = nullptr;
+  VueConstats *constats_ = nullptr;
   QSplitter *volets_ = nullptr;
   Elidee *titre_ = nullptr, *tailles_ = nullptr, *dit_ = nullptr, *place_ = nullptr;
   QSpinBox *flotte_ = nullptr;

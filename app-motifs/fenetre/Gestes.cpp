@@ -11,9 +11,9 @@
 #include "app-motifs/fenetre/DialogueCouleurs.h"
 #include "app-motifs/fenetre/DialogueSections.h"
 #include "app-motifs/fenetre/FenetreMotifs.h"
-#include "app-motifs/fenetre/Fiche.h"
 #include "app-motifs/fenetre/ListeMotifs.h"
 #include "app-motifs/fenetre/Textes.h"
+#include "app-motifs/fenetre/VueConstats.h"
 #include "app-motifs/fenetre/VueMotif.h"
 #include "motifs/Assemblage.h"
 #include "motifs/DossierBrandis.h"
@@ -92,12 +92,12 @@ void FenetreMotifs::MontrerDessin(bool garder) {
 void FenetreMotifs::MontrerConstats() {
   const MotifOuvert motif = Courant();
   if (!motif) {
-    const QSignalBlocker silence(fiche_);
-    return fiche_->clear();
+    const QSignalBlocker silence(constats_);
+    return constats_->clear();
   }
   if (const auto constats =
           Travailler([motif, flotte = flotte_->value()] { return Verifier(*motif, flotte); }))
-    fiche_->Montrer(*constats);
+    constats_->Montrer(*constats);
 }
 
 void FenetreMotifs::Fermer() {

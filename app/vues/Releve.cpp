@@ -130,7 +130,7 @@ class Releveur : public Visiteur {
   }
 
   static void Imprimer(Element &element, const Surface &s) {
-    for (const Ecrit &e : s.Ecrits())
+    for (const TexteImprime &e : s.Textes())
       element.imprimes.push_back(Citer(e.texte) + " at " + Couple(e.x, ",", e.y) + " twips, " +
                                  Caracteres(e.police) + ", " + Teinte(e.couleur));
   }

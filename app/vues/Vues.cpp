@@ -80,7 +80,7 @@ void Vues::Voir(const std::string &nom, Fenetre &f, const std::function<void()> 
 }
 
 void Vues::Parcourir(bool francais) {
-  Demarrer(francais);
+  LancerProgramme(francais);
   VoirDebut();
   VoirPanneaux();
   VoirTissage();
@@ -90,7 +90,7 @@ void Vues::Parcourir(bool francais) {
   machine_->Rafraichir();
 }
 
-void Vues::Demarrer(bool francais) {
+void Vues::LancerProgramme(bool francais) {
   for (Fenetre *f : ToutesFenetres()) Decharger(*f);
   machine_->Rafraichir();
   fs::remove(fs::path(dossier_.path().toStdString()) / "Data" / "Configuration.Con");

@@ -28,7 +28,7 @@ class Vues {
 
  private:
   class Machine;
-  void Demarrer(bool francais);
+  void LancerProgramme(bool francais);
   void Prendre(const std::string &nom, Fenetre &f);
   // Does it as an event of the window, then takes the view.
   void Voir(const std::string &nom, Fenetre &f, const std::function<void()> &lever);

@@ -97,7 +97,7 @@ void PeintDessin::Dessin(const Surface &surface) {
         surface.Largeur() * 4, QImage::Format_RGB32, [](void *p) { delete static_cast<Partage *>(p); },
         pixels);
   }
-  ecrits_ = surface.Ecrits();
+  textes_ = surface.Textes();
   sansCle_ = QImage();
   update();
 }
@@ -120,7 +120,7 @@ void PeintDessin::Peindre(QPainter &p, const QRect &) {
   const bool couvert = image_.width() >= width() && image_.height() >= height();
   if (!couvert) p.fillRect(rect(), Teinte(couleur_));
   if (!image_.isNull()) Poser(p, ImagePour(devicePixelRatioF()));
-  for (const Ecrit &e : ecrits_) {
+  for (const TexteImprime &e : textes_) {
     p.setFont(Fonte(e.police));
     p.setPen(Teinte(e.couleur));
     const QRectF place(e.x / double{kTwipsParPixel}, e.y / double{kTwipsParPixel}, width(), height());

@@ -78,7 +78,7 @@ class PeintDessin : public Peint {
  private:
   const QImage &ImagePour(double echelle);
   QImage image_, sansCle_;
-  std::vector<Ecrit> ecrits_;
+  std::vector<TexteImprime> textes_;
   Couleur couleur_ = 0;
 };
 

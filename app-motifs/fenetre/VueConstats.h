@@ -5,11 +5,11 @@
 
 #include "motifs/Constats.h"
 
-class Fiche : public QTreeWidget {
+class VueConstats : public QTreeWidget {
   Q_OBJECT
 
  public:
-  explicit Fiche(Langue langue);
+  explicit VueConstats(Langue langue);
   // The findings of a pattern; where there are none, that is said.
   void Montrer(const std::vector<Constat> &constats);
 

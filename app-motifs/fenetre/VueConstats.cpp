@@ -1,4 +1,4 @@
-#include "app-motifs/fenetre/Fiche.h"
+#include "app-motifs/fenetre/VueConstats.h"
 
 #include <QHeaderView>
 #include <QPainter>
@@ -16,11 +16,11 @@ constexpr int kMarge = 30, kLigne = 22, kAir = 6, kRetrait = 14;  // pixels
 // The text beside the red line, as many rules high as it takes.
 class Peintre : public QStyledItemDelegate {
  public:
-  explicit Peintre(QTreeWidget *fiche) : QStyledItemDelegate(fiche), fiche_(fiche) {}
+  explicit Peintre(QTreeWidget *arbre) : QStyledItemDelegate(arbre), arbre_(arbre) {}
 
   void paint(QPainter *p, const QStyleOptionViewItem &vue, const QModelIndex &ou) const override {
     p->save();
-    const QRect la(0, vue.rect.top(), fiche_->viewport()->width(), vue.rect.height());
+    const QRect la(0, vue.rect.top(), arbre_->viewport()->width(), vue.rect.height());
     if (vue.state & QStyle::State_Selected) p->fillRect(la, QColor(Palette::BoisBlond));
     p->setPen(QColor(Palette::PapierLigne));
     p->drawLine(la.bottomLeft(), la.bottomRight());
@@ -29,8 +29,8 @@ class Peintre : public QStyledItemDelegate {
     if (const QVariant signe = ou.data(kSigne); signe.isValid())
       PeindreSigne(*p, QRectF(7, la.top() + (kLigne - 17) / 2.0 + 1, 17, 17),
                    static_cast<Signe>(signe.toInt()));
-    if (fiche_->model()->hasChildren(ou)) {
-      const double x = la.right() - 11, y = la.top() + kLigne / 2.0, bas = fiche_->isExpanded(ou) ? 1 : 0;
+    if (arbre_->model()->hasChildren(ou)) {
+      const double x = la.right() - 11, y = la.top() + kLigne / 2.0, bas = arbre_->isExpanded(ou) ? 1 : 0;
       p->setRenderHint(QPainter::Antialiasing);
       p->setPen(Qt::NoPen);
       p->setBrush(QColor(Palette::BoisBrun));
@@ -57,13 +57,13 @@ class Peintre : public QStyledItemDelegate {
  private:
   QRect Place(const QStyleOptionViewItem &, const QModelIndex &ou) const {
     const int gauche = kMarge + 8 + (ou.parent().isValid() ? kRetrait : 0);
-    return {gauche, 0, std::max(40, fiche_->viewport()->width() - gauche - 18), 10000};
+    return {gauche, 0, std::max(40, arbre_->viewport()->width() - gauche - 18), 10000};
   }
-  QTreeWidget *const fiche_;
+  QTreeWidget *const arbre_;
 };
 }  // namespace
 
-Fiche::Fiche(Langue langue) : langue_(langue) {
+VueConstats::VueConstats(Langue langue) : langue_(langue) {
   setHeaderHidden(true);
   setColumnCount(1);
   setIndentation(0);
@@ -80,12 +80,12 @@ Fiche::Fiche(Langue langue) : langue_(langue) {
   });
 }
 
-void Fiche::Dire(QTreeWidgetItem *ligne) {
+void VueConstats::Dire(QTreeWidgetItem *ligne) {
   if (!ligne || !ligne->data(0, kLieu).isValid()) return;
   emit Choisi(lieux_[static_cast<std::size_t>(ligne->data(0, kLieu).toInt())]);
 }
 
-void Fiche::Montrer(const std::vector<Constat> &constats) {
+void VueConstats::Montrer(const std::vector<Constat> &constats) {
   const QSignalBlocker silence(this);
   clear();
   lieux_.clear();
@@ -114,7 +114,7 @@ void Fiche::Montrer(const std::vector<Constat> &constats) {
 }
 
 // The rules of the empty rest of the slip.
-void Fiche::paintEvent(QPaintEvent *evenement) {
+void VueConstats::paintEvent(QPaintEvent *evenement) {
   QTreeWidget::paintEvent(evenement);
   QPainter p(viewport());
   int y = 0;
@@ -130,7 +130,7 @@ void Fiche::paintEvent(QPaintEvent *evenement) {
   for (y += kLigne - 1; y < viewport()->height(); y += kLigne) p.drawLine(0, y, viewport()->width(), y);
 }
 
-void Fiche::resizeEvent(QResizeEvent *evenement) {
+void VueConstats::resizeEvent(QResizeEvent *evenement) {
   QTreeWidget::resizeEvent(evenement);
   scheduleDelayedItemsLayout();  // the lines break elsewhere
 }
