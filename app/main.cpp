@@ -8,7 +8,7 @@
 #include "platform/qt/machine/InstanceUnique.h"
 #include "platform/qt/machine/Rapport.h"
 #include "platform/qt/machine/ToucheAide.h"
-#include "platform/qt/natifs/StyleChamps.h"
+#include "platform/qt/natifs/StyleNatif.h"
 #include "session/ModuleTissage.h"
 
 namespace {

@@ -9,7 +9,7 @@
 #include <cstdlib>
 
 #include "app/Montage.h"
-#include "platform/qt/natifs/StyleChamps.h"
+#include "platform/qt/natifs/StyleNatif.h"
 #include "session/Journal.h"
 
 namespace {

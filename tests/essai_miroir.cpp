@@ -20,7 +20,7 @@
 #include "platform/qt/machine/PlateformeQt.h"
 #include "platform/qt/machine/ToucheAide.h"
 #include "platform/qt/natifs/Peints.h"
-#include "platform/qt/natifs/StyleChamps.h"
+#include "platform/qt/natifs/StyleNatif.h"
 #include "platform/qt/natifs/TexteNatif.h"
 #include "session/FenetreTissagePrincipale.h"
 

@@ -19,7 +19,7 @@
 #include "app/Montage.h"
 #include "kit/FenetreLigne.h"
 #include "kit/FenetreMessageCourt.h"
-#include "platform/qt/natifs/StyleChamps.h"
+#include "platform/qt/natifs/StyleNatif.h"
 #include "session/Commandes.h"
 #include "session/FenetreTissagePrincipale.h"
 

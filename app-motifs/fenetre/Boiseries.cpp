@@ -7,6 +7,7 @@
 #include <QPainterPath>
 
 #include "app-motifs/fenetre/Palette.h"
+#include "platform/qt/champs/StyleChamps.h"
 
 namespace {
 constexpr int kBordCadre = 7, kLargeAvecNavette = 620;
@@ -29,9 +30,9 @@ QLabel#etiquette { font-weight: bold; color: @BoisSombre; padding-left: 2px; }
 QLabel#titre { font-weight: bold; font-size: 18px; color: @BoisSombre; }
 QLabel#tailles, QLabel#depot { color: @BoisSombre; }
 QListWidget, QTreeWidget, QPlainTextEdit {
-  background: @Papier; color: @Encre; border: 1px solid @BoisMoyen; border-radius: 3px;
-  selection-background-color: @BoisBlond; selection-color: @EncreNoire; }
-QListWidget:focus, QTreeWidget:focus, QPlainTextEdit:focus { border: 2px solid @OrangeSombre; }
+  background: @Papier; color: @Encre; border: 1px solid @BoisBrun; border-radius: 0;
+  selection-background-color: @Vert; selection-color: @EtainReflet; }
+QListWidget:focus, QTreeWidget:focus, QPlainTextEdit:focus { border: 2px solid @Orange; }
 QPushButton { color: @EncreNoire; font-weight: bold; border: 1px solid @EtainBord; border-radius: 4px;
   padding: 5px 11px; min-height: 17px;
   background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 @EtainLueur, stop:0.5 @EtainPente, stop:1 @EtainClair); }
@@ -47,8 +48,7 @@ QPushButton#brandis:hover { background: @Vert; }
 QPushButton#brandis:focus { border-color: @Orange; }
 QPushButton#brandis:disabled { color: @EtainBord; border-color: @EtainCreux; background: @EtainLueur; }
 )");
-  const std::pair<const char *, Couleur> noms[] = {{"BoisBlond", Palette::BoisBlond},
-                                                   {"BoisMoyen", Palette::BoisMoyen},
+  const std::pair<const char *, Couleur> noms[] = {{"BoisMoyen", Palette::BoisMoyen},
                                                    {"BoisBrun", Palette::BoisBrun},
                                                    {"BoisSombre", Palette::BoisSombre},
                                                    {"EtainReflet", Palette::EtainReflet},
@@ -96,23 +96,12 @@ void PeindreNavette(QPainter &p, QRectF place) {
 }  // namespace
 
 void Habiller(QApplication &application) {
-  QApplication::setStyle(QStringLiteral("Fusion"));
+  InstallerChamps();
   if (QFontDatabase::families().contains(QStringLiteral("Liberation Sans"))) {
     QFont lettre(QStringLiteral("Liberation Sans"));
     lettre.setPixelSize(13);
     QApplication::setFont(lettre);
   }
-  QPalette couleurs(Teinte(Palette::EtainClair), Teinte(Palette::Lin));
-  couleurs.setColor(QPalette::Base, Teinte(Palette::Papier));
-  couleurs.setColor(QPalette::AlternateBase, Teinte(Palette::LinTrame));
-  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText, QPalette::ToolTipText})
-    couleurs.setColor(role, Teinte(Palette::Encre));
-  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-    couleurs.setColor(QPalette::Disabled, role, Teinte(Palette::EtainBord));
-  couleurs.setColor(QPalette::ToolTipBase, Teinte(Palette::Papier));
-  couleurs.setColor(QPalette::Highlight, Teinte(Palette::BoisBlond));
-  couleurs.setColor(QPalette::HighlightedText, Teinte(Palette::EncreNoire));
-  QApplication::setPalette(couleurs);
   application.setStyleSheet(Feuille());
 }
 

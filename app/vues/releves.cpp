@@ -7,7 +7,7 @@
 
 #include "app/vues/Registre.h"
 #include "app/vues/SansEncre.h"
-#include "platform/qt/natifs/StyleChamps.h"
+#include "platform/qt/natifs/StyleNatif.h"
 
 int main(int nombre, char **mots) {
   if (nombre < 3)

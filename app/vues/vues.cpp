@@ -7,7 +7,7 @@
 #include <QPainter>
 #include <cstdio>
 
-#include "platform/qt/natifs/StyleChamps.h"
+#include "platform/qt/natifs/StyleNatif.h"
 
 namespace {
 QImage Decoupee(QWidget &cadre) {

@@ -212,7 +212,7 @@ class ListeNative : public QComboBox {
     const int largeur = QFontMetrics(fonte).horizontalAdvance(texte);
     if (largeur > place.width()) fonte.setStretch(std::max(60, 100 * place.width() / largeur));
     p.setFont(fonte);
-    p.setPen(palette().color(QPalette::ButtonText));
+    p.setPen(palette().color(QPalette::Text));
     p.drawText(place, Qt::AlignVCenter | Qt::AlignLeft, texte);
   }
 };
@@ -349,18 +349,11 @@ class NatifCase : public Natif {
   Montre<bool> valeur_;
 };
 
-// The same light field under every desktop theme.
 template <class W>
 W *Vetu(QWidget *parent) {
   W *champ = new W(parent);
   champ->setFont(Fonte(Police{}));
   champ->setFocusPolicy(Qt::StrongFocus);  // not by the wheel
-  QPalette palette = champ->palette();
-  palette.setColor(QPalette::Base, Qt::white);
-  palette.setColor(QPalette::Text, Qt::black);
-  palette.setColor(QPalette::ButtonText, Qt::black);
-  palette.setColor(QPalette::PlaceholderText, Qt::black);
-  champ->setPalette(palette);
   return champ;
 }
 }  // namespace
@@ -372,12 +365,6 @@ std::unique_ptr<Natif> CreerNatifSaisie(Controle &donnee, QWidget *parent, Guich
   if (donnee.genre() == Genre::Case)
     return std::make_unique<NatifCase>(Vetu<CaseNative>(parent), static_cast<CaseCochee &>(donnee), guichet);
   auto &zone = static_cast<ZoneTexte &>(donnee);
-  if (zone.Multiligne) {
-    auto *longue = Vetu<SaisieLongue>(parent);
-    QPalette palette = longue->palette();
-    palette.setColor(QPalette::Base, Teinte(Palette::Papier));
-    longue->setPalette(palette);
-    return std::make_unique<NatifBloc>(longue, zone, guichet);
-  }
+  if (zone.Multiligne) return std::make_unique<NatifBloc>(Vetu<SaisieLongue>(parent), zone, guichet);
   return std::make_unique<NatifLigne>(Vetu<QLineEdit>(parent), zone, guichet);
 }

@@ -1,4 +1,4 @@
-// The look of native fields, the same under every desktop.
+// The look of everything native: fields, letters, and what screen readers are told.
 #pragma once
 
 // To be called once, when the application object stands.
