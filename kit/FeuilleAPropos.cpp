@@ -81,8 +81,7 @@ void PeindreFond(FeuilleAPropos &f) {
   reglages.DegradeRougeDebut = reglages.DegradeVertDebut = reglages.DegradeBleuDebut = 255;
   reglages.DegradeRougeFin = reglages.DegradeVertFin = reglages.DegradeBleuFin = 128;
   reglages.DegradeVertical = true;
-  reglages.SurfaceDegrade = &f.Dessin;
-  PeindreDegrade();
+  PeindreDegrade(f.Dessin);
   ArrondirCoins(f.Dessin, 11, Gris(0), kBlanc);
 }
 

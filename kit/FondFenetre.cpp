@@ -179,9 +179,7 @@ void ArrondirCoins(Surface &cible, int rayon, Couleur bord, Couleur dedans) {
     }
 }
 
-void PeindreDegrade() {
-  if (!reglages.SurfaceDegrade) return;
-  Surface &cible = *reglages.SurfaceDegrade;
+void PeindreDegrade(Surface &cible) {
   const EnPixels echelle(cible);
   constexpr int kMarge = 2;  // leaves the frame that stands
   const bool vertical = reglages.DegradeVertical;

@@ -19,8 +19,7 @@ struct ReglagesPeinture {
   Entier DegradeRougeDebut, DegradeRougeFin, DegradeVertDebut, DegradeVertFin, DegradeBleuDebut,
       DegradeBleuFin;
   Booleen DegradeVertical;
-  Surface *SurfaceDegrade = nullptr;  // target of PeindreDegrade
-  Surface FaceGardee;                 // face of the hovered button as it was
+  Surface FaceGardee;  // face of the hovered button as it was
 };
 extern ReglagesPeinture reglages;
 
@@ -84,7 +83,7 @@ void PeindreCadreRemarque(Surface &cible, Entier gauche, Entier haut, Entier lar
 // colour that no window has, for the outline.
 void ArrondirCoins(Surface &cible, int rayon, Couleur bord, Couleur dedans);
 // The gradient of `reglages`, from row 200 down, or over all columns.
-void PeindreDegrade();
+void PeindreDegrade(Surface &cible);
 
 // Raised button faces. The whole surface is painted anew.
 void PeindreFaceClaire(Surface &cible);

@@ -60,8 +60,6 @@ void DimensionnerFenetre() {
 
 void PlacerTrame() {
   FenetreTissagePrincipale &f = fenetre;
-  CentrerSurControle(f.PicPourTissage, f.Picture2);
-  f.PicPourTissage.Left -= 500;
   EncadrerBande(f.PicPourControle);
   EncadrerBande(f.PicPourControle2);
   CentrerSurControle(f.PicPourTissage, f.Picture2);
