@@ -210,6 +210,28 @@ TEST_F(EssaiMiroir, WhatIsSeenLateComesInAtItsPlaceInTheStack) {
   EXPECT_EQ(Natif(g.Peau)->children(), pile);
 }
 
+// Offscreen, the screen is 800 pixels high.
+TEST_F(EssaiMiroir, OnALowScreenTheEdgeThatThePointerTouchesBringsInTheRest) {
+  Natif(f)->hide();
+  const double haut = -50 * kTwipsParPixel;
+  f.Visible = false;
+  miroir().Refleter();
+  Placer(f, 0, haut, 9000, 900 * kTwipsParPixel);
+  f.Visible = true;
+  miroir().Refleter();
+  EXPECT_EQ(Natif(f)->y(), 0) << "the shuttle lies at the top";
+  const auto toucher = [&](int y) {
+    QMouseEvent bouge(QEvent::MouseMove, QPointF(20, 20), QPointF(20, y), Qt::NoButton, Qt::NoButton, {});
+    QCoreApplication::sendEvent(Natif(f), &bouge);
+    return Natif(f)->y();
+  };
+  EXPECT_EQ(toucher(400), 0);
+  EXPECT_EQ(toucher(799), -100);
+  EXPECT_EQ(toucher(400), -100);
+  EXPECT_EQ(toucher(0), 0);
+  EXPECT_EQ(f.Top, haut) << "it has not been moved";
+}
+
 TEST_F(EssaiMiroir, TypingKeepsTheCursorAndPassesTheFilter) {
   f.Zone.Text = "1234";
   std::string vu;

@@ -12,8 +12,9 @@ Inhibiteur::Inhibiteur() {
 }
 
 void Inhibiteur::Empecher(bool voulu, const std::string &raison) {
-  if (voulu == voulu_) return;
+  if (voulu == voulu_ && (!voulu || raison == raison_)) return;
   voulu_ = voulu;
+  raison_ = raison;
   Lacher();
   if (voulu) Demander(raison);
 }

@@ -14,7 +14,8 @@ class Inhibiteur {
 
   // Asks the login manager to hold back sleep and idling, or lets go. Returns at once, whatever the bus does:
   // the connection itself is made from the event loop. A bus that is not there, refuses or never answers is
-  // silence. `raison` is told to whoever asks what holds the machine awake.
+  // silence. `raison` is told to whoever asks what holds the machine awake;
+  // another one while it is held is asked for anew.
   void Empecher(bool voulu, const std::string &raison);
 
  private:
@@ -28,6 +29,7 @@ class Inhibiteur {
   void Lacher();
 
   bool voulu_ = false;
+  std::string raison_;
   int verrou_ = -1;                          // the inhibition lasts for as long as this descriptor is open
   std::unique_ptr<sd_bus, Raccrocher> bus_;  // until the login manager has answered
   QSocketNotifier lisible_{QSocketNotifier::Read}, inscriptible_{QSocketNotifier::Write};

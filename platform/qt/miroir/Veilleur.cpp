@@ -59,6 +59,8 @@ bool Veilleur::Souris(Natif &natif, QMouseEvent &e) {
       Relacher(natif, e);
       break;
     case QEvent::MouseMove:
+      if (principale_ && !presse_ && fenetre_.Defiler(e.globalPosition().toPoint().y()))
+        guichet_.Passer([] {});
       if (const auto bouge = natif.Donnee().MouseMove) {
         // By the screen: the window may have moved since the event was made.
         const QPointF place = natif.Widget()->mapFromGlobal(e.globalPosition());

@@ -34,6 +34,8 @@ class Guichet {
   std::function<bool()> MessageRepond;
   const Natif *Presse = nullptr;  // the control of the last press, in whatever window; only compared
   const TouchesTenues Touches;
+  int Defilement =
+      0;  // pixels down that all windows stand from their places, on a screen too low for the main one
 
  private:
   std::function<void(const std::string &)> rapporter_;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QRegion>
+#include <QScreen>
 #include <QTimer>
 #include <algorithm>
 #include <cstdlib>
@@ -72,7 +73,9 @@ void NatifCadre::RefleterGenre() {
 
 void NatifCadre::RefleterPlace() {
   const Fenetre &f = LaFenetre();
-  place_.Suivre(guichet_, PlaceEcran(f), [&](const QRect &r) {
+  // The shuttle first, by which it can be moved.
+  if (principale_ && !cadre_->isVisible()) Defiler(cadre_->screen()->availableGeometry().top());
+  place_.Suivre(guichet_, PlaceNative(), [&](const QRect &r) {
     cadre_->setFixedSize(r.size());
     cadre_->move(r.topLeft());
   });
@@ -88,6 +91,18 @@ void NatifCadre::RefleterPlace() {
     else
       cadre_->hide();
   });
+}
+
+QRect NatifCadre::PlaceNative() const { return PlaceEcran(LaFenetre()).translated(0, guichet_.Defilement); }
+
+bool NatifCadre::Defiler(int y) {
+  const QRect ecran = cadre_->screen()->availableGeometry(), place = PlaceNative();
+  if (place.height() <= ecran.height()) return false;
+  int ecart = 0;
+  if (y <= ecran.top()) ecart = std::max(0, ecran.top() - place.top());
+  if (y >= ecran.bottom()) ecart = std::min(0, ecran.bottom() - place.bottom());
+  guichet_.Defilement += ecart;
+  return ecart != 0;
 }
 
 void NatifCadre::Paraitre() {
@@ -126,12 +141,12 @@ void NatifCadre::Deplacee() {
   constexpr int kTolerance = 2;
   Fenetre &f = LaFenetre();
   if (!guichet_.Ouverte() || !cadre_->isVisible() || f.WindowState != 0) return;
-  const QRect voulu = PlaceEcran(f);
+  const QRect voulu = PlaceNative();
   const QPoint ecart = cadre_->pos() - voulu.topLeft();
   if (std::abs(ecart.x()) <= kTolerance && std::abs(ecart.y()) <= kTolerance) return;
   f.Left = Twips(cadre_->x()) - f.DecalageX;
-  f.Top = Twips(cadre_->y()) - f.DecalageY;
-  place_.Savoir(PlaceEcran(f));
+  f.Top = Twips(cadre_->y() - guichet_.Defilement) - f.DecalageY;
+  place_.Savoir(PlaceNative());
 }
 
 void NatifCadre::EtatChange() {

@@ -21,6 +21,9 @@ class NatifCadre : public Natif {
   // The window manager moved the window, or changed its state.
   void Deplacee();
   void EtatChange();
+  // The pointer is at this height of the screen. Where the window is higher than the screen, the edge that
+  // the pointer touches brings in what lies beyond it: true, and all windows have other places.
+  bool Defiler(int y);
 
  protected:
   void RefleterGenre() override;
@@ -29,6 +32,7 @@ class NatifCadre : public Natif {
  private:
   void Paraitre();
   void AnnoncerResize();
+  QRect PlaceNative() const;
 
   PeintDessin *cadre_;
   const bool principale_;
