@@ -50,6 +50,7 @@ TEST(Base, ValReadsTheNumberAtTheHead) {
       {"2E", 2},  {"2E-1x", 0.2},      {".5", 0.5}, {"-.5", -0.5}, {"&H10", 0},
       {"-", 0},   {"1,2", 1},          {"1e1", 10}, {"007", 7},    {"1E-999", 0}};
   for (const auto &[texte, valeur] : cas) EXPECT_DOUBLE_EQ(Val(texte), valeur) << texte;
+  EXPECT_TRUE(Val("1E999") == HUGE_VAL && Val("-1E999") == -HUGE_VAL);
 }
 
 TEST(Base, NumbersAreWrittenAndRoundedTheOldWay) {

@@ -118,6 +118,10 @@ TEST_F(Fenetres, UnVoyantQuiChangeSeVoit) {
       EXPECT_EQ(b.Dessin.Point(l - 8, h - 10), etat ? Rgb(10, 239, 123) : Rgb(250, 3, 3));
     }
   }
+  BoitePicture &autre = fenetre.BoutonProgramme[Commande::TisserToile];
+  ChangerVoyant(Commande::TisserToile, true);
+  EXPECT_EQ(autre.Dessin.Point(autre.Dessin.Largeur() - 8, autre.Dessin.Hauteur() - 10), Rgb(10, 239, 123))
+      << "another button has not grown";
   b.Height = 500;
   const auto version = b.Dessin.Version();
   ChangerVoyant(Commande::TisserPatron, true);
@@ -243,6 +247,11 @@ TEST_F(Fenetres, MessageModal) {
     EXPECT_EQ(f.ImageMessage.Picture, "ImageMessageFrancais");
     AfficherMessageCourt("Error", "dessous");
     EXPECT_TRUE(f.Visible && fenetreMessageCourt.Visible);
+    const double gauche = f.Picture2.Left, haut = f.Picture2.Top;
+    for (int i = 0; i < 2; ++i) f.Picture2.MouseDown(kBoutonGauche, 0, 0);
+    EXPECT_EQ(std::pair(f.Picture2.Left, f.Picture2.Top), std::pair(gauche + 15, haut + 15));
+    for (int i = 0; i < 2; ++i) f.Picture2.MouseUp(kBoutonGauche, 0, 0);
+    EXPECT_EQ(std::pair(f.Picture2.Left, f.Picture2.Top), std::pair(gauche, haut));
   };
   AfficherMessage("texte");
   EXPECT_EQ(pf.messages, (V{"texte", "Error|dessous"}));

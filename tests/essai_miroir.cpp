@@ -425,7 +425,7 @@ TEST_F(EssaiMiroir, AModalWindowHoldsItsProcedureButNotTheTimers) {
   });
   machine->MontrerModal(message);
   EXPECT_FALSE(message.Chargee) << "the window manager closes a message";
-  EXPECT_TRUE(f.Chargee && f.Visible) << "but not the main window";
+  EXPECT_TRUE(f.Chargee && Natif(f)->isVisible()) << "but not the main window";
 }
 }  // namespace
 
