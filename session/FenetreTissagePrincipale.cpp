@@ -1,5 +1,8 @@
 #include "session/FenetreTissagePrincipale.h"
 
+#include <map>
+#include <utility>
+
 #include "controls/Palette.h"
 #include "session/Commandes.h"
 
@@ -95,6 +98,14 @@ void Vetir(FenetreTissagePrincipale &f) {
                                          &f.Label1, &f.FondEntreDuite, &f.FenetreConfiguration})
     c->Visible = false;
 }
+
+// Put together once: the window is visited before a shed leaves.
+const std::string &NomIndice(const char *nom, int i) {
+  static std::map<std::pair<const char *, int>, std::string> noms;
+  std::string &complet = noms[{nom, i}];
+  if (complet.empty()) complet = std::string(nom) + "(" + std::to_string(i) + ")";
+  return complet;
+}
 }  // namespace
 
 FenetreTissagePrincipale::FenetreTissagePrincipale() {
@@ -110,9 +121,8 @@ FenetreTissagePrincipale::FenetreTissagePrincipale() {
 FenetreTissagePrincipale fenetre;
 
 void FenetreTissagePrincipale::Visiter(Visiteur &v) {
-  auto voirTable = [&v](const std::string &nom, auto &table, Controle &parent, int premier) {
-    for (int i = premier; i <= table.Dernier(); ++i)
-      v.Voir(nom + "(" + std::to_string(i) + ")", table[i], parent);
+  auto voirTable = [&v](const char *nom, auto &table, Controle &parent, int premier) {
+    for (int i = premier; i <= table.Dernier(); ++i) v.Voir(NomIndice(nom, i), table[i], parent);
   };
   v.Voir("Picture2", Picture2, *this);
   v.Voir("BarreDeplacement", BarreDeplacement, Picture2);
@@ -150,7 +160,8 @@ void FenetreTissagePrincipale::Visiter(Visiteur &v) {
     Controle &parent = jeu == JeuBoutons::Configuration ? FenetreConfiguration
                        : jeu == JeuBoutons::Diagnostic  ? PicNor
                                                         : Picture2;
-    v.Voir("BoutonProgramme(" + std::to_string(i) + ")", BoutonProgramme[i], parent);
+    const std::string &nom = NomIndice("BoutonProgramme", i);
+    v.Voir(nom, BoutonProgramme[i], parent);
   };
   for (int i = 0; i < Commande::Nombre; ++i) {
     if (i == Commande::Enregistrer) continue;

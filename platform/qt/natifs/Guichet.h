@@ -47,13 +47,14 @@ class Guichet {
 template <class T>
 class Montre {
  public:
-  // Writes the wanted value where it is not the shown one.
-  template <class Ecriture>
-  void Suivre(Guichet &guichet, const T &voulu, Ecriture &&ecriture) {
+  // Writes the wanted value where it is not the shown one. A tuple of references is compared where its parts
+  // lie: a shed waits for the mirror, and nearly all of it stands as it stood.
+  template <class U = T, class Ecriture>
+  void Suivre(Guichet &guichet, const U &voulu, Ecriture &&ecriture) {
     if (valeur_ && *valeur_ == voulu) return;
     guichet.Compter();
     ecriture(voulu);
-    valeur_ = voulu;
+    valeur_.emplace(voulu);
   }
   // The widget shows this by itself, since the weaver entered it.
   void Savoir(T valeur) { valeur_ = std::move(valeur); }

@@ -63,7 +63,7 @@ void Natif::Cacher() {
 }
 
 void Natif::RefleterPointeur() {
-  pointeur_.Suivre(guichet_, {donnee_->MousePointer, donnee_->MouseIcon}, [&](const auto &voulu) {
+  pointeur_.Suivre(guichet_, std::tie(donnee_->MousePointer, donnee_->MouseIcon), [&](const auto &voulu) {
     const auto &[forme, image] = voulu;
     if (forme == kPointeurDeplacer)
       widget_->setCursor(Qt::SizeAllCursor);

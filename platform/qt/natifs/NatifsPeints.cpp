@@ -1,6 +1,8 @@
 // Boxes, pictures, labels, outlines and the draft.
 #include <QLabel>
 #include <algorithm>
+#include <optional>
+#include <tuple>
 
 #include "platform/qt/natifs/Natif.h"
 #include "platform/qt/natifs/Peints.h"
@@ -101,7 +103,7 @@ class NatifForme : public Natif {
  protected:
   void RefleterGenre() override {
     const auto &forme = Donnee<Forme>();
-    bord_.Suivre(guichet_, {forme.BorderColor, forme.BorderWidth},
+    bord_.Suivre(guichet_, std::tie(forme.BorderColor, forme.BorderWidth),
                  [&](const auto &) { peint_->Bord(forme.BorderColor, forme.BorderWidth); });
   }
 
@@ -122,6 +124,10 @@ class NatifEtiquette : public Natif {
  protected:
   void RefleterGenre() override {
     const auto &e = Donnee<Etiquette>();
+    const auto etat = std::tie(e.Font, e.Caption, e.ForeColor, e.Alignment, e.Abreger, e.Cerne, e.Plaque,
+                               e.Agrandi, e.Serre, e.Width, e.Height);
+    if (vue_ && *vue_ == etat) return;  // before any letter is measured
+    vue_.emplace(etat);
     const QSize taille = Pixels(e).size();
     const bool ajuste = e.Agrandi || e.Serre;
     fonte_.Suivre(guichet_, {e.Font, ajuste ? e.Caption : "", ajuste ? taille.width() : 0},
@@ -194,6 +200,9 @@ class NatifEtiquette : public Natif {
 
   PeintEtiquette *label_;
   int lignes_ = 1;
+  std::optional<
+      std::tuple<Police, std::string, Couleur, Alignement, bool, bool, bool, bool, bool, double, double>>
+      vue_;
   Montre<std::tuple<Police, std::string, int>> fonte_;
   Montre<Couleur> couleur_;
   Montre<bool> cerne_, plaque_;
