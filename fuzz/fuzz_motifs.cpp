@@ -1,9 +1,6 @@
 // Any bytes: refused in words, or a pattern that its own weavable form leaves as it is.
-#include <cstdlib>
-
+#include "fuzz/Relecture.h"
 #include "motifs/Constats.h"
-#include "motifs/FormeTissable.h"
-#include "motifs/LectureMotif.h"
 #include "motifs/Planche.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *octets, std::size_t nombre) {
@@ -14,9 +11,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *octets, std::size_t no
     std::vector<Couleur> cases(static_cast<std::size_t>(planche.Largeur()));
     for (int y = 0; y < planche.Hauteur(); y += 7) planche.Ligne(y, cases.data());
     const std::string forme = FormeTissable(motif);
-    const Motif encore = ComprendreMotif(forme, "motif");
-    if (encore.foules != motif.foules || encore.enfilage != motif.enfilage || FormeTissable(encore) != forme)
-      std::abort();
+    const Motif encore = Relire(forme, motif.foules);
+    Exiger(encore.enfilage == motif.enfilage && FormeTissable(encore) == forme);
   } catch (const Refus &) {
   }
   return 0;
