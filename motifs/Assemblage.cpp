@@ -84,7 +84,7 @@ std::string EnfilageTissable(const Motif &motif, int groupe, Langue langue) {
   if (foules.size() > static_cast<std::size_t>(kDuitesMetier))
     throw Refus(motif.chemin, 0,
                 {std::to_string(motif.Fils()) + " fils : plus de 2500 pas ; --groupe les réunit.",
-                 std::to_string(motif.Fils()) + " ends: more than 2500 steps; --groupe joins them."});
+                 std::to_string(motif.Fils()) + " ends: more than 2500 steps; --group joins them."});
   const Phrase titre{"Enfilage : " + Nom(motif), "Threading: " + Nom(motif)};
   return FormeTissable(motif, titre.En(langue), foules, trame);
 }

@@ -72,7 +72,9 @@ class Examen {
     if (a.nombre == 0) return;
     const auto liste = [](Lames l, const char *rien) { return l ? ListeCourte(l) : std::string(rien); };
     const Phrase non = faute ? EmpechementARamener(m_, lames) : Phrase();
-    Phrase voie{" « ramener » y remédie.", " \"fit\" mends it."};
+    const bool petit = lames == kLamesPetitMetier;
+    Phrase voie{petit ? " « ramener --lames 16 » y remédie." : " « ramener » y remédie.",
+                petit ? " \"fit --harnesses 16\" mends it." : " \"fit\" mends it."};
     if (!faute)
       voie = {};
     else if (!non.en.empty())

@@ -15,7 +15,7 @@ std::string DossierData(const std::string &dossierExecutable) {
     throw Refus(
         "brandis/Data", 0,
         {"HOME et XDG_DATA_HOME manquent : le dossier des motifs est inconnu (--vers le donne).",
-         "HOME and XDG_DATA_HOME are missing: the folder of the patterns is unknown (--vers gives it)."});
+         "HOME and XDG_DATA_HOME are missing: the folder of the patterns is unknown (--to gives it)."});
   const fs::path data = fs::path(dossier) / kData;
   std::error_code erreur;
   fs::create_directories(data, erreur);

@@ -149,7 +149,7 @@ Phrase RaisonSysteme(int errnoValeur) {
 DejaLa::DejaLa(const std::string &chemin)
     : Refus(chemin, 0,
             {"ce fichier existe déjà (--remplacer pour le remplacer).",
-             "this file is there already (--remplacer replaces it)."}) {}
+             "this file is there already (--replace writes over it)."}) {}
 
 std::string LireFichier(const std::string &chemin) {
   Controle controle(chemin);

@@ -259,9 +259,8 @@ class Lecteur {
   // Threads that no line names are no threads: a plan of six picks does not weave 1194 empty ones.
   void Completer() {
     if (!m_.enfilage.empty())
-      ComparerCompte(filsDeclares_, ligneFils_, m_.enfilage.size(),
-                     {"fils de chaîne annoncés", "warp ends declared"});
-    ComparerCompte(duitesDeclarees_, ligneDuites_, m_.foules.size(), {"duites annoncées", "picks declared"});
+      ComparerCompte(filsDeclares_, ligneFils_, m_.enfilage.size(), {"fils de chaîne", "warp ends"}, "s");
+    ComparerCompte(duitesDeclarees_, ligneDuites_, m_.foules.size(), {"duites", "picks"}, "es");
     if (!m_.pedalage.empty()) m_.pedalage.resize(m_.foules.size());
     int haute = 0;
     for (const auto *table : {&m_.enfilage, &m_.foules, &m_.attaches})
@@ -275,15 +274,18 @@ class Lecteur {
       for (Lames &l : *table) l = ~l & LamesJusqua(m_.lames);
   }
 
-  void ComparerCompte(int declares, int ligne, std::size_t donnes, const Phrase &quoi) {
+  void ComparerCompte(int declares, int ligne, std::size_t donnes, const Phrase &quoi,
+                      const std::string &accord) {
     if (ligne == 0 || declares == static_cast<int>(donnes)) return;
     const std::string d = std::to_string(declares) + " ", g = std::to_string(donnes);
     const bool moins = donnes < static_cast<std::size_t>(declares);
-    m_.constats.push_back({Constat::ComptesDifferents,
-                           false,
-                           {d + quoi.fr + ", " + g + " donnés" + (moins ? " ; le reste est laissé." : "."),
-                            d + quoi.en + ", " + g + " given" + (moins ? "; the rest is left out." : ".")},
-                           Lieu::Ligne(ligne)});
+    m_.constats.push_back(
+        {Constat::ComptesDifferents,
+         false,
+         {d + quoi.fr + " annoncé" + accord + ", " + g + " donné" + accord +
+              (moins ? " ; le reste est laissé." : "."),
+          d + quoi.en + " declared, " + g + " given" + (moins ? "; the rest is left out." : ".")},
+         Lieu::Ligne(ligne)});
   }
 
   void DirePlusQueDeclare(const Lieu &ou, int &compte, int haute, const Phrase &quoi) {

@@ -118,7 +118,7 @@ TEST(Dessin, SheetsAndWhatIsTooLarge) {
   const Motif geant = Long(32767, 32767);
   for (const char *nom : {"x.png", "x.svg", "x.pdf"}) {
     const std::string dit = Dit([&] { Dessiner(geant, nom, {}, Langue::Anglais); });
-    EXPECT_NE(dit.find("--duites and --fils draw a part"), std::string::npos) << nom << dit;
+    EXPECT_NE(dit.find("--picks and --ends draw a part"), std::string::npos) << nom << dit;
   }
   ReglagesDessin part;
   part.planche.duites = part.planche.fils = {32000, 32767};

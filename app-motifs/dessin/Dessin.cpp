@@ -20,5 +20,5 @@ void ExigerPixels(const Motif &motif, long long largeur, long long hauteur) {
   throw Refus(
       motif.chemin, 0,
       {n + " millions de cases : une image en a 40 au plus ; --duites et --fils en dessinent une partie.",
-       n + " million cells: a picture has at most 40; --duites and --fils draw a part."});
+       n + " million cells: a picture has at most 40; --picks and --ends draw a part."});
 }

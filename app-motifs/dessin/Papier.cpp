@@ -84,7 +84,7 @@ class Cahier {
       throw Refus(
           p_.Dessine().chemin, 0,
           {n + " feuilles : 1000 au plus ; --cote les réduit, --duites et --fils en dessinent une partie.",
-           n + " sheets: 1000 at most; --cote makes them fewer, --duites and --fils draw a part."});
+           n + " sheets: 1000 at most; --size makes them fewer, --picks and --ends draw a part."});
     }
   }
 
