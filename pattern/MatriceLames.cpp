@@ -70,7 +70,9 @@ void LireLigneLames(const std::string &texte, Entier duite) {
 
 std::string BitsDeLigne(const std::string &ligne, int lames) {
   std::string bits(kLames + 1, '0');
-  if (!ParcourirLames(DerriereEgal(ligne), [&bits](int lame) { bits[kLames - lame] = '1'; })) return "";
+  if (!ParcourirLames(DerriereEgal(ligne),
+                      [&bits](int lame) { bits[static_cast<std::size_t>(kLames - lame)] = '1'; }))
+    return "";
   return bits.substr(static_cast<std::size_t>(kLames - lames), static_cast<std::size_t>(lames));
 }
 

