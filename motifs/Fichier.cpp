@@ -12,6 +12,8 @@
 #include <system_error>
 #include <utility>
 
+#include "motifs/Arret.h"
+
 namespace {
 class Descripteur {
  public:
@@ -111,6 +113,7 @@ std::string Lire(const std::string &chemin, F &&voir) {
     if (n < 0 && errno == EINTR) continue;
     if (n < 0) Refuser(chemin, kIllisible, errno);
     if (n == 0) return octets;
+    Souffler();
     const std::string_view lus(tampon, static_cast<std::size_t>(n));
     voir(lus);
     octets += lus;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <map>
 
+#include "motifs/Arret.h"
+
 namespace {
 constexpr std::size_t kLongueursMax = 12;  // that have a finding of their own
 constexpr long long kCasesMax =
@@ -114,6 +116,7 @@ class Recherche {
 
   // Ends that lie on the same harnesses float alike; neighbours are told together.
   void Chaine(int a, int b) {
+    Souffler();
     const Lames lames = m_.enfilage[static_cast<std::size_t>(a - 1)];
     const auto dessus = [&](int d) { return (Foule(d) & lames) != 0; };
     int bord = 1;  // the first pick that differs from the last: what begins before it comes over the seam
@@ -139,6 +142,7 @@ class Recherche {
   void Trame(int a, int b) {
     const Lames foule = Foule(a);
     if (foule == 0) return;
+    Souffler();
     const auto dessous = [&](std::size_t fil) { return (m_.enfilage[fil] & foule) != 0; };
     for (std::size_t debut = 0, f = 1; debut < m_.enfilage.size(); ++f) {
       if (f < m_.enfilage.size() && dessous(f) == dessous(debut)) continue;

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <map>
 
+#include "motifs/Arret.h"
+
 namespace {
 template <class T>
 std::vector<T> Dessines(const std::vector<T> &fils, Etendue e, int reprises) {
@@ -99,6 +101,7 @@ void Planche::Border(int y, Case *cases) const {
 }
 
 void Planche::Ligne(int y, Case *cases, bool traits) const {
+  Souffler();
   std::fill(cases, cases + Largeur(), kHors | kPapier);
   const auto dans = [y](const Zone &z) { return !z.Vide() && y >= z.y && y < z.y + z.hauteur; };
   const auto lameDe = [&](const Zone &z) { return Lame(r_.enHaut ? z.y + z.hauteur - y : y - z.y + 1); };

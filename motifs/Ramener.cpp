@@ -7,6 +7,7 @@
 #include <set>
 #include <stdexcept>
 
+#include "motifs/Arret.h"
 #include "motifs/Levees.h"
 
 namespace {
@@ -69,6 +70,7 @@ class Plan {
 
  private:
   Rangee Levee(Lames lames) const {
+    Souffler();
     Rangee rangee(m_.foules.size());
     std::transform(m_.foules.begin(), m_.foules.end(), rangee.begin(),
                    [lames](Lames f) { return (f & lames) != 0; });
@@ -151,6 +153,7 @@ class Plan {
   // The reckoning above is not believed: the new cloth, as the loom raises it, beside the drawn one.
   void ExigerMemeTissu() const {
     for (std::size_t d = 0; d < m_.foules.size(); ++d) {
+      Souffler();
       const Lames levees = LeveesParLeMetier(r_.foules[d], metier_);
       for (std::size_t f = 0; f < m_.enfilage.size(); ++f)
         if (((m_.enfilage[f] & m_.foules[d]) != 0) != ((r_.enfilage[f] & levees) != 0))

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "motifs/Arret.h"
 #include "motifs/Phrase.h"
 
 namespace {
@@ -43,6 +44,7 @@ std::string_view DepuisEntete(std::string_view texte, int &ligne) {
 
 bool Lignes::Suivante(std::string_view &ligne) {
   if (reste_.empty()) return false;
+  Souffler();
   const auto fin = reste_.find_first_of("\r\n");
   ligne = reste_.substr(0, fin);
   ++numero_;

@@ -22,6 +22,7 @@
 #include <functional>
 #include <future>
 
+#include "app-motifs/dessin/Dessin.h"
 #include "app-motifs/fenetre/Boiseries.h"
 #include "app-motifs/fenetre/FenetreMotifs.h"
 #include "app-motifs/fenetre/Rangee.h"
@@ -29,7 +30,9 @@
 #include "app-motifs/fenetre/VueMotif.h"
 #include "base/PageGuide.h"
 #include "motifs/Fichier.h"
+#include "motifs/Flottes.h"
 #include "motifs/LectureMotif.h"
+#include "motifs/Ramener.h"
 
 namespace {
 const QString kFichiers = QStringLiteral(BRANDIS_FICHIERS "/");
@@ -346,16 +349,53 @@ TEST_F(EssaiFenetre, LongWorkIsCalledOff) {
   EXPECT_EQ(taches.Faire(nullptr, "", "Cancel", [] { return 7; }), 7);
   EXPECT_THROW(taches.Faire(nullptr, "", "Cancel", []() -> int { throw std::runtime_error("x"); }),
                std::runtime_error);
-  std::promise<void> fin;
-  const auto attente = fin.get_future().share();
+  // Called off it really stops: this would run for ever.
+  std::promise<void> arrete;
   AuDialogue([](QDialog &d) { QTest::mouseClick(d.findChild<QPushButton *>(), Qt::LeftButton); });
-  EXPECT_FALSE(taches.Faire(nullptr, "", "Cancel", [attente] { return attente.wait(), 1; }));
-  fin.set_value();
+  EXPECT_FALSE(taches.Faire(nullptr, "", "Cancel", [&arrete] {
+    try {
+      for (volatile bool encore = true; encore;) Souffler();
+    } catch (const Arrete &) {
+      arrete.set_value();
+      throw;
+    }
+    return 1;
+  }));
+  arrete.get_future().wait();
   // Unless it ends by itself.
   std::promise<void> seul;
   const auto autre = seul.get_future().share();
   AuDialogue([&](QDialog &) { seul.set_value(); });
   EXPECT_EQ(taches.Faire(nullptr, "", "Cancel", [autre] { return autre.wait(), 2; }), 2);
+  // What writes has no Cancel, and Escape does not end its wait either.
+  std::promise<void> ecrit;
+  const auto ecriture = ecrit.get_future().share();
+  AuDialogue([&](QDialog &d) {
+    EXPECT_EQ(d.findChildren<QPushButton *>().size(), 0);
+    d.reject();
+    AuDialogue([&](QDialog &) { ecrit.set_value(); });
+  });
+  EXPECT_EQ(taches.Achever(nullptr, "", [ecriture] { return ecriture.wait(), 3; }), 3);
+}
+
+// Every long reckoning looks whether it is still wanted.
+TEST_F(EssaiFenetre, ReckoningsStopWhenCalledOff) {
+  const Motif motif = LireMotif(BRANDIS_FICHIERS "/tables-derriere.wif");
+  const Motif haut = ComprendreMotif("[WIF]\n[THREADING]\n1=1\n2=20\n[LIFTPLAN]\n1=1\n2=20\n", "haut");
+  const std::vector<std::function<void()>> travaux{
+      [] { LireMotif(BRANDIS_FICHIERS "/serge-1.0.wif"); },
+      [&] { ComprendreMotif(*motif.octets, motif.chemin); },
+      [&] { Verifier(motif); },
+      [&] { Flottes(motif, 1); },
+      [&] { Ramener(haut, kLamesMetier); },
+      [&] { DessinPret(std::make_shared<const Motif>(motif), {}); },
+      [&] { Dessiner(motif, "a.svg", {}, Langue::Anglais); }};
+  std::jthread([&] {
+    std::stop_source source;
+    source.request_stop();
+    PouvoirArreter(source.get_token());
+    for (const auto &travail : travaux) EXPECT_THROW(travail(), Arrete) << &travail - travaux.data();
+  }).join();
 }
 
 // What the loom will raise otherwise is said before it is written, and the way out is a key.

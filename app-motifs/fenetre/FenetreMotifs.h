@@ -82,16 +82,17 @@ class FenetreMotifs : public QMainWindow {
   void ChoisirVue();
   void Tourner();
 
-  // Runs a step that writes; a file that is there is written over only when the weaver agrees. Shows what is
-  // refused. Whether it was written.
+  // Runs a step that writes, on another thread and to its end; a file that is there is written over only when
+  // the weaver agrees. Shows what is refused. Whether it was written.
   template <class F>
   bool Ecrire(F &&faire);
   // Runs a step and shows what it is refused for.
   template <class F>
   void Refusant(F &&faire);
   bool EcrireOctets(const QString &cible, const std::string &octets, const QString &ensuite = {});
-  // The same for a form to weave: what it raises otherwise is said first.
-  bool EcrireForme(const QString &cible, const std::string &forme, const QString &ensuite = {});
+  // The same for the form that `composer` gives: what it raises otherwise is said first.
+  template <class F>
+  bool EcrireForme(const QString &cible, F composer, const QString &ensuite = {});
   // Whether the weaver goes on in spite of faults; asks only where there are any.
   bool Malgre(const std::vector<Constat> &fautes);
   void Refuser(const QString &texte);

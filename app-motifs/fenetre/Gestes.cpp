@@ -95,9 +95,13 @@ void FenetreMotifs::MontrerConstats() {
     const QSignalBlocker silence(constats_);
     return constats_->clear();
   }
-  if (const auto constats =
-          Travailler([motif, flotte = flotte_->value()] { return Verifier(*motif, flotte); }))
-    constats_->Montrer(*constats);
+  // Findings of another pattern must not stand beside this one.
+  const auto constats = Travailler([motif, flotte = flotte_->value()] { return Verifier(*motif, flotte); });
+  constats_->Montrer(constats ? *constats
+                              : std::vector<Constat>{{Constat::NonJuge,
+                                                      false,
+                                                      {"annulé : ce motif n'est pas jugé.",
+                                                       "called off: this pattern is not judged."}}});
 }
 
 void FenetreMotifs::Fermer() {
@@ -139,7 +143,7 @@ bool FenetreMotifs::Ecrire(F &&faire) {
   Refusant([&] {
     for (bool remplacer = false;; remplacer = true) {
       try {
-        Dire(faire(remplacer));
+        Dire(taches_.Achever(this, Selon("Écriture…", "Writing…"), [&] { return faire(remplacer); }));
         ecrit = true;
         return;
       } catch (const DejaLa &d) {
@@ -161,8 +165,14 @@ bool FenetreMotifs::EcrireOctets(const QString &cible, const std::string &octets
   });
 }
 
-bool FenetreMotifs::EcrireForme(const QString &cible, const std::string &forme, const QString &ensuite) {
-  return Malgre(Fautes(ComprendreMotif(forme, Chemin(cible)))) && EcrireOctets(cible, forme, ensuite);
+template <class F>
+bool FenetreMotifs::EcrireForme(const QString &cible, F composer, const QString &ensuite) {
+  const auto fait = Travailler([composer = std::move(composer), nom = Chemin(cible)] {
+    std::string forme = composer();
+    std::vector<Constat> fautes = Fautes(ComprendreMotif(forme, nom));
+    return std::pair(std::move(forme), std::move(fautes));
+  });
+  return fait && Malgre(fait->second) && EcrireOctets(cible, fait->first, ensuite);
 }
 
 bool FenetreMotifs::Malgre(const std::vector<Constat> &fautes) {
@@ -211,7 +221,9 @@ void FenetreMotifs::ChoisirFichiers() {
 
 void FenetreMotifs::MettreDansBrandis() {
   const MotifOuvert motif = Courant();
-  if (motif && Malgre(Fautes(*motif)))
+  if (!motif) return;
+  const auto fautes = Travailler([motif] { return Fautes(*motif); });
+  if (fautes && Malgre(*fautes))
     Ecrire([&](bool remplacer) {
       return Selon("Dans Brandis : ", "In Brandis: ") +
              Texte(Convertir(*motif, DossierData(dossierExecutable_), remplacer));
@@ -253,7 +265,10 @@ void FenetreMotifs::EcrireEnfilage() {
       Selon("Enfilage", "Threading"),
       QFileInfo(Nom(*motif)).completeBaseName() + Selon("-enfilage", "-threading"), {{"WIF", ".wif"}});
   if (cible.isEmpty()) return;
-  Refusant([&] { EcrireForme(cible, EnfilageTissable(*motif, groupe, langue_)); });
+  Refusant([&] {
+    EcrireForme(cible,
+                [motif, groupe, langue = langue_] { return EnfilageTissable(*motif, groupe, langue); });
+  });
 }
 
 void FenetreMotifs::AssemblerSections() {
@@ -267,7 +282,8 @@ void FenetreMotifs::AssemblerSections() {
     QString ensuite;
     for (const Constat &c : ComparerChaines(pieces))
       ensuite += QStringLiteral("  ") + Texte(c.texte.En(langue_));
-    EcrireForme(cible, Assembler(pieces, dialogue.Separer()), ensuite);
+    EcrireForme(
+        cible, [pieces, separer = dialogue.Separer()] { return Assembler(pieces, separer); }, ensuite);
   });
 }
 
@@ -283,8 +299,9 @@ void FenetreMotifs::RamenerLames() {
     const QString cible = DemanderCible(
         Selon("Ramener", "Bring in"),
         QFileInfo(Nom(*motif)).completeBaseName() + Selon("-ramene", "-brought-in"), {{"WIF", ".wif"}});
-    if (cible.isEmpty() ||
-        !EcrireForme(cible, FormeSurEnfilage(*motif, ramene->enfilage, ramene->foules, ramene->lames)))
+    if (cible.isEmpty() || !EcrireForme(cible, [motif, neuf = *ramene] {
+          return FormeSurEnfilage(*motif, neuf.enfilage, neuf.foules, neuf.lames);
+        }))
       return;
     QString pas;
     for (const Phrase &p : ramene->pas) pas += Texte(p.En(langue_)) + QLatin1Char('\n');
@@ -303,7 +320,9 @@ void FenetreMotifs::MontrerCouleurs() {
 
 void FenetreMotifs::FaireProjet() {
   const MotifOuvert motif = Courant();
-  if (motif && Malgre(Fautes(*motif, kLamesPetitMetier)))
+  if (!motif) return;
+  const auto fautes = Travailler([motif] { return Fautes(*motif, kLamesPetitMetier); });
+  if (fautes && Malgre(*fautes))
     Ecrire([&](bool remplacer) {
       const auto [chemin, ancien] = FaireProjet16(*motif, DossierData(dossierExecutable_), {}, remplacer);
       QString dit = Selon("Projet à 16 lames prêt : Reprendre dans Brandis.",

@@ -8,10 +8,6 @@ namespace {
 constexpr int kInstant = 200, kRegard = 20;  // ms
 }
 
-Taches::~Taches() {
-  for (std::thread &t : abandonnees_) t.join();
-}
-
 void Taches::Etat::Finir() {
   const std::lock_guard garde(verrou);
   fini = true;
@@ -33,5 +29,8 @@ bool Taches::Attendre(Etat &etat, QWidget *fenetre, const QString &texte, const 
     if (etat.Fini(0)) barre.accept();
   });
   regard.start(kRegard);
-  return barre.exec() == QDialog::Accepted || etat.Fini(0);
+  bool fini = false;
+  do fini = barre.exec() == QDialog::Accepted || etat.Fini(0);
+  while (!fini && annuler.isEmpty());
+  return fini;
 }

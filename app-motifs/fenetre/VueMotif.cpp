@@ -135,7 +135,8 @@ void VueMotif::MontrerLieu(const Lieu &lieu) {
     ajuste_ = false;
     const bool lameSeule = lieu.duite == 0 && lieu.fil == 0;
     const int fils = lameSeule ? p.FilsTraces() : std::max(lieu.dernierFil - lieu.fil, 0) + 1,
-              duites = std::max(lieu.derniereDuite - lieu.duite, 0) + 1;
+              duites = std::max(lieu.derniereDuite - lieu.duite, 0) + 1 +
+                       (p.Reglages().reprises > 1 ? lieu.suite : 0);
     // As near as the place fits, but not so near that the cloth around it is lost.
     const double juste = std::min(width() * 0.6 / ((lieu.duite > 0 && lieu.fil == 0 ? 1 : fils) + 8),
                                   height() * 0.6 / ((lieu.duite > 0 ? duites : 1) + 8));
@@ -342,17 +343,24 @@ void VueMotif::PeindreLieu(QPainter &peintre) const {
       gauche = fils_.Bord(p.XFil(std::max(l.fil, l.dernierFil)));
       droite = fils_.Bord(p.XFil(l.fil) + 1);
     }
-    if (l.duite > 0) {
-      const int a = p.YDuite(l.duite), b = p.YDuite(std::max(l.duite, l.derniereDuite));
+    const auto cadrerDuites = [&](int premiere, int derniere) {
+      const int a = p.YDuite(premiere), b = p.YDuite(derniere);
       haut = duites_.Bord(std::min(a, b));
       bas = duites_.Bord(std::max(a, b) + 1);
-    }
+      cadrer({gauche, haut, droite - gauche, bas - haut}, QColor(0xC0, 0x30, 0x00));
+    };
     if (l.fil == 0 && l.duite == 0) {
       haut = tete_.Bord(p.YLame(l.lame));
       bas = haut + tete_.pas;
       droite = fils_.Fin();
     }
-    cadrer({gauche, haut, droite - gauche, bas - haut}, QColor(0xC0, 0x30, 0x00));
+    // Over the seam of the repeat: in one piece where the next repeat is drawn, else at both edges.
+    const int fin = std::max(l.duite, l.derniereDuite);
+    if (l.duite == 0)
+      cadrer({gauche, haut, droite - gauche, bas - haut}, QColor(0xC0, 0x30, 0x00));
+    else
+      cadrerDuites(l.duite, p.Reglages().reprises > 1 ? fin + l.suite : fin);
+    if (l.suite > 0 && p.Reglages().reprises == 1) cadrerDuites(1, l.suite);
   }
   if (curseurDuite_ == 0 || !hasFocus()) return;
   const QRectF la = CaseDe(std::max(curseurFil_, 1), curseurDuite_);
