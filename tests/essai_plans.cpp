@@ -77,6 +77,15 @@ TEST_F(Plans, EmptyingReachesAsFarAsALiftPlan) {
   EXPECT_EQ(session.MatriceLames(2501, 1) + session.MatriceLames(2501, 32), 2);
 }
 
+TEST_F(Plans, PatternAndTabbyEmptiesTheMatrixAPatternBehindItsCursor) {
+  OuvrirLignes(Lignes(1300));
+  Choisir("Pattern", 1301);
+  for (int i : {2601, 2602}) session.MatriceLames(i, 1) = 1;
+  Choisir("Pattern and Tabby", 1301);
+  EXPECT_EQ(session.MatriceLames(2601, 1), 0);
+  EXPECT_EQ(session.MatriceLames(2602, 1), 1);
+}
+
 TEST_F(Plans, APlanOfOnePick) {
   OuvrirLignes({"1=2,5"});
   EXPECT_EQ(session.ToileA + session.ToileB, kA + kB);
