@@ -2,6 +2,7 @@
 
 #include "commands/CommandesProgramme.h"
 #include "commands/RepriseProjet.h"
+#include "display/TenueCompteur.h"
 #include "events/Evenements.h"
 #include "kit/Attente.h"
 #include "kit/BullesInfo.h"
@@ -98,6 +99,7 @@ void Monter(PlateformeQt &machine) {
   machine.ApresRapport = RelacherAvantFin;
   machine.FinDemandee = [] { BoutonProgramme_Click(Commande::Quitter); };
   machine.CompleterRapport = CompleterRapport;
+  machine.LeMiroir().AvantReflet(TenirCompteur);
   machine.LeMiroir().MessageRepond(FermerMessageCourt);
   machine.LeMiroir().Passer(LancerProgramme);
 }

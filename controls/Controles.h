@@ -42,6 +42,8 @@ struct Controle {
   bool ClicUnique = false;  // a double click presses it once
   // Told to assistive tools, in the language in force: what it is, and the state it is in.
   std::string NomAccessible, DescriptionAccessible;
+  // Its name is news: it can be reached by Tab, and each new name is read out by a screen reader.
+  bool Annonce = false;
 
   // Events, bound once; an empty one is an event that nobody handles.
   std::function<void()> Click;
@@ -75,7 +77,8 @@ struct BoitePicture : Controle {
 // A picture alone.
 struct Image : Controle {
   Genre genre() const override { return Genre::Image; }
-  std::string Picture;  // name of a picture of the program, empty for none
+  std::string Picture;       // name of a picture of the program, empty for none
+  bool Facultative = false;  // one that is missing is none, and no failure
 };
 
 // A text that is only read; one as high as two lines breaks at its width.

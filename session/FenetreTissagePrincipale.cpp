@@ -136,6 +136,8 @@ void FenetreTissagePrincipale::Visiter(Visiteur &v) {
   voirTable("Drapeau", Drapeau, Picture2, 1);
   v.Voir("ShDrapeau", ShDrapeau, Picture2);
   v.Voir("TxtVitessePortSerie", TxtVitessePortSerie, Picture2);
+  v.Voir("Compteur", Compteur, Picture2);
+  Compteur.Visiter(v);
   v.Voir("LblCheminWif", LblCheminWif, Picture2);
   v.Voir("LblDate", LblDate, Picture2);
   v.Voir("LblNombreLigne", LblNombreLigne, Picture2);

@@ -9,6 +9,7 @@
 #include "controls/Controles.h"
 #include "platform/Plateforme.h"
 #include "session/ChampsConfiguration.h"
+#include "session/Compteur.h"
 
 // Pictures of a draft cell.
 enum class ImageCase { Blanc, Noir, Rouge };
@@ -46,6 +47,8 @@ struct FenetreTissagePrincipale : Fenetre {
   Forme ShDrapeau;
   Etiquette Label1, Label2, Remarque, LblCheminWif, LblDate, LblNombreLigne;
   ZoneTexte txtTerm, Text1, TxtVitessePortSerie;
+
+  PanneauCompteur Compteur;
 
   // The draft.
   PanneauGrille PicPourTissage;

@@ -9,6 +9,7 @@ void PortBanc::PortOpen(bool ouvrir) {
 void PortBanc::Output(const std::string &octets) {
   if (!ouvert) throw ErreurExecution(Erreur::PortFerme);
   if (ecritureEnPanne) throw ErreurExecution(Erreur::Peripherique);
+  if (enEcrivant) enEcrivant();
   ecrits.push_back(octets);
 }
 

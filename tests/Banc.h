@@ -40,7 +40,8 @@ inline const std::string kInutilisable = "Error|Erreur numéro: 8002; Descriptio
 class PortBanc : public PortSerie {
  public:
   V ecrits;
-  std::deque<std::string> recus;  // one element per read
+  std::deque<std::string> recus;     // one element per read
+  std::function<void()> enEcrivant;  // runs before a write is taken
   Entier numero;
   std::string reglages = "9600,N,8,1";
   bool ouvert = false, utilisable = true, ecritureEnPanne = false, etatEnPanne = false, rts = true,

@@ -49,8 +49,10 @@ double Centile(std::vector<double> v, double part) {
 }
 
 // The contrast of a text of this colour: for the pixels of its strokes, that with the outer part of what lies
-// within three pixels. Where nothing of it is seen: negative if something covers its place, else 0.
-double Mesurer(const QImage &image, const QRect &place, QRgb couleur, const std::function<bool(QPoint)> &vu) {
+// within `portee` pixels, more than half a stroke. Where nothing of it is seen: negative if something covers
+// its place, else 0.
+double Mesurer(const QImage &image, const QRect &place, QRgb couleur, const std::function<bool(QPoint)> &vu,
+               int portee = 3) {
   const QRect zone = place.intersected(image.rect());
   int proche = 255;
   std::vector<std::pair<QPoint, int>> points;
@@ -66,8 +68,8 @@ double Mesurer(const QImage &image, const QRect &place, QRgb couleur, const std:
   for (const auto &[p, ecart] : points) {
     if (ecart > proche + 30) continue;
     std::vector<double> autour;
-    for (int dy = -3; dy <= 3; ++dy)
-      for (int dx = -3; dx <= 3; ++dx)
+    for (int dy = -portee; dy <= portee; ++dy)
+      for (int dx = -portee; dx <= portee; ++dx)
         if (image.valid(p.x() + dx, p.y() + dy))
           autour.push_back(Contraste(couleur, image.pixel(p.x() + dx, p.y() + dy)));
     lettres.push_back(Centile(autour, 0.85));
@@ -147,11 +149,14 @@ class EssaiContraste : public testing::Test {
       // This one takes the click and shows nothing.
       const QWidget *voile = e.vues->Natif(feuilleAPropos.Image2),
                     *dessous = e.vues->Natif(feuilleAPropos.Picture1);
-      const double c = Mesurer(image, place, 0xff000000u | couleur, [&](QPoint p) {
-        QWidget *dessus = cadre->childAt(p);
-        return dessus == &w || (dessus && w.isAncestorOf(dessus)) || (!dessus && &w == cadre) ||
-               (voile && dessus == voile && &w == dessous);
-      });
+      const double c = Mesurer(
+          image, place, 0xff000000u | couleur,
+          [&](QPoint p) {
+            QWidget *dessus = cadre->childAt(p);
+            return dessus == &w || (dessus && w.isAncestorOf(dessus)) || (!dessus && &w == cadre) ||
+                   (voile && dessus == voile && &w == dessous);
+          },
+          std::max(3, w.font().pixelSize() / 6));
       if (c < 0) return;  // covered by a panel
       ++e.mesures;
       double &bas = e.plusBas.try_emplace(nom_ + " " + nom + " \"" + texte + "\"", c).first->second;

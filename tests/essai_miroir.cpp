@@ -402,6 +402,20 @@ TEST_F(EssaiMiroir, AssistiveToolsAreToldWhatIsThereAndPressIt) {
   EXPECT_EQ(bouton->text(QAccessible::Description), u"Lamp off"_qs);
 }
 
+TEST_F(EssaiMiroir, WhatIsNewsIsReachedByTabAndWrittenBeforeTheMirror) {
+  f.Dessin.Annonce = f.Dessin.Facultative = true;
+  f.Dessin.Picture = "none of this name";
+  miroir().AvantReflet([&] { f.Dessin.NomAccessible = "Pick 2 of 48"; });
+  ASSERT_NO_THROW(miroir().Refleter()) << "a missing picture of an extra is no failure";
+  QAccessibleInterface *dessin = QAccessible::queryAccessibleInterface(Natif(f.Dessin));
+  EXPECT_EQ(dessin->role(), QAccessible::StaticText);
+  EXPECT_EQ(dessin->text(QAccessible::Name), u"Pick 2 of 48"_qs);
+  EXPECT_TRUE(dessin->state().focusable);
+  f.Dessin.Annonce = false;
+  miroir().Refleter();
+  EXPECT_FALSE(dessin->state().focusable);
+}
+
 TEST_F(EssaiMiroir, AModalWindowHoldsItsProcedureButNotTheTimers) {
   FenetreEssai message, partie;
   int tics = 0;

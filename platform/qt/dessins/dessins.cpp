@@ -66,9 +66,9 @@ QString CheminImage(const QString &nom) {
   static const QRegularExpression bouton("^IMG[0-9]{3}$");
   if (bouton.match(nom).hasMatch()) return "Dessins Boutons/" + nom + ".BMP";
   // Those that every start reads: plain pixels are there in half the time.
-  static const QSet<QString> aLire = {"Attente",     "BITMAP101", "BoutonAide",  "Drapeau1",     "Drapeau2",
-                                      "Fond24",      "Habillage", "ImageMetier", "Indicateur24", "LogoNor",
-                                      "PicTVCentre", "Picture3",  "UnInstant"};
+  static const QSet<QString> aLire = {
+      "Attente",   "BITMAP101",   "BoutonAide",   "Drapeau1", "Drapeau2",    "FondCompteur", "Fond24",
+      "Habillage", "ImageMetier", "Indicateur24", "LogoNor",  "PicTVCentre", "Picture3",     "UnInstant"};
   return nom + (aLire.contains(nom) ? ".bmp" : ".png");
 }
 

@@ -17,6 +17,7 @@ void Miroir::Ajouter(Fenetre &fenetre) {
 }
 
 void Miroir::Refleter() {
+  if (avantReflet_) avantReflet_();
   guichet_.Ecrire([this] {
     for (const auto &f : fenetres_) f->Refleter();
   });

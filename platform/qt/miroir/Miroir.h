@@ -33,6 +33,9 @@ class Miroir {
   // Runs after every event.
   void ApresEvenement(std::function<void()> apres) { guichet_.Apres = std::move(apres); }
 
+  // Runs before each mirroring of all windows, and only writes data.
+  void AvantReflet(std::function<void()> avant) { avantReflet_ = std::move(avant); }
+
   // Asked by a fresh press of Escape, Enter or Space before anything else hears it: true, and it is taken.
   void MessageRepond(std::function<bool()> repond) { guichet_.MessageRepond = std::move(repond); }
 
@@ -54,6 +57,7 @@ class Miroir {
   void AccorderFocus();
 
   Guichet guichet_;
+  std::function<void()> avantReflet_;
   const Controle *focusVoulu_ = nullptr;  // only compared, for it may lie elsewhere by then
   std::vector<std::unique_ptr<FenetreNative>> fenetres_;
 };

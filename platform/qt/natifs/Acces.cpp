@@ -16,6 +16,7 @@ class AccesPeint : public QAccessibleWidget {
 
   QAccessible::Role role() const override {
     if (natif_.Bouton()) return QAccessible::Button;
+    if (natif_.Donnee().Annonce) return QAccessible::StaticText;
     switch (natif_.Donnee().genre()) {
       case Genre::Etiquette:
         return QAccessible::StaticText;
@@ -34,6 +35,9 @@ class AccesPeint : public QAccessibleWidget {
       return Texte(static_cast<const Etiquette &>(c).Caption);
     return Texte(c.NomAccessible);
   }
+
+  // What is read out as one text is one.
+  int childCount() const override { return natif_.Donnee().Annonce ? 0 : QAccessibleWidget::childCount(); }
 
   QStringList actionNames() const override {
     return natif_.Bouton() ? QStringList{pressAction()} : QStringList();
@@ -94,5 +98,18 @@ QAccessibleInterface *Fabriquer(const QString &, QObject *objet) {
   return natif->Saisie() ? nullptr : new AccesPeint(widget, *natif);
 }
 }  // namespace
+
+void AnnoncerTexte(QWidget *widget, const QString &texte) {
+  if (!QAccessible::isActive()) return;
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+  QAccessibleAnnouncementEvent annonce(widget, texte);
+  QAccessible::updateAccessibility(&annonce);
+#else
+  // Of what the toolkit has, the one that readers speak at once; they take the text from the name.
+  Q_UNUSED(texte)
+  QAccessibleEvent alerte(widget, QAccessible::Alert);
+  QAccessible::updateAccessibility(&alerte);
+#endif
+}
 
 void InstallerAcces() { QAccessible::installFactory(Fabriquer); }

@@ -56,9 +56,15 @@ QImage MagasinImages::Cherchee(const std::string &nom) const {
 }
 
 const QImage &MagasinImages::Nommee(const std::string &nom) {
-  const auto connue = nommees_.find(nom);
-  if (connue != nommees_.end()) return connue->second;
-  return nommees_[nom] = Prendre(nom);
+  const QImage &image = SiTrouvee(nom);
+  if (image.isNull()) throw ErreurExecution(Erreur::ImageInvalide);
+  return image;
+}
+
+const QImage &MagasinImages::SiTrouvee(const std::string &nom) {
+  const auto [place, nouvelle] = nommees_.try_emplace(nom);
+  if (nouvelle) place->second = Cherchee(nom);
+  return place->second;
 }
 
 const Surface &MagasinImages::Picture(const std::string &nom) {

@@ -17,6 +17,8 @@ class MagasinImages {
   QImage Cherchee(const std::string &nom) const;
   // A picture of the program with its transparency, for what the mirror shows by name; fails with 481.
   const QImage &Nommee(const std::string &nom);
+  // The same, null when there is none.
+  const QImage &SiTrouvee(const std::string &nom);
   // The same as plain pixels.
   const Surface &Picture(const std::string &nom);
   // A picture file; one that is not in the first folder is looked for at the same place of the others. Fails

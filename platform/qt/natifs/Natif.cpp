@@ -5,6 +5,7 @@
 #include <QPixmap>
 #include <QVariant>
 
+#include "platform/qt/natifs/Acces.h"
 #include "platform/qt/natifs/TexteNatif.h"
 
 namespace {
@@ -77,7 +78,7 @@ void Natif::RefleterPointeur() {
 
 void Natif::RefleterFocus() {
   if (!Saisie())
-    bouton_.Suivre(guichet_, Bouton(),
+    bouton_.Suivre(guichet_, Bouton() || donnee_->Annonce,
                    [&](bool oui) { widget_->setFocusPolicy(oui ? Qt::TabFocus : Qt::NoFocus); });
 }
 
@@ -93,6 +94,7 @@ void Natif::RefleterAcces() {
       widget_->setAccessibleName(Texte(nom));
     else
       annoncer(QAccessible::NameChanged);
+    if (donnee_->Annonce && !nom.empty()) AnnoncerTexte(widget_, Texte(nom));
   });
   descriptionAccessible_.Suivre(guichet_, donnee_->DescriptionAccessible,
                                 [&](const std::string &) { annoncer(QAccessible::DescriptionChanged); });

@@ -36,7 +36,7 @@ class Natif {
   // Reports its click by itself.
   virtual bool ClicPropre() const { return false; }
   // Can be reached by Tab.
-  bool Atteignable() const { return widget_->isVisible() && (Saisie() || Bouton()); }
+  bool Atteignable() const { return widget_->isVisible() && (Saisie() || Bouton() || donnee_->Annonce); }
   bool Bouton() const;
   // What a press of the weaver does.
   void Presser();

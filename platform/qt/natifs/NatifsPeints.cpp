@@ -85,12 +85,15 @@ class NatifImage : public Natif {
 
  protected:
   void RefleterGenre() override {
-    picture_.Suivre(guichet_, Donnee<Image>().Picture, [&](const std::string &nom) {
-      peint_->Picture(nom.empty() ? QImage() : guichet_.Images.Nommee(nom));
-    });
+    picture_.Suivre(guichet_, Donnee<Image>().Picture,
+                    [&](const std::string &nom) { peint_->Picture(LaPicture(nom)); });
   }
 
  private:
+  QImage LaPicture(const std::string &nom) const {
+    if (nom.empty()) return {};
+    return Donnee<Image>().Facultative ? guichet_.Images.SiTrouvee(nom) : guichet_.Images.Nommee(nom);
+  }
   PeintImage *peint_;
   Montre<std::string> picture_;
 };
