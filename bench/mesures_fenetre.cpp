@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "commands/CommandesProgramme.h"
+#include "display/TenueCompteur.h"
 #include "events/Evenements.h"
 #include "kit/ModuleTransparence.h"
 #include "mainwindow/CompositionFenetre.h"
@@ -90,6 +91,7 @@ class Programme {
     session = {};
     fenetre = FenetreTissagePrincipale();
     machine.LeMiroir().Ajouter(fenetre);
+    machine.LeMiroir().AvantReflet(TenirCompteur);
     machine.LeMiroir().Passer([] {
       fenetre.Chargee = true;
       LierEvenements();

@@ -135,7 +135,7 @@ void NommerCommandes() {
   fenetre.TxtVitessePortSerie.NomAccessible = kIntervalle.EnVigueur();
   fenetre.Text1.NomAccessible = Selon("Réponses du métier", "Answers of the loom");
   fenetre.txtTerm.NomAccessible = "Terminal";
-  fenetre.TxtDuite.NomAccessible = "Duite #: ";
+  fenetre.TxtDuite.NomAccessible = Selon("Numéro de duite", "Pick number");
   for (int i = 1; i <= 24; ++i)
     fenetre.CheckSelenoide[i].NomAccessible = Selon("Lame ", "Harness ") + std::to_string(i);
 }

@@ -4,6 +4,9 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVariant>
 
 #include "platform/qt/natifs/Natif.h"
 #include "platform/qt/natifs/TexteNatif.h"
@@ -105,10 +108,17 @@ void AnnoncerTexte(QWidget *widget, const QString &texte) {
   QAccessibleAnnouncementEvent annonce(widget, texte);
   QAccessible::updateAccessibility(&annonce);
 #else
-  // Of what the toolkit has, the one that readers speak at once; they take the text from the name.
-  Q_UNUSED(texte)
-  QAccessibleEvent alerte(widget, QAccessible::Alert);
-  QAccessible::updateAccessibility(&alerte);
+  // The toolkit's bridge has no word for it yet and keeps alerts to itself: told on its line, under its
+  // names.
+  const QDBusConnection ligne(QStringLiteral("a11y"));
+  QAccessibleInterface *acces = QAccessible::queryAccessibleInterface(widget);
+  if (!ligne.isConnected() || !acces) return;
+  QDBusMessage annonce = QDBusMessage::createSignal(
+      u"/org/a11y/atspi/accessible/%1"_qs.arg(QAccessible::uniqueId(acces)),
+      QStringLiteral("org.a11y.atspi.Event.Object"), QStringLiteral("Announcement"));
+  constexpr int kPoli = 1;  // behind what the reader is saying
+  annonce << QString() << kPoli << 0 << QVariant::fromValue(QDBusVariant(texte)) << QVariantMap();
+  ligne.send(annonce);
 #endif
 }
 
