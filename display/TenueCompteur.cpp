@@ -53,7 +53,7 @@ void MontrerDuite(PanneauCompteur &c) {
   c.LblNumero.Caption = Etiquette11();
   c.LblNumero.Width = Numerotee() ? kLargeurNumero : kLargeurToile;
   c.LblTotal.Caption = Numerotee() ? Selon("sur ", "of ") + std::to_string(int{session.NombreDuitesWif}) : "";
-  const double place = double{session.DuiteCourante} / double{session.NombreDuites};
+  const double place = static_cast<double>(session.DuiteCourante) / static_cast<double>(session.NombreDuites);
   c.Ruban.Width = Arrondir(kLargeurRuban * (place > 1 ? 1 : place) / kTwipsParPixel) * kTwipsParPixel;
   c.Gorge.Picture = "GorgeCompteur";
   c.Ruban.Picture = "RubanCompteur";
