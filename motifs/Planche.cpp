@@ -27,11 +27,11 @@ int Periode(const std::vector<T> &valeurs) {
 }
 }  // namespace
 
-Planche::Planche(const Motif &motif, const ReglagesPlanche &reglages)
+Planche::Planche(const Motif &motif, const ReglagesPlanche &voulus)
     : m_(motif),
-      r_(reglages),
-      fils_(motif.Fils() > 0 ? Borner(reglages.fils, motif.Fils(), kMotsFil, motif.chemin) : Etendue{1, 0}),
-      duites_(Borner(reglages.duites, motif.Duites(), kMotsDuite, motif.chemin)),
+      r_(voulus),
+      fils_(motif.Fils() > 0 ? Borner(voulus.fils, motif.Fils(), kMotsFil, motif.chemin) : Etendue{1, 0}),
+      duites_(Borner(voulus.duites, motif.Duites(), kMotsDuite, motif.chemin)),
       enfilage_(Dessines(motif.enfilage, fils_, r_.reprises)),
       chaine_(Dessines(motif.chaine, fils_, r_.reprises)) {
   Placer();

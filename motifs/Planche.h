@@ -44,7 +44,7 @@ constexpr Couleur Trait(Couleur c) {
 class Planche {
  public:
   // Refuses a part that is not there.
-  explicit Planche(const Motif &motif, const ReglagesPlanche &reglages = {});
+  explicit Planche(const Motif &motif, const ReglagesPlanche &voulus = {});
 
   int Largeur() const { return pas.x + pas.largeur + 1; }  // cells
   int Hauteur() const { return hauteur_; }                 // cells

@@ -120,7 +120,9 @@ TEST_F(PannesProjet, EveryFileOldOrNew) {
           const int dit = WIFEXITED(etat) ? WEXITSTATUS(etat) : -1;
           const std::string la = std::filesystem::exists(cible) ? Lire(cible) : "";
           ASSERT_TRUE(la == avant || la == neuf) << la.size();
-          if (dit >= 0) ASSERT_EQ(la, dit == 2 ? avant : neuf);
+          if (dit >= 0) {
+            ASSERT_EQ(la, dit == 2 ? avant : neuf);
+          }
           (la == neuf ? neufs : vieux) += 1;
           if (dit == 9) break;
         }
