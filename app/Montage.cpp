@@ -56,10 +56,7 @@ void NoterLigne(EvenementLigne evenement, const std::string &appareil) {
       return Noter(port + Selon("le métier ne prend rien", "the loom takes nothing"));
     case EvenementLigne::Debloquee:
       return Noter(port + Selon("le métier prend à nouveau", "the loom takes again"));
-    case EvenementLigne::Partie:
-      return NoterRetenuePartie();
     case EvenementLigne::Fermee:
-      OublierRetenue();
       return Noter(port + Selon("ligne fermée", "line closed"));
   }
 }

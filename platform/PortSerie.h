@@ -1,6 +1,7 @@
 // The serial port control, MSComm1: its members as the loom link needs them, and nothing else.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "base/Entier.h"
@@ -29,7 +30,9 @@ class PortSerie {
   virtual std::string Appareil(Entier numero) const = 0;
   virtual std::string RaisonRefus() const = 0;  // of the last 8002: a sentence in the language in force
   virtual void Output(const std::string &octets) = 0;  // never waits; 8018
-  virtual bool Retenu() const = 0;                     // what is written now is kept back
+  // Where the last write is kept back: True, and `suite` runs when it has been handed over to the line; never
+  // where it is dropped.
+  virtual bool Retenu(std::function<void()> suite) = 0;
   virtual std::string Input() = 0;                     // all that was received; never waits
   // Length and mode of reading only tell back what was set: 0, the length that is ever set, reads all that is
   // there.

@@ -6,7 +6,6 @@
 
 #include <cstdio>
 #include <ctime>
-#include <optional>
 #include <utility>
 
 #include "base/FichiersBrandis.h"
@@ -19,13 +18,6 @@ using namespace FormatJournal;
 namespace {
 std::string rapport;   // the line of a report that waits for the shed behind it
 bool entamee = false;  // the file ends within a line
-
-// A pick that the line keeps back.
-struct Retenue {
-  Entier duite;
-  std::string suite;  // of its line, behind the number
-};
-std::optional<Retenue> retenue;
 
 std::string Chemin(const char *nom) { return plateforme().DossierProgramme() + "/" + kData + "/" + nom; }
 
@@ -134,17 +126,10 @@ void NoterDuite(Entier duite, const std::string &cle, const std::vector<int> &la
   const std::string suite = std::string(session.DirectionTissage ? kInverse.EnVigueur() : "") +
                             (retrouvable ? "" : kSansRetour.EnVigueur()) + kLigne.EnVigueur() + cle +
                             kFinLigne + Liste(lames);
-  OublierRetenue();
-  if (!plateforme().MSComm1().Retenu()) return NoterEnvoi(duite, suite);
-  retenue = {duite, suite};
+  if (!plateforme().MSComm1().Retenu([duite, suite] { NoterEnvoi(duite, suite); }))
+    return NoterEnvoi(duite, suite);
   Noter(Selon("Duite retenue pour la ligne : ", "Pick kept for the line: ") + std::to_string(duite) + suite);
 }
-
-void NoterRetenuePartie() {
-  if (const auto partie = std::exchange(retenue, std::nullopt)) NoterEnvoi(partie->duite, partie->suite);
-}
-
-void OublierRetenue() { retenue.reset(); }
 
 void NoterRapport() { rapport += Ligne(Selon("Métier : cycle terminé", "Loom: cycle complete")); }
 

@@ -28,11 +28,8 @@ void NoterSens();  // in which the next step goes
 
 // A frame handed to the line: the pick, the key of its plan line, the harnesses that the frame raises, in
 // their order, and whether a new process can put the same shed on the loom. Keeps the pick as
-// `DerniereDuiteEnvoyee` of the session, unless the line keeps the frame back.
+// `DerniereDuiteEnvoyee` of the session; where the line keeps the frame back, once it has left.
 void NoterDuite(Entier duite, const std::string &cle, const std::vector<int> &lames, bool retrouvable);
-// What the line kept back has left, or never will.
-void NoterRetenuePartie();
-void OublierRetenue();
 
 // The loom's report. Written with the next line, so that the shed leaves first, or by `EcrireRapport` where
 // none came.

@@ -42,6 +42,7 @@ class PortBanc : public PortSerie {
   V ecrits;
   std::deque<std::string> recus;     // one element per read
   std::function<void()> enEcrivant;  // runs before a write is taken
+  std::function<void()> partie;      // what waits for the last write that was kept back
   Entier numero;
   std::string reglages = "9600,N,8,1";
   bool ouvert = false, utilisable = true, ecritureEnPanne = false, etatEnPanne = false, rts = true,
@@ -60,7 +61,10 @@ class PortBanc : public PortSerie {
   std::string Appareil(Entier n) const override { return n == 2 ? "ttyUSB0, USB adapter" : ""; }
   std::string RaisonRefus() const override { return "COM: why"; }
   void Output(const std::string &octets) override;
-  bool Retenu() const override { return retenu; }
+  bool Retenu(std::function<void()> suite) override {
+    if (retenu) partie = std::move(suite);
+    return retenu;
+  }
   std::string Input() override;
   void InputLen(Entier) override {}
   Entier InputLen() const override { return 0; }

@@ -1,5 +1,7 @@
 // What the companion writes with every file call failing in turn, and the process killed before each: the old
 // or the new, whole.
+#include "tests/Banc.h"
+
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -10,7 +12,6 @@
 #include "motifs/Fichier.h"
 #include "motifs/LectureMotif.h"
 #include "saved/CopieReprise.h"
-#include "tests/Banc.h"
 #include "tests/Pannes.h"
 
 using Pannes::Panne;

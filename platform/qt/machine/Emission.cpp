@@ -42,8 +42,14 @@ int OctetsDetenus(int fd) {
 }
 
 void Emission::Ajouter(const std::string &octets, unsigned tour) {
-  file_.push_back({octets, tour, 0});
+  file_.push_back({octets, tour, 0, {}});
   dernier_ = octets;
+}
+
+bool Emission::Suivre(std::function<void()> suite) {
+  if (file_.empty()) return false;
+  file_.back().suite = std::move(suite);
+  return true;
 }
 
 void Emission::Vider() {
@@ -66,6 +72,13 @@ std::size_t Emission::Restent() const {
 }
 
 Remise Emission::Pousser(int fd) {
+  std::vector<std::function<void()>> suites;
+  const Remise remise = Remettre(fd, suites);
+  for (const auto &suite : suites) suite();
+  return remise;
+}
+
+Remise Emission::Remettre(int fd, std::vector<std::function<void()>> &suites) {
   bool avance = OctetsDetenus(fd) < detenus_;
   while (!file_.empty() && OctetsDetenus(fd) == 0 && Prenant(fd)) {
     Envoi &e = file_.front();
@@ -75,7 +88,9 @@ Remise Emission::Pousser(int fd) {
     avance = true;
     e.remis += static_cast<std::size_t>(pris);
     fin_ = std::max(fin_, Horloge::now()) + pris * duree_;
-    if (e.remis == e.octets.size()) file_.pop_front();
+    if (e.remis < e.octets.size()) continue;
+    if (e.suite) suites.push_back(std::move(e.suite));
+    file_.pop_front();
   }
   detenus_ = OctetsDetenus(fd);
   return avance ? Remise::Avance : Remise::Rien;
@@ -119,7 +134,7 @@ void Emission::LaisserPartir(int fd) {
 void Emission::Forcer(int fd) {
   tcflush(fd, TCOFLUSH);
   file_.clear();
-  file_.push_back({dernier_, 0, 0});
+  file_.push_back({dernier_, 0, 0, {}});
   (void)Pousser(fd);
   if (!Materiel(fd)) return;
   const auto limite = Horloge::now() + static_cast<long>(dernier_.size()) * duree_ + kVersPuce;

@@ -5,7 +5,9 @@
 #include <chrono>
 #include <cstddef>
 #include <deque>
+#include <functional>
 #include <string>
+#include <vector>
 
 // What came of an attempt to hand over.
 enum class Remise {
@@ -22,13 +24,15 @@ class Emission {
   void Duree(std::chrono::microseconds octet) { duree_ = octet; }
   // `tour` numbers the event in which the write was made.
   void Ajouter(const std::string &octets, unsigned tour);
+  // What is to run when the last write has been handed over; False where none waits.
+  bool Suivre(std::function<void()> suite);
   // Forgets everything that waits.
   void Vider();
   // Forgets what waits but for the writes of one event, and for a write of which a byte has gone already.
   void GarderTour(unsigned tour);
   // The same for the event that wrote last.
   void GarderDernierTour();
-  // Hands over what the line takes now, without waiting.
+  // Hands over what the line takes now, without waiting; then runs what was to follow.
   Remise Pousser(int fd);
 
   bool Vide() const { return file_.empty(); }
@@ -43,8 +47,10 @@ class Emission {
     std::string octets;
     unsigned tour;
     std::size_t remis;  // bytes handed over
+    std::function<void()> suite;
   };
   bool Partis(int fd) const;
+  Remise Remettre(int fd, std::vector<std::function<void()>> &suites);
   void GarderFin();
   void Forcer(int fd);
 

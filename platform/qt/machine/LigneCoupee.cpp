@@ -8,7 +8,7 @@ void PortSerieQt::Perdre() {
   bloquee_ = false;
   essaisVains_ = 0;
   partis_[numero_] = nom_;
-  Oublier();
+  emission_.Vider();
   reprise_.stop();
   // Not inside the toolkit's own reading or writing.
   QMetaObject::invokeMethod(

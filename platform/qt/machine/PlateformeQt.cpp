@@ -61,7 +61,6 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
 // waited leaves; all else may come in the middle of anything.
 void PlateformeQt::SuivreLigne(EvenementLigne evenement) {
   if (LigneVue) LigneVue(evenement, port_.Appareil());
-  if (evenement == EvenementLigne::Partie) return;
   if (evenement == EvenementLigne::Revenue && LigneRevenue) miroir_.Passer(LigneRevenue);
   QMetaObject::invokeMethod(
       &vivante_, [this] { AnnoncerLigne(); }, Qt::QueuedConnection);

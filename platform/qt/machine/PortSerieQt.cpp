@@ -28,11 +28,6 @@ PortSerieQt::PortSerieQt(std::string dossier, int ronde) : dossier_(std::move(do
   });
 }
 
-void PortSerieQt::Oublier() {
-  emission_.Vider();
-  enAttente_ = false;
-}
-
 EtatLigne PortSerieQt::Etat() const {
   return Coupee() ? EtatLigne::Coupee : bloquee_ ? EtatLigne::Bloquee : EtatLigne::Bonne;
 }
@@ -88,7 +83,7 @@ void PortSerieQt::Ouvrir() {
     throw ErreurExecution(Erreur::PortInutilisable);
   }
   if (present) port_.clear(QSerialPort::Input);  // what came while closed is dropped
-  Oublier();
+  emission_.Vider();
   ouvert_ = true;
   absent_ = !present;
   bloquee_ = false;
@@ -118,7 +113,7 @@ void PortSerieQt::Fermer() {
   ouvert_ = absent_ = bloquee_ = false;
   ronde_.stop();
   reprise_.stop();
-  Oublier();
+  emission_.Vider();
   recus_.clear();
   port_.close();
   Dire(EvenementLigne::Fermee);
@@ -139,7 +134,6 @@ void PortSerieQt::Output(const std::string &octets) {
   Pousser();
   if (presente && absent_) emission_.Ajouter(octets, Tour());  // the write that found the loss waits too
   if (absent_ || bloquee_) emission_.GarderTour(Tour());
-  enAttente_ = !emission_.Vide();
 }
 
 unsigned PortSerieQt::Tour() {
@@ -168,7 +162,6 @@ bool PortSerieQt::Pousser() {
   if (remise == Remise::Rien) return false;
   essaisVains_ = 0;
   Bloquer(false);
-  if (emission_.Vide() && std::exchange(enAttente_, false)) Dire(EvenementLigne::Partie);
   return true;
 }
 
@@ -202,7 +195,7 @@ Entier PortSerieQt::InBufferCount() {
 
 void PortSerieQt::OutBufferCount(Entier nombre) {
   if (nombre != 0) return;
-  Oublier();
+  emission_.Vider();
   if (Presente()) port_.clear(QSerialPort::Output);
 }
 

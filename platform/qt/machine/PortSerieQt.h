@@ -29,7 +29,6 @@ enum class EvenementLigne {
   Revenue,    // it is back; what was written meanwhile is not on its way yet
   Bloquee,    // the device is there and takes nothing
   Debloquee,  // it takes again
-  Partie,     // all that was kept back has been handed over
   Fermee,     // the port closed
 };
 
@@ -56,7 +55,7 @@ class PortSerieQt : public PortSerie {
   std::string Appareil(Entier numero) const override;
   std::string RaisonRefus() const override { return refus_; }
   void Output(const std::string &octets) override;
-  bool Retenu() const override { return ouvert_ && (absent_ || !emission_.Vide()); }
+  bool Retenu(std::function<void()> suite) override { return emission_.Suivre(std::move(suite)); }
   // 1024 bytes are kept from one reading to the next; what comes behind them is dropped.
   std::string Input() override;
   void InputLen(Entier longueur) override { longueurLecture_ = longueur; }
@@ -84,7 +83,6 @@ class PortSerieQt : public PortSerie {
   void Recevoir();
   void Prendre();
   bool OuvrirAppareil();
-  void Oublier();  // what waits to go out
   bool Pousser();  // whether a byte has moved
   // The number of the event that runs.
   unsigned Tour();
@@ -104,7 +102,6 @@ class PortSerieQt : public PortSerie {
   long modeLecture_ = 0, protocole_ = 0;
   bool rts_ = true;
   bool ouvert_ = false, absent_ = false, bloquee_ = false;
-  bool enAttente_ = false;                  // something written was not handed over at once, and may still be
   static constexpr int kEssaisVains = 100;  // looks, ten milliseconds from one to the next
   int essaisVains_ = 0;                     // since a byte moved
   std::string nom_;                         // under which the device is found
