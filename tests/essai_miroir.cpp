@@ -196,6 +196,18 @@ TEST_F(EssaiMiroir, ALabelNarrowerThanTheEdgeOfItsPlateIsShown) {
   EXPECT_EQ(Natif<QLabel>(f.Libelle)->text(), Texte(f.Libelle.Caption));
 }
 
+// As on a screen that cuts no window to its outline.
+TEST_F(EssaiMiroir, OutsideAnOutlineATransparentWindowStaysEmpty) {
+  QWidget &cadre = *Natif(f);
+    cadre.setAttribute(Qt::WA_TranslucentBackground);
+  f.BackColor = f.Peau.BackColor = Rgb(1, 2, 3);
+  f.Contour = {{5, 20, 30}, {5, 40, 50}};
+  miroir().Refleter();
+  const QImage image = cadre.grab().toImage();
+  EXPECT_GT(qAlpha(image.pixel(20, 5)), 0);
+  for (const int x : {19, 30, 39, 50}) EXPECT_EQ(qAlpha(image.pixel(x, 5)), 0) << x;
+}
+
 TEST_F(EssaiMiroir, WhatIsSeenLateComesInAtItsPlaceInTheStack) {
   FenetreEssai g;
   miroir().Ajouter(g);

@@ -29,12 +29,15 @@ using V = std::vector<std::string>;
 namespace {
 std::atomic<long> gTenus{0}, gPlus{0};  // bytes held now, and at most
 }
-void *operator new(std::size_t taille) {
+void *operator new(std::size_t taille, const std::nothrow_t &) noexcept {
   void *p = std::malloc(taille);
-  if (!p) throw std::bad_alloc();
   const long tenus = gTenus += static_cast<long>(malloc_usable_size(p));
   if (tenus > gPlus) gPlus = tenus;
   return p;
+}
+void *operator new(std::size_t taille) {
+  if (void *p = operator new(taille, std::nothrow)) return p;
+  throw std::bad_alloc();
 }
 void operator delete(void *p) noexcept {
   if (p) gTenus -= static_cast<long>(malloc_usable_size(p));

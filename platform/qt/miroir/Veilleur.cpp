@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/natifs/EcranSansPlace.h"
 #include "platform/qt/natifs/TexteNatif.h"
 
 namespace {
@@ -70,6 +71,9 @@ bool Veilleur::Souris(Natif &natif, QMouseEvent &e) {
       break;
     default:
       if (!Presser(natif, e)) return true;
+      if (e.button() == Qt::LeftButton && natif.Donnee().MousePointer == kPointeurDeplacer &&
+          ConfierDeplacement(*natif.Widget()->window()))
+        Relacher(natif, e);
   }
   return !natif.Saisie();
 }

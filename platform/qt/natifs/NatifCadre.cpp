@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/qt/natifs/EcranSansPlace.h"
 #include "platform/qt/natifs/TexteNatif.h"
 
 namespace {
@@ -44,6 +45,7 @@ int EtatActuel(const QWidget *cadre) {
 
 NatifCadre::NatifCadre(PeintDessin *cadre, Fenetre &donnee, bool principale, Guichet &guichet)
     : Natif(cadre, donnee, guichet), cadre_(cadre), principale_(principale) {
+  LaisserVoirAutour(*cadre);
   cadre->setAttribute(Qt::WA_ShowWithoutActivating, !principale);
   cadre->setFocus();  // else the first field would have the keyboard
 }

@@ -103,20 +103,22 @@ void PeintDessin::Dessin(const Surface &surface) {
 }
 
 // The skin of a shaped window, which fills it, is the one picture that is cut by the outline.
+bool PeintDessin::Peau() const { return size() == window()->size() && !window()->mask().isEmpty(); }
+
 const QImage &PeintDessin::ImagePour(double echelle) {
-  const bool peau = size() == window()->size() && !window()->mask().isEmpty();
-  if (echelle == 1.0 || !peau) return image_;
+  if (echelle == 1.0 || !Peau()) return image_;
   if (sansCle_.isNull()) sansCle_ = SansCle(image_);
   return sansCle_;
 }
 
 void PeintDessin::Fond(Couleur couleur) {
   couleur_ = couleur;
-  setAttribute(Qt::WA_OpaquePaintEvent);
+  setAttribute(Qt::WA_OpaquePaintEvent, !window()->testAttribute(Qt::WA_TranslucentBackground));
   update();
 }
 
 void PeintDessin::Peindre(QPainter &p, const QRect &) {
+  if (Peau() && window()->testAttribute(Qt::WA_TranslucentBackground)) p.setClipRegion(window()->mask());
   const bool couvert = image_.width() >= width() && image_.height() >= height();
   if (!couvert) p.fillRect(rect(), Teinte(couleur_));
   if (!image_.isNull()) Poser(p, ImagePour(devicePixelRatioF()));

@@ -76,6 +76,7 @@ class PeintDessin : public Peint {
   void Peindre(QPainter &, const QRect &) override;
 
  private:
+  bool Peau() const;
   const QImage &ImagePour(double echelle);
   QImage image_, sansCle_;
   std::vector<TexteImprime> textes_;
