@@ -10,25 +10,27 @@ namespace {
 constexpr int kHauteurSurvol = kHauteurBouton + kGonflement;  // twips
 
 // The socket around the lamp tells its state by shape too: a disc when it is lit, a ring when it is not.
-void PeindreDouille(Surface &face, int l, int h, bool allume) {
+void PeindreDouille(Surface &face, int l, int h, bool allume, bool etroite) {
   // Columns of the round from the left, row by row.
-  constexpr int kDiametre = 10, kRetraits[kDiametre] = {3, 2, 1, 0, 0, 0, 0, 1, 2, 3};
+  constexpr int kRetraits[] = {3, 2, 1, 0, 0, 0, 0, 1, 2, 3}, kRetraitsEtroits[] = {2, 1, 0, 0, 0, 0, 1, 2};
+  const int diametre = etroite ? 8 : 10, marge = etroite ? 1 : 0;
+  const auto retrait = [&](int y) { return etroite ? kRetraitsEtroits[y] : kRetraits[y]; };
   const auto dedans = [&](int x, int y) {
-    return y >= 0 && y < kDiametre && x >= kRetraits[y] && x < kDiametre - kRetraits[y];
+    return y >= 0 && y < diametre && x >= retrait(y) && x < diametre - retrait(y);
   };
-  for (int y = 0; y < kDiametre; ++y)
-    for (int x = kRetraits[y]; x < kDiametre - kRetraits[y]; ++x) {
+  for (int y = 0; y < diametre; ++y)
+    for (int x = retrait(y); x < diametre - retrait(y); ++x) {
       const bool plein = dedans(x - 1, y) && dedans(x + 1, y) && dedans(x, y - 1) && dedans(x, y + 1);
       const Couleur bord = allume ? Palette::VertNuit : Palette::Brique;
       const Couleur fond = allume ? Palette::VoyantVert : Palette::EtainClair;
-      face.PSet(l - 12 + x, h - 14 + y, plein ? fond : bord);
+      face.PSet(l - 12 + marge + x, h - 14 + marge + y, plein ? fond : bord);
     }
 }
 
 // From the bottom right corner of an inner size of l x h pixels.
-void PeindreVoyant(Surface &face, int l, int h, Couleur couleur) {
+void PeindreVoyant(Surface &face, int l, int h, Couleur couleur, bool etroite) {
   const EnPixels echelle(face);
-  PeindreDouille(face, l, h, couleur == Palette::VoyantVert);
+  PeindreDouille(face, l, h, couleur == Palette::VoyantVert, etroite);
   face.Boite(l - 9, h - 12, l - 6, h - 12, Palette::EtainBord);
   face.Boite(l - 10, h - 12, l - 10, h - 8, Palette::EtainBord);
   face.Boite(l - 9, h - 11, l - 6, h - 8, couleur);
@@ -46,7 +48,7 @@ void ChangerVoyant(Entier index, bool etat) {
   // The lamp of a hovered button stays where it was.
   const int gonflement = hauteur == kHauteurSurvol && session.SurvolActif ? kGonflement / kTwipsParPixel : 0;
   PeindreVoyant(bouton.Dessin, bouton.Dessin.Largeur() - gonflement, bouton.Dessin.Hauteur() - gonflement,
-                etat ? Palette::VoyantVert : Palette::VoyantRouge);
+                etat ? Palette::VoyantVert : Palette::VoyantRouge, Fiche(index).bagueEtroite);
 }
 
 void EteindreVoyantsMode() {

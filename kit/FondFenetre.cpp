@@ -79,9 +79,40 @@ void PeindreDessin(BoitePicture &bouton, const std::string &nom, Entier x, Entie
   bouton.Dessin.PaintPicture(plateforme().LoadPicture(chemin), x, y);
 }
 
-void EncadrerBande(BoitePicture &bande) {
+namespace {
+// The head of a screw with its slot across, in greys; 0 leaves the ground.
+void PoserVis(Surface &cible, int gauche, int haut) {
+  static constexpr int kTete[7][7] = {{0, 0, 85, 85, 85, 0, 0},         {0, 85, 255, 227, 227, 85, 0},
+                                      {85, 255, 227, 227, 141, 85, 85}, {85, 227, 227, 141, 85, 85, 85},
+                                      {85, 227, 141, 85, 85, 168, 85},  {0, 85, 85, 85, 168, 85, 0},
+                                      {0, 0, 85, 85, 85, 0, 0}};
+  for (int y = 0; y < 7; ++y)
+    for (int x = 0; x < 7; ++x)
+      if (kTete[y][x] != 0) cible.PSet(gauche + x, haut + y, Gris(kTete[y][x]));
+}
+
+void GraverBande(Surface &cible, const BoitePicture &numeros) {
+  constexpr int kPas = 16, kMilieu = 8, kHaut = 5, kMarge = 2, kVis = 7;  // pixels
+  const EnPixels echelle(cible);
+  const int d = cible.Largeur() - 1, b = cible.Hauteur() - 1;
+  Entier gauche = Arrondir(numeros.Left), haut = Arrondir(numeros.Top), largeur = Arrondir(numeros.Width),
+         rien = 0;
+  ConvertirEnPixels(gauche, haut);
+  ConvertirEnPixels(largeur, rien);
+  for (int x = gauche + kMilieu; x + kMilieu < gauche + largeur; x += kPas) {
+    cible.Ligne(x, kHaut, x, haut - 1, Palette::EtainCreux);
+    cible.Ligne(x + 1, kHaut, x + 1, haut - 1, Palette::EtainLueur);
+  }
+  for (int y : {1 + kMarge, b - kMarge - kVis})
+    for (int x : {1 + kMarge, d - kMarge - kVis}) PoserVis(cible, x, y);
+}
+
+}  // namespace
+
+void EncadrerBande(BoitePicture &bande, const BoitePicture &numeros) {
   PreparerSurface(bande);
   PeindreFondPanneau(bande.Dessin, bande.BackColor);
+  GraverBande(bande.Dessin, numeros);
 }
 
 void ChargerIndicateur(BoitePicture &boite, int lames) {

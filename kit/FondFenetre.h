@@ -55,8 +55,9 @@ void ChargerPicture(BoitePicture &boite, const std::string &nom);
 void ChargerIndicateur(BoitePicture &boite, int lames);
 // Puts a picture of Dessins Boutons, named without its ending, on a face; its place in twips.
 void PeindreDessin(BoitePicture &bouton, const std::string &nom, Entier x, Entier y);
-// The frame of a strip or a panel on the background colour of its box.
-void EncadrerBande(BoitePicture &bande);
+// The plate of the harnesses: a frame on the background colour of its box, a screw in each corner, and from
+// each number of `numeros`, which lies on it, a line engraved up to the column that it names.
+void EncadrerBande(BoitePicture &bande, const BoitePicture &numeros);
 
 // The whole surface out of 30-pixel tiles.
 void PeindreCadreTuiles(Surface &cible);

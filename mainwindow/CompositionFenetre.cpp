@@ -60,8 +60,8 @@ void DimensionnerFenetre() {
 
 void PlacerTrame() {
   FenetreTissagePrincipale &f = fenetre;
-  EncadrerBande(f.PicPourControle);
-  EncadrerBande(f.PicPourControle2);
+  EncadrerBande(f.PicPourControle, f.FondInscritDuite);
+  EncadrerBande(f.PicPourControle2, f.Indicateur24);
   CentrerSurControle(f.PicPourTissage, f.Picture2);
   f.PicPourTissage.Left -= 700;
   f.PicPourTissage.Top -= 200;

@@ -59,7 +59,7 @@ void AjusterTrame() {
   FenetreTissagePrincipale &f = fenetre;
   f.PicPourControle.Width = f.FondInscritDuite.Width + 300;
   f.PicPourControle.BackColor = Gris(192);
-  EncadrerBande(f.PicPourControle);
+  EncadrerBande(f.PicPourControle, f.FondInscritDuite);
   CentrerHorizontalement(f.PicPourTissage, f.Picture2);
   f.PicPourTissage.Left -= 900;
   f.PicPourTissage.Top = kHautGrille;

@@ -27,6 +27,6 @@ void AdapterNombreLames() {
   bande.Width = p.largeurBande;
   ChargerIndicateur(fenetre.Indicateur24, p.lames);
   bande.BackColor = Gris(192);
-  EncadrerBande(bande);
+  EncadrerBande(bande, fenetre.Indicateur24);
   CentrerHorizontalement(bande, fenetre.PicNor);
 }

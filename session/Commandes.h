@@ -70,7 +70,8 @@ struct FicheCommande {
   EnLangues<int> decalage = {0, 0};
   int decalage2 = -100;
   RegleVoyant voyant = RegleVoyant::Rouge;
-  int option = 0;  // the weave option that lights it
+  bool bagueEtroite = false;  // a caption comes near the lamp: the ring around it is a pixel smaller
+  int option = 0;             // the weave option that lights it
   RangeeBulle bulle;
 };
 
