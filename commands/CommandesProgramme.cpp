@@ -129,7 +129,7 @@ void DemanderDuite() {
   const BoitePicture &bouton = fenetre.BoutonProgramme[Commande::ChoisirDuite];
   BoitePicture &fond = fenetre.FondEntreDuite;
   PreparerSurface(fond);
-  PeindreFondPanneauTitre(fond.Dessin, "Duite #: ", Palette::Lin);
+  PeindreFondPanneauTitre(fond.Dessin, "Duite #: ", Palette::Papier);
   fenetre.TxtDuite.Text = std::to_string(session.DuiteCourante);
   // Selected whole: a typed number takes its place instead of growing behind it.
   fenetre.TxtDuite.SelStart = 0;

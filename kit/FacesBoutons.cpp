@@ -189,6 +189,17 @@ void PeindreFondPanneauCreux(Surface &cible, Couleur fond) {
 }
 
 void PeindreFondPanneauTitre(Surface &cible, const std::string &titre, Couleur fond) {
-  PeindreFondPanneau(cible, fond);
+  constexpr int kCoupe = 5, kRegle = 5;  // pixels
+  const int d = cible.Largeur() - 1, b = cible.Hauteur() - 1;
+  cible.Effacer(fond);
+  cible.Cadre(0, 0, d, b, Palette::BoisBrun);
+  for (int y : {kRegle, b - kRegle}) cible.Ligne(kCoupe, y, d - 2, y, Palette::PapierLigne);
+  for (int i = 0; i <= kCoupe; ++i) {
+    const int x = kCoupe - i;
+    if (x > 0)
+      cible.Ligne(0, i, x - 1, i, Palette::BoisClair), cible.Ligne(0, b - i, x - 1, b - i, Palette::BoisMiel);
+    cible.PSet(x, i, Palette::BoisBrun);
+    cible.PSet(x, b - i, Palette::BoisBrun);
+  }
   cible.Print(5 * kTwipsParPixel, 9 * kTwipsParPixel, titre, {"Arial", 8.25, true, false}, 0);
 }

@@ -9,8 +9,10 @@
 FenetreLigne fenetreLigne;
 
 namespace {
-// Over the beam, in twips of the main window: above the draft, and where no command and no panel stands.
-constexpr double kGauche = 1710, kHaut = 855, kLargeur = 8760, kHauteur = 1005;
+// Over the counter and as wide as the cloth, in twips of the main window: where no command and no panel
+// stands.
+constexpr double kGauche = 1680, kHaut = 840, kLargeur = 8760, kHauteur = 1005;
+constexpr double kTextes = 1560;  // behind the sign
 
 void EcrireTextes(FenetreLigne &f) {
   if (f.Bloquee) {
@@ -31,13 +33,16 @@ FenetreLigne::FenetreLigne() {
   Fenetre::Caption = "Brandis";
   BackColor = Palette::Creme;
   SansSouris = true;
-  Placer(LblTitre, 150, 105, kLargeur - 300, 405);
-  LblTitre.Font = {"Arial", 16, true, false};
+  Fond.Picture = "FondLigne";
+  Placer(Fond, 0, 0, kLargeur, kHauteur);
+  Placer(Signe, 60, 60, 1320, 870);
+  Fond.Facultative = Signe.Facultative = true;
+  Placer(LblTitre, kTextes, 75, kLargeur - kTextes - 300, 480);
+  LblTitre.Font = {"Arial", 19.5, true, false};
   LblTitre.ForeColor = Palette::Rouge;
-  Placer(LblRemarque, 150, 540, kLargeur - 300, 345);
+  Placer(LblRemarque, kTextes, 555, kLargeur - kTextes - 300, 345);
   LblRemarque.Font = {"Arial", 12.75, true, false};
   LblRemarque.ForeColor = Palette::Encre;
-  LblTitre.Alignment = LblRemarque.Alignment = Alignement::Centre;
 }
 
 void FenetreLigne::Suivre() {
@@ -45,11 +50,14 @@ void FenetreLigne::Suivre() {
   Top = fenetre.Top + kHaut;
   DecalageX = fenetre.DecalageX;
   DecalageY = fenetre.DecalageY;
+  Signe.Picture = Bloquee ? "SigneLigneBloquee" : "SigneLigneCoupee";
   EcrireTextes(*this);
   NomAccessible = LblTitre.Caption + " " + LblRemarque.Caption;
 }
 
 void FenetreLigne::Visiter(Visiteur &v) {
+  v.Voir("Fond", Fond, *this);
+  v.Voir("Signe", Signe, *this);
   v.Voir("LblTitre", LblTitre, *this);
   v.Voir("LblRemarque", LblRemarque, *this);
 }

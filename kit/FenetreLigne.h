@@ -12,6 +12,7 @@ struct FenetreLigne : Fenetre {
   void Visiter(Visiteur &v) override;
   void Load() override;
 
+  Image Fond, Signe;
   Etiquette LblTitre, LblRemarque;
   bool Bloquee = false;  // the line is there and takes nothing
 };

@@ -73,6 +73,38 @@ void Lier(FeuilleAPropos &f) {
   f.BoutonFin.MouseUp = [](int, double, double) { RelacherBouton(feuilleAPropos.BoutonFin); };
 }
 
+int EnPixelsDe(double twips) { return static_cast<int>(twips) / kTwipsParPixel; }
+
+// A turned rod, lit along its length; it lies across or stands.
+void PeindreBaton(Surface &s, int x, int y, int longueur, bool debout) {
+  constexpr Couleur kTons[] = {
+      Palette::BoisSombre, Palette::BoisMiel,  Palette::BoisBlond, Palette::BoisClair, Palette::BoisClair,
+      Palette::BoisBlond,  Palette::BoisBlond, Palette::BoisMiel,  Palette::BoisMiel,  Palette::BoisMoyen,
+      Palette::BoisMoyen,  Palette::BoisBrun,  Palette::BoisSombre};
+  int rang = 0;
+  for (const Couleur ton : kTons) {
+    if (debout)
+      s.Ligne(x + rang, y, x + rang, y + longueur - 1, ton);
+    else
+      s.Ligne(x, y + rang, x + longueur - 1, y + rang, ton);
+    ++rang;
+  }
+}
+
+constexpr int kBaton = 13;         // pixels, across a rod
+constexpr int kEpaisseurBout = 7;  // its dark end, above and below the strip
+
+// What shows of the rods beyond the strip, and on the step of the ground two more.
+void PeindreBouts(Surface &s, int decalage) {
+  const int gauche = EnPixelsDe(feuilleAPropos.Picture2.Left) - decalage;
+  const int haut = EnPixelsDe(feuilleAPropos.Picture2.Top) - decalage;
+  const int droite = gauche + EnPixelsDe(feuilleAPropos.Picture2.Width) - kBaton;
+  const int bas = haut + EnPixelsDe(feuilleAPropos.Picture2.Height);
+  for (int x : {gauche, droite})
+    for (int y : {haut - kEpaisseurBout, bas})
+      s.Boite(x + 2, y, x + kBaton - 3, y + kEpaisseurBout - 1, Palette::BoisSombre);
+}
+
 void PeindreFond(FeuilleAPropos &f) {
   Entier l = Arrondir(f.Width), h = Arrondir(f.Height);
   ConvertirEnPixels(l, h);
@@ -82,6 +114,10 @@ void PeindreFond(FeuilleAPropos &f) {
   reglages.DegradeRougeFin = reglages.DegradeVertFin = reglages.DegradeBleuFin = 128;
   reglages.DegradeVertical = true;
   PeindreDegrade(f.Dessin);
+  const EnPixels echelle(f.Dessin);
+  constexpr int kMarche = 200;  // row of the ground's step
+  PeindreBaton(f.Dessin, 0, kMarche - kBaton / 2, l, false);
+  PeindreBouts(f.Dessin, 0);
   ArrondirCoins(f.Dessin, 11, Gris(0), kBlanc);
 }
 
@@ -91,9 +127,39 @@ void PeindreCorps(BoitePicture &corps) {
   Surface &s = corps.Dessin;
   s.PaintPicture(plateforme().Picture("FondAPropos"), 0, 0);
   s.Cadre(0, 0, s.Largeur() - 1, s.Hauteur() - 1, Palette::EtainBord);
+  PeindreBouts(s, EnPixelsDe(feuilleAPropos.Picture1.Left));
   const Police nom{"Arial", 20, true, false};
   s.Print(2970, 336, "Brandis", nom, Palette::Creme);
   s.Print(2955, 321, "Brandis", nom, Palette::Encre);
+}
+
+// The name tapes of the strip: green under the white lines, ivory under the links, stitched down at their
+// ends.
+void PeindreRubans(FeuilleAPropos &f) {
+  constexpr int kLargeur = 252, kHaut = 1, kBas = 22, kPoint = 3;  // pixels
+  PreparerSurface(f.picTexte);
+  Surface &s = f.picTexte.Dessin;
+  const EnPixels echelle(s);
+  for (int i : {0, 2, 3, 4, 5}) {
+    const Etiquette &e = f.Label1[i];
+    if (!e.Visible) continue;
+    const bool lien = i == kSite || i == kCourriel;
+    const int y = EnPixelsDe(e.Top) - kHaut, b = y + kBas;
+    s.Boite(0, y, kLargeur, b, lien ? Palette::Creme : Palette::Vert);
+    s.Ligne(0, y, kLargeur, y, lien ? Palette::BoisClair : Palette::VertPale);
+    s.Ligne(0, b, kLargeur, b, lien ? Palette::BoisMiel : Palette::VertNuit);
+    s.Ligne(0, b + 1, kLargeur, b + 1, Palette::RemarqueBleu);
+    for (int p = y + 2; p + 1 < b; p += 2 * kPoint)
+      s.Boite(kLargeur - 4, p, kLargeur - 4, p + kPoint - 1, lien ? Palette::Vert : Palette::Orange);
+  }
+  // The right rod goes down the whole strip, so that it stands still while the strip moves.
+  const int rails = EnPixelsDe(f.Picture2.Width) - EnPixelsDe(f.picTexte.Left) - kBaton;
+  PeindreBaton(s, rails, 0, s.Hauteur(), true);
+  PreparerSurface(f.Picture2);
+  Surface &fenetreTexte = f.Picture2.Dessin;
+  const EnPixels aussi(fenetreTexte);
+  PeindreBaton(fenetreTexte, 0, 0, fenetreTexte.Hauteur(), true);
+  PeindreBaton(fenetreTexte, fenetreTexte.Largeur() - kBaton, 0, fenetreTexte.Hauteur(), true);
 }
 
 void PeindreBoutonFin(BoitePicture &bouton) {
@@ -130,7 +196,6 @@ FeuilleAPropos::FeuilleAPropos() {
     e.Font = {"Arial", 9.75, true, false};
     e.NomAccessible = e.Caption;
     e.ForeColor = i == kSite || i == kCourriel ? kBleu : kBlanc;
-    e.Cerne = e.ForeColor == kBlanc;
   }
 }
 
@@ -152,10 +217,11 @@ void FeuilleAPropos::Load() {
   VitesseTexte = kVitesse;
   PeindreFond(*this);
   Contour = CreerRegionImage(Dessin);
-  PeindreCorps(Picture1);
   Picture1.Top = Picture1.Left = 400;
+  PeindreCorps(Picture1);
   Placer(Image2, 0, 0, Picture1.Width, Picture1.Height);
   picTexte.Width = Picture2.Width;
+  PeindreRubans(*this);
   PeindreBoutonFin(BoutonFin);
   Top = fenetre.PicPourTissage.Top + fenetre.Top;
   Left = fenetre.PicPourTissage.Left + fenetre.Left - 1000;

@@ -155,6 +155,7 @@ void PeindreFenetreMessage(Surface &cible) {
   cible.PaintPicture(plateforme().Picture("BITMAP869"), 20, 20);
   for (int x = 130; x <= l - 160; x += 29) cible.PaintPicture(plateforme().Picture("BITMAP870"), x + 2, 20);
   cible.PaintPicture(plateforme().Picture("BITMAP871"), l - 160, 20);
+  cible.Ligne(30, 87, l - 30, 87, Palette::Fil);  // the fourth side of the line that the tiles draw
 }
 
 void PeindreFondPrincipal(Surface &cible, const std::string &image, Couleur fond) {

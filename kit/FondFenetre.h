@@ -73,7 +73,7 @@ void PeindreFondPanneau(Surface &cible, Couleur fond);
 void PeindreFondPanneauOnglet(Surface &cible, const std::string &titre, Couleur fond);
 // Sunken, for the panels that labels lie in: shade where the light comes from, the white line where it falls.
 void PeindreFondPanneauCreux(Surface &cible, Couleur fond);
-// With a small title inside, for the pick entry.
+// A paper tag with a small title, for the pick entry; two of its corners are cut, as on every tag.
 void PeindreFondPanneauTitre(Surface &cible, const std::string &titre, Couleur fond);
 
 // Ramp rings: over the whole surface, over a rectangle, and the remark's.

@@ -15,6 +15,7 @@
 #include <QTimer>
 #include <QUrl>
 
+#include "platform/qt/machine/ListeFichiers.h"
 #include "platform/qt/machine/Rapport.h"
 #include "platform/qt/natifs/TexteNatif.h"
 
@@ -90,6 +91,7 @@ void PlateformeQt::ShowOpen(DialogueFichier &dialogue) {
   choix.setOption(QFileDialog::DontUseNativeDialog);
   choix.setAcceptMode(QFileDialog::AcceptOpen);
   choix.setFileMode(QFileDialog::AnyFile);  // a name that does not exist is the reader's to refuse
+  DisposerListeFichiers(choix);
   choix.setNameFilters(Filtres(dialogue.Filter));
   choix.setDirectory(QFileInfo(QFile::decodeName(dialogue.FileName.c_str())).path());
   if (choix.exec() == QDialog::Accepted && !choix.selectedFiles().isEmpty())
