@@ -4,7 +4,6 @@
 //   dessins-outil <assets>              remakes every raster and the manifest
 //   dessins-outil <assets> <name>...    remakes the rasters of these names only, for a look at them
 //   dessins-outil <assets> --verifier   writes nothing; fails when a source or a raster has drifted
-//   dessins-outil --icone <source> <pixels> <raster>    one source in another size
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QDir>
@@ -65,6 +64,8 @@ QByteArray PixelsDe(const QImage &image) {
 QString CheminImage(const QString &nom) {
   static const QRegularExpression bouton("^IMG[0-9]{3}$");
   if (bouton.match(nom).hasMatch()) return "Dessins Boutons/" + nom + ".BMP";
+  static const QRegularExpression icone("^(Brandis|Motifs)[0-9]+$");
+  if (icone.match(nom).hasMatch()) return "icones/" + nom + ".png";
   // Those that every start reads: plain pixels are there in half the time.
   static const QSet<QString> aLire = {
       "Attente",   "BITMAP101",   "BoutonAide",   "Drapeau1", "Drapeau2",    "FondCompteur", "Fond24",
@@ -242,21 +243,9 @@ void Verifier(const QDir &assets, const QStringList &noms) {
       Echouer(ligne.section(' ', 0, 0), "source or raster differs from the manifest");
   if (!manifeste.isEmpty())
     Echouer(manifeste.first().section(' ', 0, 0), "is in the manifest and has no source");
-  for (const QString dossier : {"", "Dessins Boutons/"})
+  for (const QString dossier : {"", "Dessins Boutons/", "icones/"})
     for (const QString &fichier : QDir(assets.filePath(dossier)).entryList({"*.png", "*.bmp"}, QDir::Files))
       if (!images.contains(dossier + fichier)) Echouer(dossier + fichier, "has no source");
-}
-
-void FaireIcone(const QStringList &arguments) {
-  if (arguments.size() != 4) Echouer("--icone", "<source> <pixels> <raster>");
-  QSvgRenderer source(arguments[1]);
-  const int cote = arguments[2].toInt();
-  QImage icone(cote, cote, QImage::Format_ARGB32);
-  icone.fill(Qt::transparent);
-  QPainter peintre(&icone);
-  source.render(&peintre);
-  peintre.end();
-  if (!source.isValid() || !icone.save(arguments[3])) Echouer(arguments[3], "cannot be drawn");
 }
 }  // namespace
 
@@ -268,7 +257,6 @@ int main(int argc, char **argv) {
   const auto journal = qInstallMessageHandler(
       [](QtMsgType, const QMessageLogContext &, const QString &texte) { avertissementQt = texte; });
   try {
-    if (arguments[0] == "--icone") return FaireIcone(arguments), 0;
     const QDir assets(arguments.takeFirst());
     QStringList noms;
     for (const QString &fichier : QDir(assets.filePath("sources")).entryList({"*.svg"}, QDir::Files))

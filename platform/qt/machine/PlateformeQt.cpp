@@ -53,8 +53,11 @@ PlateformeQt::PlateformeQt(const DossiersProgramme &dossiers)
   // Once the windows stand and are painted: nobody waits for the icon.
   constexpr int kRetardIcone = 100;  // milliseconds
   QTimer::singleShot(kRetardIcone, &vivante_, [this] {
-    const QImage icone = images_.Cherchee("Brandis");
-    if (!icone.isNull()) QApplication::setWindowIcon(QPixmap::fromImage(icone));
+    QIcon icone;
+    for (const char *taille : {"", "16", "22", "24", "32", "48", "64"})
+      if (const QImage image = images_.Cherchee(std::string("Brandis") + taille); !image.isNull())
+        icone.addPixmap(QPixmap::fromImage(image));
+    if (!icone.isNull()) QApplication::setWindowIcon(icone);
   });
 }
 
