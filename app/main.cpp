@@ -4,10 +4,12 @@
 #include <filesystem>
 
 #include "app/Montage.h"
+#include "app/TailleChoisie.h"
 #include "base/PageGuide.h"
 #include "platform/qt/machine/InstanceUnique.h"
 #include "platform/qt/machine/Rapport.h"
 #include "platform/qt/machine/ToucheAide.h"
+#include "platform/qt/machine/ToucheTaille.h"
 #include "platform/qt/natifs/StyleNatif.h"
 #include "session/ModuleTissage.h"
 
@@ -33,7 +35,9 @@ void Preparer() {
 
 int Lancer(int nombre, char **mots) {
   const DossiersProgramme dossiers = TrouverDossiers(DossierExecutable());
+  const TailleChoisie taille(dossiers.programme);
   QApplication application(nombre, mots);
+  taille.TenirDansEcran(mots);
   Preparer();
   InstanceUnique instance(dossiers.programme);
   if (!instance.Premiere()) {
@@ -45,6 +49,7 @@ int Lancer(int nombre, char **mots) {
     const std::string page = PageGuide(DossierExecutable(), session.LangueFrancaise);
     page.empty() ? machine.Beep() : machine.OuvrirAdresse(page);
   });
+  const ToucheTaille touches([&](int sens) { taille.Changer(machine, sens); });
   Monter(machine);
   // Once the window stands: nobody calls before.
   QTimer::singleShot(0, [&] { instance.Ecouter([&] { machine.Ramener(); }); });

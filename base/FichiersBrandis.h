@@ -9,7 +9,7 @@ constexpr const char *kData = "Data", *kPorts = "Ports";  // in the folder
 
 // In `Data`. The copy of a project stands while a save is under way, and goes under the last name when it
 // ends.
-constexpr const char *kNomConfiguration = "Configuration.Con";
+constexpr const char *kNomConfiguration = "Configuration.Con", *kNomTaille = "Taille.txt";
 constexpr const char *kNomEntete = "Resume.Trm", *kNomLignes = "Resume2.Trm";
 constexpr const char *kNomCopie = "Reprise.Avant", *kNomEcartee = "Reprise.Ecartee";
 constexpr const char *kNomVerrou = "Brandis.verrou";  // held by whoever writes there

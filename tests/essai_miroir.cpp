@@ -19,6 +19,7 @@
 
 #include "platform/qt/machine/PlateformeQt.h"
 #include "platform/qt/machine/ToucheAide.h"
+#include "platform/qt/machine/ToucheTaille.h"
 #include "platform/qt/natifs/Peints.h"
 #include "platform/qt/natifs/StyleNatif.h"
 #include "platform/qt/natifs/TexteNatif.h"
@@ -199,7 +200,7 @@ TEST_F(EssaiMiroir, ALabelNarrowerThanTheEdgeOfItsPlateIsShown) {
 // As on a screen that cuts no window to its outline.
 TEST_F(EssaiMiroir, OutsideAnOutlineATransparentWindowStaysEmpty) {
   QWidget &cadre = *Natif(f);
-    cadre.setAttribute(Qt::WA_TranslucentBackground);
+  cadre.setAttribute(Qt::WA_TranslucentBackground);
   f.BackColor = f.Peau.BackColor = Rgb(1, 2, 3);
   f.Contour = {{5, 20, 30}, {5, 40, 50}};
   miroir().Refleter();
@@ -470,4 +471,29 @@ TEST(Aide, F1AsksForTheGuideOnceAndIsNoKeyOfTheField) {
   QTest::keyClick(&champ, Qt::Key_F1, Qt::ShiftModifier);
   QTest::keyClick(&champ, Qt::Key_F2);
   EXPECT_EQ(std::pair(demandes, touches), std::pair(1, 3)) << "Shift, F1 with it, F2";
+}
+
+TEST(Taille, CtrlPlusAndMinusAreNoKeysOfTheField) {
+  std::vector<int> demandes;
+  int touches = 0;
+  const ToucheTaille taille([&](int sens) { demandes.push_back(sens); });
+  struct Saisie : QLineEdit {
+    int &touches;
+    explicit Saisie(int &t) : touches(t) {}
+    void keyPressEvent(QKeyEvent *e) override {
+      touches += e->key() < Qt::Key_Shift || e->key() > Qt::Key_Alt;
+    }
+  } champ(touches);
+  QTest::keyClick(&champ, Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier);
+  QTest::keyClick(&champ, Qt::Key_Equal, Qt::ControlModifier);
+  QTest::keyClick(&champ, Qt::Key_Plus, Qt::ControlModifier | Qt::KeypadModifier);
+  QTest::keyClick(&champ, Qt::Key_Minus, Qt::ControlModifier);
+  QKeyEvent tenue(QEvent::KeyPress, Qt::Key_Plus, Qt::ControlModifier, QString(), true);
+  QApplication::sendEvent(&champ, &tenue);
+  EXPECT_EQ(demandes, (std::vector{1, 1, 1, -1}));
+  EXPECT_EQ(touches, 0);
+  QTest::keyClick(&champ, Qt::Key_Plus);
+  QTest::keyClick(&champ, Qt::Key_Minus, Qt::AltModifier | Qt::ControlModifier);
+  QTest::keyClick(&champ, Qt::Key_0, Qt::ControlModifier);
+  EXPECT_EQ(std::pair(demandes.size(), touches), std::pair(std::size_t{4}, 3)) << "the rest is the field's";
 }

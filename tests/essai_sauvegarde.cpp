@@ -9,6 +9,7 @@
 
 #include "commands/RepriseProjet.h"
 #include "saved/FichierConfiguration.h"
+#include "saved/TailleFenetre.h"
 #include "tests/Banc.h"
 
 namespace {
@@ -321,4 +322,38 @@ TEST_F(Sauvegarde, DamagedProjectsEndInAReportAtMost) {
   for (const auto &[numero, fois] : fins)
     EXPECT_TRUE(numero == 0 || numero == 5 || numero == 6 || numero == 9) << numero << ": " << fois;
   EXPECT_GT(fins[0], 40);
+}
+
+TEST_F(Sauvegarde, TheSizeOfTheWindowIsKeptAndADamagedFileIsNoSize) {
+  const std::string ici = pf.dossier;
+  EXPECT_EQ(LireTailleFenetre(ici), 100) << "nothing kept yet";
+  for (const int taille : kTaillesFenetre) {
+    GarderTailleFenetre(ici, taille);
+    EXPECT_EQ(LireTailleFenetre(ici), taille);
+  }
+  for (const char *abime :
+       {"", "150", "150\n150\n", "175\n", "-200\n", "99999999999999999999\n", "1.5\n", "\xff\n"}) {
+    EcrireFichier("Taille.txt", abime);
+    EXPECT_EQ(LireTailleFenetre(ici), 100) << abime;
+  }
+  std::filesystem::remove(ici + "/Data/Taille.txt");
+  std::filesystem::create_directory(ici + "/Data/Taille.txt");
+  EXPECT_EQ(LireTailleFenetre(ici), 100) << "a folder of that name";
+  EXPECT_THROW(GarderTailleFenetre(ici, 125), ErreurExecution);
+}
+
+TEST(TailleFenetre, NeverMoreThanTheScreenHolds) {
+  const auto tenue = [](int l, int h) { return TailleTenue(200, l, h); };
+  EXPECT_EQ(tenue(640, 480), 100) << "a screen lower than the window itself";
+  EXPECT_EQ(tenue(1366, 768), 100);
+  EXPECT_EQ(tenue(1920, 798), 125);
+  EXPECT_EQ(tenue(1920, 797), 100) << "one row is missing";
+  EXPECT_EQ(tenue(1920, 1080), 150);
+  EXPECT_EQ(tenue(1615, 2000), 150) << "a screen that stands";
+  EXPECT_EQ(tenue(3840, 2160), 200);
+  EXPECT_EQ(TailleTenue(125, 3840, 2160), 125) << "nor more than is wanted";
+  EXPECT_EQ(TailleVoisine(100, -1), 100);
+  EXPECT_EQ(TailleVoisine(TailleVoisine(100, 1), 1), 150);
+  EXPECT_EQ(TailleVoisine(200, 1), 200);
+  EXPECT_EQ(TailleVoisine(200, -1), 150);
 }
