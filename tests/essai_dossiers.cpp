@@ -186,6 +186,33 @@ TEST_F(EssaiDossiers, ABitmapOfAnotherKindOrCutShortIsLeftToTheToolkit) {
   EXPECT_EQ(LireBmp(chemin).pixel(0, 0), 0xff102030);
 }
 
+TEST_F(EssaiDossiers, TheFinePictureIsShownForTheDeliveredOneAlone) {
+  const fs::path livrees = BRANDIS_PROGRAMME "/Images";
+  for (const fs::path nom : {"LogoNor.bmp", "Habillage.bmp", "SigneTissage.png"})
+    Ecrire(partage / "Images" / nom, Lire(livrees / nom));
+  fs::create_directories(partage / "Images/fines");
+  for (const fs::path nom : {"LogoNor.png", "Habillage.png", "SigneTissage.png"})
+    fs::copy_file(livrees / "fines" / nom, partage / "Images/fines" / nom);
+  const auto neuf = [&] { return MagasinImages({maison.string(), partage.string()}); };
+  {
+    MagasinImages images = neuf();
+    EXPECT_TRUE(images.Fine("LogoNor", 1).isNull()) << "a screen of our own pixels asks for nothing more";
+    const QImage fine = images.Fine("LogoNor", 1.25);
+    EXPECT_EQ(fine.deviceIndependentSize().toSize(), images.Nommee("LogoNor").size());
+    Surface peau = images.Picture("Habillage");
+    EXPECT_EQ(images.FinePour(peau, 2).size(), QSize(1616, 1276));
+    peau.PSet(0, 0, 0);
+    EXPECT_TRUE(images.FinePour(peau, 2).isNull()) << "drawn upon";
+    const Surface signe = images.Picture("SigneTissage");
+    EXPECT_FALSE(images.FinePour(signe, 2).hasAlphaChannel()) << "a surface has none either";
+  }
+  Ecrire(maison / "Images/LogoNor.bmp", UnBitmap({51, 32}, 0xff102030));
+  EXPECT_TRUE(neuf().Fine("LogoNor", 2).isNull()) << "the weaver's own picture";
+  EXPECT_FALSE(neuf().Fine("Habillage", 2).isNull());
+  fs::remove_all(partage / "Images/fines");
+  EXPECT_TRUE(neuf().Fine("Habillage", 2).isNull()) << "none was delivered";
+}
+
 TEST_F(EssaiDossiers, APictureOutlivesItsFile) {
   const fs::path chemin = base / "a.bmp";
   Ecrire(chemin, UnBitmap({800, 600}, 0xff102030));

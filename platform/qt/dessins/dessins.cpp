@@ -4,6 +4,9 @@
 //   dessins-outil <assets>              remakes every raster and the manifest
 //   dessins-outil <assets> <name>...    remakes the rasters of these names only, for a look at them
 //   dessins-outil <assets> --verifier   writes nothing; fails when a source or a raster has drifted
+//
+// What is shown whole, and not drawn upon, is there twice as large too, for screens with finer pixels: in
+// `fines`, with the fingerprint of the file that it stands for.
 #include <QCryptographicHash>
 #include <QDataStream>
 #include <QDir>
@@ -95,6 +98,19 @@ bool EcrireDuHaut(const QString &chemin, const QImage &image) {
   return flux.status() == QDataStream::Ok && fichier.flush();
 }
 
+// Whether the program shows it as it is: the rest goes into faces and frames that are made pixel by pixel.
+bool EstFine(const QString &nom) {
+  static const QRegularExpression entieres(
+      "^(Habillage|Picture3|PicTVCentre|UnInstant|Attente|LogoNor|BoutonAide|ImageMetier|Drapeau[12]|"
+      "BITMAP101|"
+      "BITMAP119|BITMAP27[89]|BITMAP28[01]|Image1APropos|ImageMessage.*|Fond(8|12|16|24|32|Compteur|Ligne)|"
+      "Indicateur.*|GorgeCompteur|RubanCompteur|Signe.*|BulleInfo.*|BoutonAnnuler|BoutonFermerMessage|"
+      "BoutonModifierIngredientDirectement)$");
+  return entieres.match(nom).hasMatch();
+}
+QString CheminFine(const QString &nom) { return "fines/" + nom + ".png"; }
+const QString kOriginal = QStringLiteral("Original");  // key of the fingerprint
+
 bool Ecrire(const QString &chemin, const QImage &image) {
   return chemin.endsWith(".bmp") ? EcrireDuHaut(chemin, image) : image.save(chemin);
 }
@@ -167,13 +183,14 @@ QByteArray ExtraireCouche(const Source &source, int couche) {
   return sortie;
 }
 
-QImage RendreCouche(const Source &source, int couche) {
-  const int echelle = source.coucheNette[couche] ? kAgrandissement : 1;
+QImage RendreCouche(const Source &source, int couche, int facteur) {
+  const bool nette = source.coucheNette[couche];
+  const int echelle = nette ? kAgrandissement : 1;
   QSvgRenderer rendu(ExtraireCouche(source, couche));
   // Sixteen bits a channel: a sample on an edge must give back its very colour.
   const auto format =
       echelle == 1 ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGBA64_Premultiplied;
-  QImage grande(source.taille * echelle, format);
+  QImage grande(source.taille * facteur * echelle, format);
   grande.fill(Qt::transparent);
   QPainter peintre(&grande);
   rendu.render(&peintre, QRectF(grande.rect()));
@@ -181,7 +198,7 @@ QImage RendreCouche(const Source &source, int couche) {
   if (!rendu.isValid() || !avertissementQt.isEmpty())
     Echouer(source.nom, "is not understood: " + avertissementQt);
   if (echelle == 1) return grande;
-  QImage image(source.taille, QImage::Format_ARGB32_Premultiplied);
+  QImage image(source.taille * facteur, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   for (int y = 0; y < image.height(); ++y)
     for (int x = 0; x < image.width(); ++x)
@@ -190,11 +207,12 @@ QImage RendreCouche(const Source &source, int couche) {
   return image;
 }
 
-QImage RendreSource(const Source &source) {
-  QImage image(source.taille, QImage::Format_ARGB32_Premultiplied);
+// `facteur` times as large as the drawing says.
+QImage RendreSource(const Source &source, int facteur = 1) {
+  QImage image(source.taille * facteur, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   for (int couche = 0; couche < source.coucheNette.size(); ++couche) {
-    const QImage dessus = RendreCouche(source, couche);
+    const QImage dessus = RendreCouche(source, couche, facteur);
     // A soft edge over a key colour would leave a coloured rim around the window's outline.
     const QRgb coin = image.pixel(0, 0);
     const bool cle = coin == 0xff0000ffU || coin == 0xffff00ffU;
@@ -208,6 +226,23 @@ QImage RendreSource(const Source &source) {
   for (qsizetype i = 3; !source.alpha && i < pixels.size(); i += 4)
     if (pixels[i] != '\xff') Echouer(source.nom, QString("pixel %1 is not opaque").arg(i / 4));
   return image.convertToFormat(source.alpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
+}
+
+// The one twice as large; its fingerprint is that of the file beside it, as it stands.
+QString TraiterFine(const QDir &assets, const Source &source, bool dessiner) {
+  const QString chemin = assets.filePath(CheminFine(source.nom));
+  const QString original = Empreinte(LireFichier(assets.filePath(CheminImage(source.nom))));
+  QImage image(chemin);
+  if (dessiner) {
+    const QImage ancienne = std::exchange(image, RendreSource(source, 2));
+    const bool pareille = ancienne.size() == image.size() && PixelsDe(ancienne) == PixelsDe(image);
+    image.setText(kOriginal, original);
+    if ((!pareille || ancienne.text(kOriginal) != original) && !image.save(chemin))
+      Echouer(chemin, "cannot be written");
+  }
+  if (image.size() != source.taille * 2 || image.text(kOriginal) != original)
+    Echouer(chemin, "is missing or stands for another picture");
+  return " " + Empreinte(PixelsDe(image));
 }
 
 // One manifest line per name; a raster is written only where its pixels have changed.
@@ -231,19 +266,23 @@ QStringList Traiter(const QDir &assets, const QStringList &noms, bool dessiner) 
                   .arg(image.width())
                   .arg(image.height())
                   .arg(Empreinte(source.octets), Empreinte(PixelsDe(image)));
+    if (EstFine(nom)) lignes.last() += TraiterFine(assets, source, dessiner);
   }
   return lignes;
 }
 
 void Verifier(const QDir &assets, const QStringList &noms) {
   QStringList images, manifeste = LireLignes(assets.filePath("manifeste.txt"));
-  for (const QString &nom : noms) images << CheminImage(nom);
+  for (const QString &nom : noms) {
+    images << CheminImage(nom);
+    if (EstFine(nom)) images << CheminFine(nom);
+  }
   for (const QString &ligne : Traiter(assets, noms, false))
     if (!manifeste.removeOne(ligne))
       Echouer(ligne.section(' ', 0, 0), "source or raster differs from the manifest");
   if (!manifeste.isEmpty())
     Echouer(manifeste.first().section(' ', 0, 0), "is in the manifest and has no source");
-  for (const QString dossier : {"", "Dessins Boutons/", "icones/"})
+  for (const QString dossier : {"", "Dessins Boutons/", "icones/", "fines/"})
     for (const QString &fichier : QDir(assets.filePath(dossier)).entryList({"*.png", "*.bmp"}, QDir::Files))
       if (!images.contains(dossier + fichier)) Echouer(dossier + fichier, "has no source");
 }

@@ -1,5 +1,6 @@
 #include "platform/qt/natifs/MagasinImages.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <QImageReader>
@@ -23,13 +24,17 @@ QImage Lire(const QString &chemin) {
 }
 
 // Half-transparent pixels are laid over the grey that controls have by default.
+QImage Opaque(const QImage &image) {
+  if (image.isNull() || image.format() == QImage::Format_RGB32) return image;
+  QImage opaque(image.size(), QImage::Format_RGB32);
+  opaque.setDevicePixelRatio(image.devicePixelRatio());
+  opaque.fill(QColor::fromRgb(Gris(192)));
+  QPainter(&opaque).drawImage(0, 0, image);
+  return opaque;
+}
+
 Surface EnSurface(QImage image) {
-  if (image.format() != QImage::Format_RGB32) {
-    QImage opaque(image.size(), QImage::Format_RGB32);
-    opaque.fill(QColor::fromRgb(Gris(192)));
-    QPainter(&opaque).drawImage(0, 0, image);
-    image = opaque;
-  }
+  image = Opaque(image);
   // The surface keeps the picture's own memory: four bytes a pixel, no row ends in padding.
   auto *gardee = new QImage(std::move(image));
   auto *pixels = reinterpret_cast<std::uint32_t *>(gardee->bits());
@@ -71,6 +76,41 @@ const Surface &MagasinImages::Picture(const std::string &nom) {
   const auto connue = surfaces_.find(nom);
   if (connue != surfaces_.end()) return connue->second;
   return surfaces_[nom] = EnSurface(Prendre(nom));
+}
+
+QImage MagasinImages::ChercherFine(const std::string &nom) const {
+  const QString images = QStringLiteral("/Images/"), fin = QString::fromStdString(nom);
+  for (const std::string &dossier : dossiers_)
+    for (const char *genre : {".bmp", ".png"}) {
+      QFile fichier(QString::fromStdString(dossier) + images + fin + QLatin1String(genre));
+      if (!fichier.open(QIODevice::ReadOnly)) continue;
+      const auto empreinte = QCryptographicHash::hash(fichier.readAll(), QCryptographicHash::Sha256).toHex();
+      for (const std::string &ici : dossiers_) {
+        QImage fine = Lire(QString::fromStdString(ici) + images + QStringLiteral("fines/") + fin +
+                           QStringLiteral(".png"));
+        if (fine.text(QStringLiteral("Original")).toLatin1() != empreinte) continue;
+        fine = fine.convertToFormat(fine.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                           : QImage::Format_RGB32);
+        fine.setDevicePixelRatio(2);
+        return fine;
+      }
+      return {};
+    }
+  return {};
+}
+
+QImage MagasinImages::Fine(const std::string &nom, double echelle) {
+  if (echelle <= 1) return {};
+  const auto [place, nouvelle] = fines_.try_emplace(nom);
+  if (nouvelle) place->second = ChercherFine(nom);
+  return place->second;
+}
+
+QImage MagasinImages::FinePour(const Surface &surface, double echelle) {
+  if (echelle <= 1) return {};
+  for (const auto &[nom, image] : surfaces_)
+    if (image.Pixels() == surface.Pixels()) return Opaque(Fine(nom, echelle));
+  return {};
 }
 
 std::string MagasinImages::Trouve(const std::string &chemin) const {

@@ -64,7 +64,9 @@ void NatifCadre::RefleterGenre() {
   const Fenetre &f = LaFenetre();
   titre_.Suivre(guichet_, f.Caption, [&](const std::string &t) { cadre_->setWindowTitle(Texte(t)); });
   fond_.Suivre(guichet_, f.BackColor, [&](Couleur c) { cadre_->Fond(c); });
-  version_.Suivre(guichet_, f.Dessin.Version(), [&](auto) { cadre_->Dessin(f.Dessin); });
+  version_.Suivre(guichet_, f.Dessin.Version(), [&](auto) {
+    cadre_->Dessin(f.Dessin, guichet_.Images.FinePour(f.Dessin, cadre_->devicePixelRatioF()));
+  });
   contour_.Suivre(guichet_, f.Contour, [&](const Region &contour) {
     if (contour.empty())
       cadre_->clearMask();

@@ -19,7 +19,9 @@ class NatifBoite : public Natif {
   void RefleterGenre() override {
     const auto &boite = Donnee<BoitePicture>();
     fond_.Suivre(guichet_, boite.BackColor, [&](Couleur c) { peint_->Fond(c); });
-    version_.Suivre(guichet_, boite.Dessin.Version(), [&](auto) { peint_->Dessin(boite.Dessin); });
+    version_.Suivre(guichet_, boite.Dessin.Version(), [&](auto) {
+      peint_->Dessin(boite.Dessin, guichet_.Images.FinePour(boite.Dessin, peint_->devicePixelRatioF()));
+    });
   }
 
  private:
@@ -92,6 +94,8 @@ class NatifImage : public Natif {
  private:
   QImage LaPicture(const std::string &nom) const {
     if (nom.empty()) return {};
+    if (const QImage fine = guichet_.Images.Fine(nom, peint_->devicePixelRatioF()); !fine.isNull())
+      return fine;
     return Donnee<Image>().Facultative ? guichet_.Images.SiTrouvee(nom) : guichet_.Images.Nommee(nom);
   }
   PeintImage *peint_;

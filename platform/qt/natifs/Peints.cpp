@@ -86,7 +86,7 @@ void PeintEtiquette::paintEvent(QPaintEvent *e) {
   PeindreAnneau(p, rect());
 }
 
-void PeintDessin::Dessin(const Surface &surface) {
+void PeintDessin::Dessin(const Surface &surface, const QImage &fine) {
   // The picture holds the very pixels of the surface, which draws on in a copy.
   using Partage = std::shared_ptr<const std::uint32_t[]>;
   image_ = QImage();
@@ -97,6 +97,7 @@ void PeintDessin::Dessin(const Surface &surface) {
         surface.Largeur() * 4, QImage::Format_RGB32, [](void *p) { delete static_cast<Partage *>(p); },
         pixels);
   }
+  fine_ = fine;
   textes_ = surface.Textes();
   sansCle_ = QImage();
   update();
@@ -106,8 +107,9 @@ void PeintDessin::Dessin(const Surface &surface) {
 bool PeintDessin::Peau() const { return size() == window()->size() && !window()->mask().isEmpty(); }
 
 const QImage &PeintDessin::ImagePour(double echelle) {
-  if (echelle == 1.0 || !Peau()) return image_;
-  if (sansCle_.isNull()) sansCle_ = SansCle(image_);
+  const QImage &image = fine_.isNull() ? image_ : fine_;
+  if (echelle == 1.0 || !Peau()) return image;
+  if (sansCle_.isNull()) sansCle_ = SansCle(image);
   return sansCle_;
 }
 

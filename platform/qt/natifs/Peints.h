@@ -69,7 +69,8 @@ class PeintEtiquette : public AvecAnneau<QLabel> {
 class PeintDessin : public Peint {
  public:
   using Peint::Peint;
-  void Dessin(const Surface &surface);
+  // `fine` is the same at twice its size where there is one, else null.
+  void Dessin(const Surface &surface, const QImage &fine);
   void Fond(Couleur couleur);
 
  protected:
@@ -78,7 +79,7 @@ class PeintDessin : public Peint {
  private:
   bool Peau() const;
   const QImage &ImagePour(double echelle);
-  QImage image_, sansCle_;
+  QImage image_, fine_, sansCle_;
   std::vector<TexteImprime> textes_;
   Couleur couleur_ = 0;
 };
