@@ -121,6 +121,20 @@ TEST_F(Bureau, ABusThatNeverAnswersHoldsUpNoPickAndNoEnd) {
   close(muet);
 }
 
+TEST_F(Demarrages, ASizeThatTheScreenDoesNotHoldStartsOverWithOneThatItHolds) {
+  std::ofstream(dossier + "/Data/Taille.txt") << "200\n";  // the screen here is 800 pixels high
+  const auto premier = Lancer();
+  ASSERT_TRUE(Repond());
+  std::ifstream f("/proc/" + std::to_string(premier->processId()) + "/environ", std::ios::binary);
+  const std::string environnement{std::istreambuf_iterator<char>(f), {}};
+  EXPECT_NE(environnement.find("BRANDIS_TAILLE=100"), std::string::npos);
+  EXPECT_EQ(environnement.find("QT_SCALE_FACTOR"), std::string::npos)
+      << "who is started by it would be scaled";
+  premier->kill();
+  premier->waitForFinished();
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Noms().filter("org.brandis").isEmpty(); }, kPatience));
+}
+
 TEST_F(Demarrages, ASecondStartCallsTheFirst) {
   const auto premier = Lancer();
   ASSERT_TRUE(Repond());
