@@ -72,6 +72,10 @@ struct BoitePicture : Controle {
   Surface Dessin;
   Couleur BackColor = Gris(192);
   std::string Tag;
+  // The picture of Dessins Boutons that lies on it, without its ending, and its place in pixels: what a
+  // mirror draws finer where the screen is. Empty for none.
+  std::string DessinPose;
+  int PoseX = 0, PoseY = 0;
 };
 
 // A picture alone.

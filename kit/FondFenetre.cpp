@@ -65,6 +65,7 @@ void PreparerSurface(BoitePicture &boite) {
   Entier l = Arrondir(boite.Width), h = Arrondir(boite.Height);
   ConvertirEnPixels(l, h);
   boite.Dessin.Refaire(l, h, boite.BackColor);
+  boite.DessinPose.clear();
 }
 
 void ChargerPicture(BoitePicture &boite, const std::string &nom) {
@@ -77,6 +78,9 @@ void PeindreDessin(BoitePicture &bouton, const std::string &nom, Entier x, Entie
   ConvertirEnPixels(x, y);
   const std::string chemin = session.CheminApplication + "Dessins Boutons/" + nom + ".BMP";
   bouton.Dessin.PaintPicture(plateforme().LoadPicture(chemin), x, y);
+  bouton.DessinPose = nom;
+  bouton.PoseX = x;
+  bouton.PoseY = y;
 }
 
 namespace {

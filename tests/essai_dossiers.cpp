@@ -206,6 +206,11 @@ TEST_F(EssaiDossiers, TheFinePictureIsShownForTheDeliveredOneAlone) {
     const Surface signe = images.Picture("SigneTissage");
     EXPECT_FALSE(images.FinePour(signe, 2).hasAlphaChannel()) << "a surface has none either";
   }
+  Ecrire(partage / "Dessins Boutons/IMG571.BMP",
+         Lire(fs::path(BRANDIS_PROGRAMME) / "Dessins Boutons/IMG571.BMP"));
+  fs::copy_file(livrees / "fines/IMG571.png", partage / "Images/fines/IMG571.png");
+  EXPECT_EQ(neuf().FineDessin("IMG571", 2).size(), QSize(40, 40));
+  EXPECT_TRUE(neuf().FineDessin("IMG571", 1).isNull() && neuf().FineDessin("", 2).isNull());
   Ecrire(maison / "Images/LogoNor.bmp", UnBitmap({51, 32}, 0xff102030));
   EXPECT_TRUE(neuf().Fine("LogoNor", 2).isNull()) << "the weaver's own picture";
   EXPECT_FALSE(neuf().Fine("Habillage", 2).isNull());

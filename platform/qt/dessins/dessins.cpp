@@ -98,10 +98,12 @@ bool EcrireDuHaut(const QString &chemin, const QImage &image) {
   return flux.status() == QDataStream::Ok && fichier.flush();
 }
 
-// Whether the program shows it as it is: the rest goes into faces and frames that are made pixel by pixel.
+// Whether the program shows it as it is, or lays it on a key: the rest goes into faces and frames that are
+// made pixel by pixel.
 bool EstFine(const QString &nom) {
   static const QRegularExpression entieres(
-      "^(Habillage|Picture3|PicTVCentre|UnInstant|Attente|LogoNor|BoutonAide|ImageMetier|Drapeau[12]|"
+      "^(IMG[0-9]{3}|Habillage|Picture3|PicTVCentre|UnInstant|Attente|LogoNor|BoutonAide|ImageMetier|Drapeau["
+      "12]|"
       "BITMAP101|"
       "BITMAP119|BITMAP27[89]|BITMAP28[01]|Image1APropos|ImageMessage.*|Fond(8|12|16|24|32|Compteur|Ligne)|"
       "Indicateur.*|GorgeCompteur|RubanCompteur|Signe.*|BulleInfo.*|BoutonAnnuler|BoutonFermerMessage|"

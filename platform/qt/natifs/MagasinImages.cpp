@@ -78,16 +78,14 @@ const Surface &MagasinImages::Picture(const std::string &nom) {
   return surfaces_[nom] = EnSurface(Prendre(nom));
 }
 
-QImage MagasinImages::ChercherFine(const std::string &nom) const {
-  const QString images = QStringLiteral("/Images/"), fin = QString::fromStdString(nom);
+QImage MagasinImages::ChercherFine(const std::string &nom, const std::vector<std::string> &places) const {
   for (const std::string &dossier : dossiers_)
-    for (const char *genre : {".bmp", ".png"}) {
-      QFile fichier(QString::fromStdString(dossier) + images + fin + QLatin1String(genre));
+    for (const std::string &place : places) {
+      QFile fichier(QString::fromStdString(dossier + place));
       if (!fichier.open(QIODevice::ReadOnly)) continue;
       const auto empreinte = QCryptographicHash::hash(fichier.readAll(), QCryptographicHash::Sha256).toHex();
       for (const std::string &ici : dossiers_) {
-        QImage fine = Lire(QString::fromStdString(ici) + images + QStringLiteral("fines/") + fin +
-                           QStringLiteral(".png"));
+        QImage fine = Lire(QString::fromStdString(ici + "/Images/fines/" + nom + ".png"));
         if (fine.text(QStringLiteral("Original")).toLatin1() != empreinte) continue;
         fine = fine.convertToFormat(fine.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
                                                            : QImage::Format_RGB32);
@@ -102,7 +100,14 @@ QImage MagasinImages::ChercherFine(const std::string &nom) const {
 QImage MagasinImages::Fine(const std::string &nom, double echelle) {
   if (echelle <= 1) return {};
   const auto [place, nouvelle] = fines_.try_emplace(nom);
-  if (nouvelle) place->second = ChercherFine(nom);
+  if (nouvelle) place->second = ChercherFine(nom, {"/Images/" + nom + ".bmp", "/Images/" + nom + ".png"});
+  return place->second;
+}
+
+QImage MagasinImages::FineDessin(const std::string &nom, double echelle) {
+  if (echelle <= 1 || nom.empty()) return {};
+  const auto [place, nouvelle] = fines_.try_emplace(nom);
+  if (nouvelle) place->second = ChercherFine(nom, {"/Dessins Boutons/" + nom + ".BMP"});
   return place->second;
 }
 

@@ -25,6 +25,8 @@ class MagasinImages {
   // picture is not the one that it was made beside: a weaver may replace pictures. Read when it is first
   // asked for, and never for a screen of one pixel to each of ours (`echelle` 1).
   QImage Fine(const std::string &nom, double echelle);
+  // The same of a picture of Dessins Boutons.
+  QImage FineDessin(const std::string &nom, double echelle);
   // The same for pixels that are still those of a picture, nothing drawn upon them.
   QImage FinePour(const Surface &surface, double echelle);
   // A picture file; one that is not in the first folder is looked for at the same place of the others. Fails
@@ -33,7 +35,8 @@ class MagasinImages {
 
  private:
   QImage Prendre(const std::string &nom);
-  QImage ChercherFine(const std::string &nom) const;
+  // Of the first of these files that is there, each named from the folder on.
+  QImage ChercherFine(const std::string &nom, const std::vector<std::string> &places) const;
   // The file itself, or where it lies.
   std::string Trouve(const std::string &chemin) const;
 

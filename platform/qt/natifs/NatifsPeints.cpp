@@ -20,7 +20,9 @@ class NatifBoite : public Natif {
     const auto &boite = Donnee<BoitePicture>();
     fond_.Suivre(guichet_, boite.BackColor, [&](Couleur c) { peint_->Fond(c); });
     version_.Suivre(guichet_, boite.Dessin.Version(), [&](auto) {
-      peint_->Dessin(boite.Dessin, guichet_.Images.FinePour(boite.Dessin, peint_->devicePixelRatioF()));
+      const double echelle = peint_->devicePixelRatioF();
+      peint_->Dessin(boite.Dessin, guichet_.Images.FinePour(boite.Dessin, echelle));
+      peint_->Pose(guichet_.Images.FineDessin(boite.DessinPose, echelle), {boite.PoseX, boite.PoseY});
     });
   }
 

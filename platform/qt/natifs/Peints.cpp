@@ -103,6 +103,12 @@ void PeintDessin::Dessin(const Surface &surface, const QImage &fine) {
   update();
 }
 
+void PeintDessin::Pose(const QImage &image, QPoint place) {
+  pose_ = image;
+  place_ = place;
+  update();
+}
+
 // The skin of a shaped window, which fills it, is the one picture that is cut by the outline.
 bool PeintDessin::Peau() const { return size() == window()->size() && !window()->mask().isEmpty(); }
 
@@ -124,6 +130,7 @@ void PeintDessin::Peindre(QPainter &p, const QRect &) {
   const bool couvert = image_.width() >= width() && image_.height() >= height();
   if (!couvert) p.fillRect(rect(), Teinte(couleur_));
   if (!image_.isNull()) Poser(p, ImagePour(devicePixelRatioF()));
+  if (!pose_.isNull()) p.drawImage(place_, pose_);
   for (const TexteImprime &e : textes_) {
     p.setFont(Fonte(e.police));
     p.setPen(Teinte(e.couleur));

@@ -71,6 +71,8 @@ class PeintDessin : public Peint {
   using Peint::Peint;
   // `fine` is the same at twice its size where there is one, else null.
   void Dessin(const Surface &surface, const QImage &fine);
+  // What lies on it and is finer than the surface; null for none.
+  void Pose(const QImage &image, QPoint place);
   void Fond(Couleur couleur);
 
  protected:
@@ -79,7 +81,8 @@ class PeintDessin : public Peint {
  private:
   bool Peau() const;
   const QImage &ImagePour(double echelle);
-  QImage image_, fine_, sansCle_;
+  QImage image_, fine_, sansCle_, pose_;
+  QPoint place_;
   std::vector<TexteImprime> textes_;
   Couleur couleur_ = 0;
 };
