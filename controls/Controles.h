@@ -3,6 +3,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,8 +41,9 @@ struct Controle {
   int MousePointer = kPointeurDefaut;
   std::string MouseIcon;    // picture of the custom pointer
   bool ClicUnique = false;  // a double click presses it once
-  // Told to assistive tools, in the language in force: what it is, and the state it is in.
+  // Told to assistive tools, in the language in force: what it is called, and what there is to say of it.
   std::string NomAccessible, DescriptionAccessible;
+  std::optional<bool> EnMarche;  // the same: it is a switch, and whether it is on
   // Its name is news: it can be reached by Tab, and each new name is read out by a screen reader.
   bool Annonce = false;
 
@@ -183,6 +185,7 @@ struct Fenetre : Controle {
   double DecalageX = 0, DecalageY = 0;
   bool Chargee = false;
   bool SansSouris = false;  // the pointer passes through to what lies behind
+  bool Message = false;     // its words are read out when it shows
   std::function<void()> Resize;
 };
 

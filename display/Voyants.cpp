@@ -43,8 +43,7 @@ void ChangerVoyant(Entier index, bool etat) {
   const Entier hauteur = Arrondir(bouton.Height);
   if (hauteur != kHauteurBouton && hauteur != kHauteurSurvol) return;
   fenetre.Voyants[index] = etat;
-  bouton.DescriptionAccessible =
-      etat ? Selon("Voyant allumé", "Lamp on") : Selon("Voyant éteint", "Lamp off");
+  bouton.EnMarche = etat;
   // The lamp of a hovered button stays where it was.
   const int gonflement = hauteur == kHauteurSurvol && session.SurvolActif ? kGonflement / kTwipsParPixel : 0;
   PeindreVoyant(bouton.Dessin, bouton.Dessin.Largeur() - gonflement, bouton.Dessin.Hauteur() - gonflement,

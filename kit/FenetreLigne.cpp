@@ -28,6 +28,7 @@ void EcrireTextes(FenetreLigne &f) {
 }  // namespace
 
 FenetreLigne::FenetreLigne() {
+  Message = true;
   Width = kLargeur;
   Height = kHauteur;
   Fenetre::Caption = "Brandis";

@@ -43,6 +43,7 @@ void Picture2_MouseUp(int, double, double) {
 }  // namespace
 
 FenetreMessage::FenetreMessage() {
+  Message = true;
   Width = 10140;
   Height = 6120;
   Fenetre::Caption = "Brandis";

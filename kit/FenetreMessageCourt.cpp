@@ -28,6 +28,7 @@ void Fermer() { FermerMessageCourt(); }
 }  // namespace
 
 FenetreMessageCourt::FenetreMessageCourt() {
+  Message = true;
   Width = 8835;
   Height = 3720;
   Fenetre::Caption = "Note";

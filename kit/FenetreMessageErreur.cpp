@@ -28,6 +28,7 @@ void LierPression(BoitePicture &bouton) {
 }  // namespace
 
 FenetreMessageErreur::FenetreMessageErreur() {
+  Message = true;
   Width = 8865;
   Height = 3720;
   Fenetre::Caption = "Brandis";

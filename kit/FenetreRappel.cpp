@@ -72,6 +72,7 @@ std::string Retour(const DerniereSeance &s) {
 }  // namespace
 
 FenetreRappel::FenetreRappel() {
+  Message = true;
   Width = 8835;
   Height = 4320;
   Fenetre::Caption = "Brandis";

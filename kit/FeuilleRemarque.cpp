@@ -29,6 +29,7 @@ void MontrerLignes(FeuilleRemarque &f) {
 }  // namespace
 
 FeuilleRemarque::FeuilleRemarque() {
+  Message = true;
   Width = 8115;
   Height = 2475;
   Placer(Picture2, 0, 0, 8130, 2475);

@@ -121,11 +121,20 @@ void PreparerTrame() {
   ChargerPicture(fenetre.PicPourTissage, "Fond24");
 }
 
-// What assistive tools say of each command is what the status line says.
+// For assistive tools a command is called what is written on it, and what the status line says of it describes
+// it; where nothing is written, that is its name.
+void NommerCommande(int i) {
+  Controle &c = fenetre.BoutonProgramme[i];
+  const std::string suite = Fiche(i).legende2.EnVigueur();
+  c.NomAccessible = Fiche(i).legende.EnVigueur() + (suite.empty() ? suite : " " + suite);
+  c.DescriptionAccessible = TexteDe(i).statut;
+  if (c.NomAccessible.empty()) c.NomAccessible.swap(c.DescriptionAccessible);
+}
+
 void NommerCommandes() {
   auto nommer = [](Controle &c, int source) { c.NomAccessible = TexteDe(source).statut; };
-  for (int i = 0; i < Commande::Nombre; ++i) nommer(fenetre.BoutonProgramme[i], i);
-  nommer(fenetre.BoutonAide, SourceBulle::BoutonAide);
+  for (int i = 0; i < Commande::Nombre; ++i) NommerCommande(i);
+  fenetre.BoutonAide.NomAccessible = Selon("À propos de Brandis", "About Brandis");
   nommer(fenetre.Drapeau[1], SourceBulle::DrapeauFrancais);
   nommer(fenetre.Drapeau[2], SourceBulle::DrapeauAnglais);
   nommer(fenetre.BarreDeplacement, SourceBulle::BarreDeplacement);

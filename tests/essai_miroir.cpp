@@ -388,7 +388,7 @@ TEST_F(EssaiMiroir, AssistiveToolsAreToldWhatIsThereAndPressIt) {
   int clics = 0;
   f.Bouton.Click = [&] { ++clics; };
   f.Bouton.NomAccessible = "D\u00e9part";
-  f.Bouton.DescriptionAccessible = "Lamp on";
+  f.Bouton.EnMarche = true;
   f.Libelle.Caption = "0027";
   f.Choix.NomAccessible = "Loom Port:";
   f.Choix.Liste = {"COM 1", "COM 2"};
@@ -398,9 +398,10 @@ TEST_F(EssaiMiroir, AssistiveToolsAreToldWhatIsThereAndPressIt) {
   QAccessibleInterface *bouton = acces(f.Bouton);
   EXPECT_EQ(bouton->role(), QAccessible::Button);
   EXPECT_EQ(bouton->text(QAccessible::Name), u"D\u00e9part"_qs);
-  EXPECT_EQ(bouton->text(QAccessible::Description), u"Lamp on"_qs);
-  EXPECT_TRUE(bouton->state().focusable);
-  ASSERT_EQ(bouton->actionInterface()->actionNames(), QStringList{QAccessibleActionInterface::pressAction()});
+  EXPECT_TRUE(bouton->state().focusable && bouton->state().checkable && bouton->state().checked);
+  using Action = QAccessibleActionInterface;
+  ASSERT_EQ(bouton->actionInterface()->actionNames(),
+            QStringList({Action::pressAction(), Action::setFocusAction()}));
   bouton->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
   EXPECT_EQ(clics, 0) << "the tool's call returns first";
   QCoreApplication::processEvents();
@@ -408,11 +409,54 @@ TEST_F(EssaiMiroir, AssistiveToolsAreToldWhatIsThereAndPressIt) {
   EXPECT_TRUE(acces(f.Autre)->actionInterface()->actionNames().isEmpty()) << "nobody handles its click";
   EXPECT_EQ(acces(f.Libelle)->role(), QAccessible::StaticText);
   EXPECT_EQ(acces(f.Libelle)->text(QAccessible::Name), u"0027"_qs);
-  EXPECT_EQ(acces(f.Choix)->text(QAccessible::Name), u"Loom Port:"_qs);
-  EXPECT_EQ(acces(f.Choix)->text(QAccessible::Value), u"COM 2"_qs);
-  f.Bouton.DescriptionAccessible = "Lamp off";
+  EXPECT_FALSE(acces(f.Libelle)->state().selected);
+  f.Libelle.Plaque = true;
+  f.Bouton.EnMarche = false;
   miroir().Refleter();
-  EXPECT_EQ(bouton->text(QAccessible::Description), u"Lamp off"_qs);
+  EXPECT_TRUE(acces(f.Libelle)->state().selected) << "the row that counts";
+  EXPECT_TRUE(bouton->state().checkable && !bouton->state().checked);
+}
+
+TEST_F(EssaiMiroir, AListIsChosenInByItsItemsActions) {
+  int clics = 0;
+  f.Choix.NomAccessible = "Loom Port:";
+  f.Choix.Liste = {"COM 1", "COM 2"};
+  f.Choix.Text = "COM 2";
+  f.Choix.Click = [&] { ++clics; };
+  miroir().Refleter();
+  QAccessibleInterface *liste = QAccessible::queryAccessibleInterface(Natif(f.Choix));
+  EXPECT_EQ(liste->text(QAccessible::Name), u"Loom Port:"_qs);
+  EXPECT_EQ(liste->text(QAccessible::Value), u"COM 2"_qs);
+  ASSERT_EQ(liste->childCount(), 2);
+  EXPECT_EQ(liste->child(0)->text(QAccessible::Name), u"COM 1"_qs);
+  EXPECT_TRUE(liste->child(1)->state().selected && !liste->child(0)->state().selected);
+  EXPECT_EQ(liste->indexOfChild(liste->child(1)), 1);
+  liste->child(0)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+  EXPECT_EQ(clics, 0) << "the tool's call returns first";
+  QCoreApplication::processEvents();
+  EXPECT_EQ(clics, 1);
+  EXPECT_EQ(f.Choix.Text, "COM 1");
+  EXPECT_EQ(liste->text(QAccessible::Value), u"COM 1"_qs);
+  f.Choix.Liste.pop_back();
+  QAccessibleInterface *dernier = liste->child(1);
+  miroir().Refleter();
+  EXPECT_FALSE(dernier->isValid()) << "an item that went";
+  EXPECT_EQ(liste->childCount(), 1);
+}
+
+TEST_F(EssaiMiroir, AMessageIsOneText) {
+  QAccessibleInterface *cadre = QAccessible::queryAccessibleInterface(Natif(f.Libelle)->window());
+  EXPECT_EQ(cadre->role(), QAccessible::Window);
+  FenetreEssai message;
+  message.Message = true;
+  message.Libelle.Caption = "The save failed.";
+  machine->Montrer(Charger(message));
+  miroir().Refleter();
+  QAccessibleInterface *alerte = QAccessible::queryAccessibleInterface(Natif(message.Libelle)->window());
+  EXPECT_EQ(alerte->text(QAccessible::Name), u"The save failed."_qs);
+  EXPECT_TRUE(QAccessible::queryAccessibleInterface(Natif(message.Libelle))->state().invisible)
+      << "said once";
+  Decharger(message);
 }
 
 TEST_F(EssaiMiroir, WhatIsNewsIsReachedByTabAndWrittenBeforeTheMirror) {

@@ -122,6 +122,7 @@ class Releveur : public Visiteur {
  private:
   static void Commun(Element &element, const Controle &c) {
     if (!c.NomAccessible.empty()) element.traits.push_back("called " + Citer(c.NomAccessible));
+    if (c.EnMarche) element.traits.push_back(*c.EnMarche ? "on" : "off");
     if (!c.DescriptionAccessible.empty())
       element.traits.push_back("described " + Citer(c.DescriptionAccessible));
     if (c.MousePointer != kPointeurDefaut)

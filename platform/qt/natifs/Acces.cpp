@@ -1,17 +1,26 @@
 #include "platform/qt/natifs/Acces.h"
 
-#include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QComboBox>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
+#include <QLabel>
+#include <map>
 
+#include "platform/qt/natifs/AccesListe.h"
 #include "platform/qt/natifs/Natif.h"
 #include "platform/qt/natifs/TexteNatif.h"
 
 namespace {
+QString Mots(const Natif &natif) {
+  const Controle &c = natif.Donnee();
+  if (c.NomAccessible.empty() && c.genre() == Genre::Etiquette)
+    return Texte(static_cast<const Etiquette &>(c).Caption).trimmed();
+  return Texte(c.NomAccessible);
+}
+
 // Asked for by the tool when it wants to know, so that a start without one does nothing for it.
 class AccesPeint : public QAccessibleWidget {
  public:
@@ -33,77 +42,107 @@ class AccesPeint : public QAccessibleWidget {
   QString text(QAccessible::Text sorte) const override {
     const Controle &c = natif_.Donnee();
     if (sorte == QAccessible::Description) return Texte(c.DescriptionAccessible);
-    if (sorte != QAccessible::Name) return QAccessibleWidget::text(sorte);
-    if (c.NomAccessible.empty() && c.genre() == Genre::Etiquette)
-      return Texte(static_cast<const Etiquette &>(c).Caption);
-    return Texte(c.NomAccessible);
+    return sorte == QAccessible::Name ? Mots(natif_) : QAccessibleWidget::text(sorte);
   }
 
   // What is read out as one text is one.
   int childCount() const override { return natif_.Donnee().Annonce ? 0 : QAccessibleWidget::childCount(); }
 
+  QAccessible::State state() const override {
+    QAccessible::State etat = QAccessibleWidget::state();
+    const std::optional<bool> &enMarche = natif_.Donnee().EnMarche;
+    etat.checkable = enMarche.has_value();
+    etat.checked = enMarche.value_or(false);
+    if (natif_.Donnee().genre() == Genre::Etiquette) {
+      // The label on a plate is the one of its row or panel that counts.
+      etat.selectable = etat.selected = static_cast<const Etiquette &>(natif_.Donnee()).Plaque;
+      if (Mots(natif_).isEmpty() || DansMessage()) etat.invisible = true;
+    }
+    return etat;
+  }
+
   QStringList actionNames() const override {
-    return natif_.Bouton() ? QStringList{pressAction()} : QStringList();
+    QStringList noms;
+    if (natif_.Bouton()) noms << pressAction();
+    if (natif_.Atteignable()) noms << setFocusAction();
+    return noms;
   }
 
   // Behind the tool's own call: a command may raise a window that waits.
   void doAction(const QString &action) override {
+    if (action == setFocusAction() && natif_.Atteignable()) widget()->setFocus();
     if (action != pressAction() || !natif_.Bouton()) return;
     QMetaObject::invokeMethod(
         widget(), [natif = &natif_] { natif->Presser(); }, Qt::QueuedConnection);
   }
 
  private:
+  // Read out with all others of its window.
+  bool DansMessage() const {
+    const Natif *cadre = Natif::De(*widget()->window());
+    return cadre && static_cast<const Fenetre &>(cadre->Donnee()).Message;
+  }
+
   Natif &natif_;
 };
 
-// The toolkit's own names a list by what is chosen in it, and leaves its label to a relation that few tools
-// read.
-class AccesListe : public QAccessibleWidget {
+// The lines of a window from top to bottom, as one text.
+QString Lignes(const QWidget &cadre) {
+  std::multimap<int, QString> lignes;
+  for (const auto *label : cadre.findChildren<QLabel *>()) {
+    const Natif *natif = label->isVisibleTo(&cadre) ? Natif::De(*label) : nullptr;
+    if (natif && !Mots(*natif).isEmpty()) lignes.emplace(label->mapTo(&cadre, QPoint()).y(), Mots(*natif));
+  }
+  QStringList textes;
+  for (const auto &[y, texte] : lignes) textes << texte;
+  return textes.join(u' ');
+}
+
+// A window by what it is to the weaver.
+class AccesCadre : public QAccessibleWidget {
  public:
-  AccesListe(QComboBox *combo, Natif &natif)
-      : QAccessibleWidget(combo, QAccessible::ComboBox), combo_(combo), natif_(natif) {}
+  AccesCadre(QWidget *cadre, Natif &natif) : QAccessibleWidget(cadre), natif_(natif) {}
+
+  QAccessible::Role role() const override {
+    if (!widget()->parentWidget()) return QAccessible::Window;
+    if (LaFenetre().Message) return QAccessible::AlertMessage;
+    return LaFenetre().SansSouris ? QAccessible::ToolTip : QAccessible::Dialog;
+  }
 
   QString text(QAccessible::Text sorte) const override {
-    if (sorte == QAccessible::Name) return Texte(natif_.Donnee().NomAccessible);
-    if (sorte != QAccessible::Value) return QAccessibleWidget::text(sorte);
-    const bool choisi = combo_->isEditable() || combo_->currentIndex() >= 0;
-    return choisi ? combo_->currentText() : combo_->placeholderText();
-  }
-
-  QAccessible::State state() const override {
-    QAccessible::State etat = QAccessibleWidget::state();
-    etat.expandable = etat.hasPopup = true;
-    etat.expanded = combo_->view()->isVisible();
-    etat.editable = combo_->isEditable();
-    return etat;
-  }
-
-  QStringList actionNames() const override { return {showMenuAction(), pressAction()}; }
-
-  void doAction(const QString &action) override {
-    if (action != showMenuAction() && action != pressAction()) return;
-    QMetaObject::invokeMethod(
-        combo_, [combo = combo_] { combo->view()->isVisible() ? combo->hidePopup() : combo->showPopup(); },
-        Qt::QueuedConnection);
+    if (sorte != QAccessible::Name) return QAccessibleWidget::text(sorte);
+    return LaFenetre().Message ? Lignes(*widget()) : Texte(LaFenetre().Caption);
   }
 
  private:
-  QComboBox *combo_;
+  const Fenetre &LaFenetre() const { return static_cast<const Fenetre &>(natif_.Donnee()); }
   Natif &natif_;
 };
 
 QAccessibleInterface *Fabriquer(const QString &, QObject *objet) {
   auto *widget = qobject_cast<QWidget *>(objet);
-  Natif *natif = widget && !widget->isWindow() ? Natif::De(*widget) : nullptr;
+  Natif *natif = widget ? Natif::De(*widget) : nullptr;
   if (!natif) return nullptr;
+  if (widget->isWindow()) return new AccesCadre(widget, *natif);
   if (auto *combo = qobject_cast<QComboBox *>(widget)) return new AccesListe(combo, *natif);
   return natif->Saisie() ? nullptr : new AccesPeint(widget, *natif);
 }
 }  // namespace
 
-void AnnoncerTexte(QWidget *widget, const QString &texte) {
+QString MotsDuMessage(const QWidget &cadre) {
+  return cadre.isVisible() && QAccessible::isActive() ? Lignes(cadre) : QString();
+}
+
+void AnnoncerMarche(QWidget *widget) {
   if (!QAccessible::isActive()) return;
+  QAccessible::State change;
+  change.checked = true;
+  QAccessibleStateChangeEvent evenement(widget, change);
+  QAccessible::updateAccessibility(&evenement);
+}
+
+void AnnoncerTexte(QWidget *widget, const QString &texte) {
+  if (texte.isEmpty() || !QAccessible::isActive()) return;
 #if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
   QAccessibleAnnouncementEvent annonce(widget, texte);
   QAccessible::updateAccessibility(&annonce);

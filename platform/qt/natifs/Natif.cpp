@@ -89,6 +89,7 @@ void Natif::RefleterAcces() {
     QAccessibleEvent evenement(widget_, genre);
     QAccessible::updateAccessibility(&evenement);
   };
+  enMarche_.Suivre(guichet_, donnee_->EnMarche, [&](const auto &) { AnnoncerMarche(widget_); });
   nomAccessible_.Suivre(guichet_, donnee_->NomAccessible, [&](const std::string &nom) {
     if (Saisie())
       widget_->setAccessibleName(Texte(nom));

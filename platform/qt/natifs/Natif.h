@@ -68,6 +68,7 @@ class Natif {
   Controle *donnee_;
   Montre<std::tuple<int, std::string>> pointeur_;
   Montre<std::string> nomAccessible_, descriptionAccessible_;
+  Montre<std::optional<bool>> enMarche_;
   Montre<bool> bouton_;
 };
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "platform/qt/natifs/Acces.h"
 #include "platform/qt/natifs/EcranSansPlace.h"
 #include "platform/qt/natifs/TexteNatif.h"
 
@@ -95,6 +96,8 @@ void NatifCadre::RefleterPlace() {
     else
       cadre_->hide();
   });
+  if (f.Message)
+    mots_.Suivre(guichet_, MotsDuMessage(*cadre_), [&](const QString &m) { AnnoncerTexte(cadre_, m); });
 }
 
 QRect NatifCadre::PlaceNative() const { return PlaceEcran(LaFenetre()).translated(0, guichet_.Defilement); }

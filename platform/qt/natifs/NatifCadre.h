@@ -40,6 +40,7 @@ class NatifCadre : public Natif {
   Montre<std::uint64_t> version_;
   Montre<std::string> titre_;
   Montre<Region> contour_;
+  Montre<QString> mots_;  // of a message, for those who listen
   Montre<int> etat_;
   bool etatConnu_ = false;
 };

@@ -128,6 +128,8 @@ class NatifEtiquette : public Natif {
     label_->setTextFormat(Qt::PlainText);
     label_->setMargin(0);
     label_->setIndent(0);
+    // The toolkit tells of each new text of a label without a name: twenty rows a pick would drown the news.
+    label_->setAccessibleName(QStringLiteral("-"));
   }
 
  protected:
