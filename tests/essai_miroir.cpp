@@ -448,9 +448,10 @@ TEST_F(EssaiMiroir, AMessageIsOneText) {
   QAccessibleInterface *cadre = QAccessible::queryAccessibleInterface(Natif(f.Libelle)->window());
   EXPECT_EQ(cadre->role(), QAccessible::Window);
   FenetreEssai message;
+  Charger(message);  // makes the record anew
   message.Message = true;
   message.Libelle.Caption = "The save failed.";
-  machine->Montrer(Charger(message));
+  machine->Montrer(message);
   miroir().Refleter();
   QAccessibleInterface *alerte = QAccessible::queryAccessibleInterface(Natif(message.Libelle)->window());
   EXPECT_EQ(alerte->text(QAccessible::Name), u"The save failed."_qs);
