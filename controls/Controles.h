@@ -44,6 +44,7 @@ struct Controle {
   // Told to assistive tools, in the language in force: what it is called, and what there is to say of it.
   std::string NomAccessible, DescriptionAccessible;
   std::optional<bool> EnMarche;  // the same: it is a switch, and whether it is on
+  bool Volet = false;  // a panel: while it shows, the keyboard walks in panels alone
   // Its name is news: it can be reached by Tab, and each new name is read out by a screen reader.
   bool Annonce = false;
 

@@ -108,6 +108,7 @@ void PlacerBoutons() {
 
 void PlacerLogo() {
   fenetre.PicNor.Visible = fenetre.Text1.Visible = false;
+  fenetre.PicNor.Volet = fenetre.Text1.Volet = fenetre.FenetreConfiguration.Volet = true;
   fenetre.LogoNor.Top = fenetre.Picture2.Height - fenetre.LogoNor.Height - 500;
   fenetre.LogoNor.Left = fenetre.Picture2.Width - fenetre.LogoNor.Width - 650;
 }

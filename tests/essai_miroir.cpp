@@ -474,6 +474,31 @@ TEST_F(EssaiMiroir, WhatIsNewsIsReachedByTabAndWrittenBeforeTheMirror) {
   EXPECT_FALSE(dessin->state().focusable);
 }
 
+TEST_F(EssaiMiroir, TheKeyboardGoesIntoAPanelAndBackToItsButton) {
+  f.Choix.Visible = f.Nombre.Visible = false;
+  f.Choix.Volet = f.Nombre.Volet = true;
+  auto montrer = [&](bool volet) {
+    f.Choix.Visible = f.Nombre.Visible = volet;
+    f.Bouton.Visible = !volet;
+  };
+  f.Bouton.Click = [&] { montrer(true); };
+  miroir().Refleter();
+  auto tenu = [&] { return Natif(f)->focusWidget(); };
+  Natif(f.Bouton)->setFocus();
+  QTest::keyClick(tenu(), Qt::Key_Space);
+  EXPECT_EQ(tenu(), Natif(f.Choix));
+  for (const Controle *attendu : {static_cast<Controle *>(&f.Nombre), static_cast<Controle *>(&f.Choix)}) {
+    QTest::keyClick(tenu(), Qt::Key_Tab);
+    EXPECT_EQ(tenu(), Natif(*attendu)) << "Tab stays in the panel";
+  }
+  montrer(false);
+  miroir().Refleter();
+  EXPECT_EQ(tenu(), Natif(f.Bouton));
+  machine->DonnerFocus(f.Zone);
+  QTest::mouseClick(Natif(f.Bouton), Qt::LeftButton);
+  EXPECT_EQ(tenu(), Natif(f.Zone)) << "the mouse moves no keyboard";
+}
+
 TEST_F(EssaiMiroir, AModalWindowHoldsItsProcedureButNotTheTimers) {
   FenetreEssai message, partie;
   int tics = 0;

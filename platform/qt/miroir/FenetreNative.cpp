@@ -43,6 +43,7 @@ void FenetreNative::Refleter() {
   donnee_.Visiter(*this);
   CacherAbsents();
   cadre_->Refleter();  // last, so that the window appears complete
+  veilleur_->SuivreVolet();
 }
 
 void FenetreNative::Retirer() {

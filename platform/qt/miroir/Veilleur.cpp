@@ -116,7 +116,9 @@ void Veilleur::Relacher(Natif &natif, const QMouseEvent &e) {
         [&, relache] { relache(static_cast<int>(e.button()), Twips(place.x()), Twips(place.y())); });
   // Asked for only now: the record may have been made anew.
   const auto procedure = natif.Donnee().Click;
-  if (clic && procedure) guichet_.Passer(procedure);
+  if (!clic || !procedure) return;
+  guichet_.AuClavier = nullptr;
+  guichet_.Passer(procedure);
 }
 
 bool Veilleur::Cadre(QEvent &e) {
@@ -147,7 +149,7 @@ QPoint Veilleur::Centre(const Natif &natif) const {
 std::vector<Natif *> Veilleur::OrdreLecture() const {
   std::vector<std::pair<QPoint, Natif *>> places;
   for (Natif *n : ordre_)
-    if (n != &fenetre_ && n->Atteignable()) places.emplace_back(Centre(*n), n);
+    if (n != &fenetre_ && n->Atteignable() && (!voletOuvert_ || DansVolet(*n))) places.emplace_back(Centre(*n), n);
   std::stable_sort(places.begin(), places.end(),
                    [](const auto &a, const auto &b) { return a.first.y() < b.first.y(); });
   for (auto debut = places.begin(); debut != places.end();) {

@@ -20,6 +20,8 @@ class Veilleur : public QObject {
 
   void Surveiller(Natif &natif);
   bool eventFilter(QObject *source, QEvent *e) override;
+  // After a mirroring: the keyboard goes into a panel that its press opened, and back when it has gone.
+  void SuivreVolet();
 
  private:
   // Mouse. True: the toolkit does not see the event.
@@ -43,6 +45,7 @@ class Veilleur : public QObject {
   void Parcourir(int pas);
   std::vector<Natif *> OrdreLecture() const;
   QPoint Centre(const Natif &natif) const;
+  bool DansVolet(const Natif &natif) const;
 
   NatifCadre &fenetre_;
   const bool principale_;
@@ -53,5 +56,7 @@ class Veilleur : public QObject {
   bool muette_ = false;       // the press that stands pressed nothing, and so its release is none
   QRect lieuPresse_;          // of the control on the screen, before its press moved it
   Natif *dernier_ = nullptr;  // the last that Tab reached, also after it was hidden
+  bool voletOuvert_ = false;
+  QPointer<QWidget> retour_;  // the button that opened the panel
   bool rejoue_ = false;       // an event that the filter sends on itself
 };

@@ -80,8 +80,7 @@ bool Veilleur::Enfoncer(Natif &natif, QWidget &source, QKeyEvent &e) {
 bool Veilleur::Commander(Natif &natif, int code, int maj) {
   if (Avertir(natif.Donnee(), code, maj)) return true;
   if ((code == Touche::Espace || code == Touche::Entree) && natif.Bouton()) {
-    const auto clic = natif.Donnee().Click;
-    guichet_.Passer(clic);
+    natif.Presser();
   } else {
     Avertir(fenetre_.Donnee(), code, maj);
   }

@@ -1,6 +1,8 @@
 // The one gate between the toolkit and the system, and the account of what the mirror writes.
 #pragma once
 
+#include <QPointer>
+#include <QWidget>
 #include <functional>
 #include <optional>
 #include <string>
@@ -33,6 +35,7 @@ class Guichet {
   bool Repondre();
   std::function<bool()> MessageRepond;
   const Natif *Presse = nullptr;  // the control of the last press, in whatever window; only compared
+  QPointer<QWidget> AuClavier;     // the button that was pressed last, null where the mouse did it
   const TouchesTenues Touches;
   int Defilement =
       0;  // pixels down that all windows stand from their places, on a screen too low for the main one

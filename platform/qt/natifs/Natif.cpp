@@ -106,6 +106,7 @@ Natif *Natif::De(const QWidget &widget) {
 }
 
 void Natif::Presser() {
+  guichet_.AuClavier = widget_;
   const auto clic = donnee_->Click;
   if (clic) guichet_.Passer(clic);
 }

@@ -38,7 +38,7 @@ class Natif {
   // Can be reached by Tab.
   bool Atteignable() const { return widget_->isVisible() && (Saisie() || Bouton() || donnee_->Annonce); }
   bool Bouton() const;
-  // What a press of the weaver does.
+  // What a press does that no mouse did.
   void Presser();
   // Widgets whose events belong to this control.
   virtual std::vector<QWidget *> Sources() const { return {widget_}; }
