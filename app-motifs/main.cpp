@@ -23,8 +23,10 @@ int Lancer(const std::vector<std::string> &mots, Langue langue) {
     return OuvrirFenetre(dossier, langue, demande.fichiers);
   }
   const int etat = Executer(demande, langue, dossier, std::cout, std::cerr);
-  std::cout.flush();
-  return std::cout ? etat : 2;
+  if (!std::cout.flush())
+    throw MauvaiseDemande{{"la sortie n'a pas pu être écrite ; le disque est-il plein ?",
+                           "the output could not be written; is the disk full?"}};
+  return etat;
 }
 }  // namespace
 
